@@ -1,0 +1,225 @@
+#include "machine/posix_files.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+
+#include "model/text.h"
+
+namespace evac {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Ends the name of a file that is being written; a crash may leave one, and it is never listed.
+constexpr std::string_view kNeighbour = ".new~";
+
+int error_of(int number) {
+  switch (number) {
+    case 0:
+      return kNoError;
+    case ENOENT:
+      return kFileNotFound;
+    case ENOTDIR:
+      return kPathNotFound;
+    case EEXIST:
+      return kFileExists;
+    case ENOSPC:
+    case EDQUOT:
+      return kDiskFull;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return kPermissionDenied;
+    case EISDIR:
+    case ENOTEMPTY:
+      return kPathFileAccess;
+    default:
+      return kDeviceError;
+  }
+}
+
+class Descriptor {
+ public:
+  Descriptor(const fs::path& path, int flags) : fd_(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int get() const { return fd_; }
+
+ private:
+  const int fd_;
+};
+
+int write_all(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return error_of(errno);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return kNoError;
+}
+
+int write_and_sync(const fs::path& file, int flags, std::string_view bytes) {
+  Descriptor descriptor(file, O_WRONLY | O_CREAT | flags);
+  if (descriptor.get() < 0) return error_of(errno);
+  if (const int error = write_all(descriptor.get(), bytes)) return error;
+  return ::fsync(descriptor.get()) == 0 ? kNoError : error_of(errno);
+}
+
+}  // namespace
+
+fs::path PosixFiles::locate(std::string_view path) const {
+  if (path.size() < 2 || path[1] != ':') return {};
+  const char letter = static_cast<char>(std::toupper(static_cast<unsigned char>(path[0])));
+  const auto drive = drives_.find(letter);
+  if (drive == drives_.end() || not_ready_.contains(letter)) return {};
+  fs::path place = drive->second;
+  path.remove_prefix(2);
+  while (!path.empty()) {
+    const auto end = path.find('\\');
+    const std::string part(path.substr(0, end));
+    path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
+    if (part.empty() || part == ".") continue;
+    std::error_code error;
+    fs::path next = place / part;
+    if (!fs::exists(next, error)) {
+      const std::string low = lower_case(part);
+      for (fs::directory_iterator at(place, error), last; !error && at != last; at.increment(error))
+        if (lower_case(at->path().filename().string()) == low) {
+          next = at->path();
+          break;
+        }
+    }
+    place = next;
+  }
+  return place;
+}
+
+int PosixFiles::read(std::string_view path, std::string& bytes) {
+  bytes.clear();
+  const fs::path file = locate(path);
+  if (file.empty()) return kDriveNotReady;
+  Descriptor descriptor(file, O_RDONLY);
+  if (descriptor.get() < 0) return error_of(errno);
+  char block[65536];
+  while (true) {
+    const ssize_t got = ::read(descriptor.get(), block, sizeof block);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return error_of(errno);
+    if (got == 0) return kNoError;
+    bytes.append(block, static_cast<std::size_t>(got));
+  }
+}
+
+int PosixFiles::replace(std::string_view path, std::string_view bytes) {
+  const fs::path file = locate(path);
+  if (file.empty()) return kDriveNotReady;
+  std::error_code ignored;
+  if (!fs::is_directory(file.parent_path(), ignored)) return kPathNotFound;
+  if (fs::is_directory(file, ignored)) return kPathFileAccess;
+  const fs::path neighbour = file.string() + std::string(kNeighbour);
+  int error = write_whole(neighbour, bytes);
+  if (error == kNoError) error = rename_over(neighbour, file);
+  if (error == kNoError) return sync_folder(file.parent_path());
+  fs::remove(neighbour, ignored);
+  return error;
+}
+
+int PosixFiles::append(std::string_view path, std::string_view bytes) {
+  const fs::path file = locate(path);
+  if (file.empty()) return kDriveNotReady;
+  return write_and_sync(file, O_APPEND, bytes);
+}
+
+int PosixFiles::remove(std::string_view path) {
+  const fs::path file = locate(path);
+  if (file.empty()) return kDriveNotReady;
+  return ::unlink(file.c_str()) == 0 ? kNoError : error_of(errno);
+}
+
+int PosixFiles::copy(std::string_view from, std::string_view to) {
+  std::string bytes;
+  if (const int error = read(from, bytes)) return error;
+  return replace(to, bytes);
+}
+
+int PosixFiles::make_folder(std::string_view path) {
+  const fs::path folder = locate(path);
+  if (folder.empty()) return kDriveNotReady;
+  std::error_code error;
+  if (fs::is_directory(folder, error)) return kPathFileAccess;
+  fs::create_directories(folder, error);
+  return error_of(error.value());
+}
+
+bool PosixFiles::is_file(std::string_view path) {
+  std::error_code error;
+  return fs::is_regular_file(locate(path), error);
+}
+
+bool PosixFiles::is_folder(std::string_view path) {
+  std::error_code error;
+  return fs::is_directory(locate(path), error);
+}
+
+std::vector<std::string> PosixFiles::folders(std::string_view path) {
+  return names(path, true);
+}
+std::vector<std::string> PosixFiles::files(std::string_view path) {
+  return names(path, false);
+}
+
+std::vector<std::string> PosixFiles::names(std::string_view path, bool folders) const {
+  std::vector<std::string> found;
+  const fs::path folder = locate(path);
+  if (folder.empty()) return found;
+  std::error_code error;
+  for (fs::directory_iterator at(folder, error), last; !error && at != last; at.increment(error)) {
+    std::error_code unknown;
+    std::string name = at->path().filename().string();
+    if (at->is_directory(unknown) == folders && !name.ends_with(kNeighbour)) found.push_back(std::move(name));
+  }
+  std::sort(found.begin(), found.end(), listed_before);
+  return found;
+}
+
+std::vector<std::string> PosixFiles::drives() {
+  std::vector<std::string> found;
+  for (const auto& [letter, place] : drives_) found.push_back({letter, ':'});
+  return found;
+}
+
+bool PosixFiles::drive_ready(char letter) {
+  letter = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
+  return drives_.contains(letter) && !not_ready_.contains(letter);
+}
+
+void PosixFiles::set_ready(char letter, bool ready) {
+  if (ready)
+    not_ready_.erase(letter);
+  else
+    not_ready_[letter] = true;
+}
+
+int PosixFiles::write_whole(const fs::path& file, std::string_view bytes) {
+  return write_and_sync(file, O_TRUNC, bytes);
+}
+
+int PosixFiles::rename_over(const fs::path& from, const fs::path& to) {
+  return ::rename(from.c_str(), to.c_str()) == 0 ? kNoError : error_of(errno);
+}
+
+int PosixFiles::sync_folder(const fs::path& folder) {
+  Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+  if (descriptor.get() < 0) return error_of(errno);
+  return ::fsync(descriptor.get()) == 0 ? kNoError : error_of(errno);
+}
+
+}  // namespace evac

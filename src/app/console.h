@@ -1,0 +1,58 @@
+// The whole console: the shared state, the windows, the rooms and their wiring. A host builds one on its
+// machine and calls load(); a Fault that comes out of anything ends it.
+#pragma once
+
+#include "app/form1.h"
+#include "console/audio_matrix.h"
+#include "journal/journal.h"
+#include "link/dispatcher.h"
+#include "link/link.h"
+#include "model/system_model.h"
+#include "platform/machine.h"
+#include "supervision/clock_line.h"
+
+namespace evac {
+
+class Console {
+ public:
+  explicit Console(const Machine& machine);
+  ~Console();
+
+  // The load event of Form1: folders, port, settings, defaults, the first line of the journal. Shows Form1
+  // and lets the timers run. Faults when a folder cannot be made or the port cannot be opened.
+  void load();
+
+  Windows& windows() { return windows_; }
+  Form1& form1() { return form1_; }
+  SystemModel& model() { return model_; }
+  Journal& journal() { return journal_; }
+
+ private:
+  void wire();
+  void wire_menu();
+  // The one place where a settings window is asked for; what guards it stands here.
+  void open_settings(void (Console::*open)());
+  void shutdown();
+
+  void make_folders();
+  void set_defaults();
+  void open_port();
+  void load_settings();
+  void take_alert_settings();
+  void register_cards();
+  void paint_legend();
+  void set_timers();
+
+  Machine machine_;
+  SystemModel model_;
+  Windows windows_;
+  Form1 form1_;
+  Form2 form2_;
+  Journal journal_;
+  Link link_;
+  Dispatcher dispatcher_;
+  ClockLine clock_line_;
+  AudioMatrix audio_matrix_;
+};
+
+}  // namespace evac

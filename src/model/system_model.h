@@ -1,0 +1,185 @@
+// The one shared state of the console. Everything lives on one thread; whatever runs the event pump may find
+// any of it changed afterwards. A room takes only the structs that it needs.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "model/bounded_array.h"
+#include "model/color.h"
+#include "model/time.h"
+
+namespace evac {
+
+inline constexpr int kZones = 120;
+inline constexpr int kTerminals = 255;
+inline constexpr int kChannels = 5;
+inline constexpr int kSequencers = 8;
+inline constexpr int kOutlets = 8;
+inline constexpr int kPresets = 100;
+
+inline constexpr int kFrameSize = 9;
+using Frame9 = std::array<std::uint8_t, kFrameSize>;
+
+// The line to the controller.
+struct LinkState {
+  Frame9 t_buf{};                        // send buffer of frames built in handlers
+  Frame9 h_buf{};                        // send buffer of the shared frame helpers
+  std::array<std::uint8_t, 21> r_buf{};  // the 7 bytes behind the sync of the last frame
+  Frame9 r_frame{};                      // the last frame as on the wire
+  std::uint8_t rx_state = 0;             // 0 first sync byte, 1 second, 2 body
+  std::int16_t rx_count = 0;             // body bytes so far, 0..6
+  std::int16_t reply_wait =
+      255;  // 255 idle, 0..242 scan waits, 243..244 poll answer waits, 245 over, 249 data came
+  std::uint8_t poll_answer_state = 0;  // 0 date next, 1 time next, 2 steady
+  std::uint8_t link_state = 0;         // 1 down, 2 up; written only
+  std::uint8_t prog_state = 0;         // 1 suspended, 2 running; written only
+  std::uint8_t status_line_count = 0;  // frames since the line of polling text was cleared
+  std::string link_mode_text;  // the dispatcher keeps that line while this is "Данные каналов"
+};
+
+// Zones and terminals. Channels: 1..5, 0 none. Indexed by number.
+struct ZoneState {
+  BoundedArray<std::int16_t, 1, kZones> ZoneChan;
+  BoundedArray<std::int16_t, 1, kZones> ZoneChanSet;  // working copy of the settings window, 255 switched off
+  BoundedArray<bool, 1, kZones> ZoneOn;
+  BoundedArray<std::int16_t, 1, kZones> ZoneChanScan;
+  BoundedArray<std::int16_t, 1, kZones> ZoneVolScan;
+  bool AllZonesOn = false;
+  bool ChosenZonesOn = false;
+};
+
+struct TerminalState {
+  BoundedArray<std::int16_t, 1, kTerminals> TermChan;
+  BoundedArray<std::int16_t, 1, kTerminals> TermChanSet;  // working copy of the settings window, 255 unset
+  BoundedArray<bool, 1, kTerminals> TermSel;
+  std::int16_t selected_count = 0;  // terminals picked; a preset change leaves it as it was
+  std::int16_t sel_channel = 0;     // channel picked on the console
+  std::int16_t term_count = 1;      // highest terminal in use, by the last file read
+  std::int16_t term_file_no = 1;    // the current preset
+};
+
+// The colour picked last; all painting by channel shares it.
+struct PaintState {
+  Color ColorChannel = Color::kButtonFace;
+  Color ColorButtonFace = Color::kButtonFace;
+};
+
+struct SourceState {
+  // Channel and volume of each source, 0 not assigned.
+  std::int16_t ch_computer = 0, vol_computer = 0;
+  std::int16_t ch_cd = 0, vol_cd = 0;
+  std::int16_t ch_mp3 = 0, vol_mp3 = 0;
+  std::int16_t ch_tuner = 0, vol_tuner = 0;
+  std::int16_t cd_track = 1, mp3_track = 1, tuner_preset = 1;
+  std::int16_t tuner_band = 2;  // 1 FM, 2 AM
+  std::int16_t cd_out_channel = 0, mp3_out_channel = 0, tuner_out_channel = 0;
+  BoundedArray<std::uint8_t, 1, 8> MatrixSel;  // input of each matrix output, 0 muted, 15 none
+};
+
+struct PowerState {
+  BoundedArray<std::array<bool, kOutlets>, 1, kSequencers> SeqRow;
+  BoundedArray<std::int32_t, 1, kSequencers> SeqSavedMask;
+  BoundedArray<std::int16_t, 1, kSequencers> SeqReplayStep;
+  bool alarm9_on = false, alarm10_on = false;
+};
+
+// The thirteen lines of the alert settings, by index; whoever needs a number takes the leading digits.
+enum SettingsIndex {
+  kAlertType = 0,
+  kBlockSource = 1,
+  kBlockMessage = 2,
+  kBlockPlays = 3,
+  kManualMessage = 4,
+  kManualPlays = 5,
+  kAutoControl = 6,
+  kScanHours = 7,
+  kScanMinutes = 8,
+  kAudibleWarning = 9,
+  kRemoteControl = 10,
+  kScanCycles = 11,
+  kManualStart = 12,
+  kSettingsLines = 13
+};
+
+struct SettingsState {
+  std::string data_drive, data_folder, protocol_base;
+  BoundedArray<std::string, 0, kSettingsLines - 1> SettingsLine;
+
+  // "C:\ZEF_DAT\" and the rest of a path in the data folder.
+  std::string data_path(std::string_view rest) const {
+    return data_drive + ":\\" + data_folder + "\\" + std::string(rest);
+  }
+};
+
+inline constexpr int kBanks = 4;
+inline constexpr int kSeenEntries = 128;
+inline constexpr int kAlgorithmSteps = 120;
+
+struct AlertState {
+  bool al_active = false;
+  BoundedArray<bool, 1, kBanks> al_bank;
+  bool al_alarm_zones = false;
+  bool fire_sim = false;
+  bool fire_stop = false;
+  bool msg_manual = false;
+  bool msg_cancel = false;
+  bool al_all_on = false;
+  std::array<std::int32_t, kBanks> fire_bits{};
+  std::array<std::int32_t, 32> bit_mask{};
+  BoundedArray<std::array<std::int32_t, kSeenEntries>, 1, kBanks> fire_seen;
+  std::int32_t bank4_bit = 0;
+  std::int16_t di_card0 = -1, di_card1 = -1;
+  std::array<std::int32_t, kBanks> di_last{};
+  std::int16_t alg_zone = 1;
+  std::int32_t alg_step = 1;
+  std::int32_t alg_rep = 0, al_rep = 0, man_rep = 0;
+  // Times of day in whole seconds.
+  std::int32_t alg_end = 0, al_end = 0, man_end = 0;
+};
+
+// The steps of the algorithms, by zone of fire and step; an empty text is no such step.
+struct AlgorithmState {
+  BoundedArray<BoundedArray<std::string, 1, kAlgorithmSteps>, 1, kZones> AlgZoneTable;
+};
+
+struct SupervisionState {
+  bool auto_mode = false;
+  std::int32_t NextCheck = 0;  // time of day
+  std::int32_t TermMissLimit = 1;
+};
+
+struct TimerState {
+  bool tm_on = false, tm_scan = false, tm_none = false;
+};
+
+struct PlayerState {
+  bool mp_pow = false;
+};
+
+struct CalendarState {
+  Date journal_day{};  // day of the last header of the journal
+  // Index 0 holds "0", so that 1 is January and 1 is Monday.
+  std::array<std::string, 13> MonthName;
+  std::array<std::string, 8> WeekDayName;
+  WallTime started{};
+};
+
+struct SystemModel {
+  LinkState link;
+  ZoneState zones;
+  TerminalState terminals;
+  PaintState paint;
+  SourceState sources;
+  PowerState power;
+  SettingsState settings;
+  AlertState alert;
+  AlgorithmState algorithms;
+  SupervisionState supervision;
+  TimerState timer;
+  PlayerState player;
+  CalendarState calendar;
+};
+
+}  // namespace evac

@@ -1,0 +1,117 @@
+#include "model/text.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "model/fault.h"
+
+namespace evac {
+namespace {
+
+bool starts_character(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
+// Byte offset of character `position` (from 1); the size of the text when it has fewer.
+std::size_t offset_of(std::string_view text, int position) {
+  int seen = 0;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (starts_character(text[i]) && ++seen == position) return i;
+  return text.size();
+}
+
+}  // namespace
+
+int Len(std::string_view text) {
+  int count = 0;
+  for (char byte : text) count += starts_character(byte);
+  return count;
+}
+
+std::string Left(std::string_view text, int count) {
+  return Mid(text, 1, count);
+}
+
+std::string Mid(std::string_view text, int start, int count) {
+  if (count < 1 || start < 1) return {};
+  text.remove_prefix(offset_of(text, start));
+  if (count >= static_cast<int>(text.size())) return std::string(text);
+  return std::string(text.substr(0, offset_of(text, count + 1)));
+}
+
+int InStr(std::string_view text, std::string_view part) {
+  const auto at = text.find(part);
+  return at == std::string_view::npos ? 0 : Len(text.substr(0, at)) + 1;
+}
+
+std::string Trim(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+double Val(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return 0;
+  text.remove_prefix(first);
+  if (text.front() == '+') text.remove_prefix(1);
+  // Only plain decimal notation counts: "inf" and "nan" are words here.
+  std::size_t end = !text.empty() && text.front() == '-' ? 1 : 0;
+  while (end < text.size() && (text[end] == '.' || (text[end] >= '0' && text[end] <= '9'))) ++end;
+  double value = 0;
+  std::from_chars(text.data(), text.data() + end, value, std::chars_format::fixed);
+  return value;
+}
+
+int Number(std::string_view text) {
+  const double value = std::nearbyint(Val(text));
+  if (!(value >= -2147483648.0 && value <= 2147483647.0)) overflow();
+  return static_cast<int>(value);
+}
+
+int Number16(std::string_view text) {
+  const int value = Number(text);
+  if (value < -32768 || value > 32767) overflow();
+  return value;
+}
+
+std::uint8_t ToByte(int value) {
+  if (value < 0 || value > 255) overflow();
+  return static_cast<std::uint8_t>(value);
+}
+
+std::string lower_case(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    if (byte >= 'A' && byte <= 'Z') {
+      out += static_cast<char>(byte + 32);
+      continue;
+    }
+    if (byte == 0xD0 && i + 1 < text.size()) {
+      const auto next = static_cast<unsigned char>(text[i + 1]);
+      if (next == 0x81) {  // Ё
+        out += "\xD1\x91";
+        ++i;
+        continue;
+      }
+      if (next >= 0x90 && next <= 0x9F) {  // А..П
+        out += '\xD0';
+        out += static_cast<char>(next + 0x20);
+        ++i;
+        continue;
+      }
+      if (next >= 0xA0 && next <= 0xAF) {  // Р..Я
+        out += '\xD1';
+        out += static_cast<char>(next - 0x20);
+        ++i;
+        continue;
+      }
+    }
+    out += text[i];
+  }
+  return out;
+}
+
+}  // namespace evac

@@ -1,0 +1,67 @@
+#include "model/time.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+namespace evac {
+namespace {
+
+constexpr std::array<const char*, 12> kShortMonths = {"янв", "фев", "мар", "апр", "май", "июн",
+                                                      "июл", "авг", "сен", "окт", "ноя", "дек"};
+
+}  // namespace
+
+Date date_of(WallTime time) {
+  return Date(std::chrono::floor<std::chrono::days>(time));
+}
+
+int second_of_day(WallTime time) {
+  const auto since_midnight = time - std::chrono::floor<std::chrono::days>(time);
+  return static_cast<int>(std::chrono::floor<std::chrono::seconds>(since_midnight).count());
+}
+
+int weekday_number(Date date) {
+  return static_cast<int>(std::chrono::weekday(std::chrono::local_days(date)).iso_encoding());
+}
+
+int year_number(Date date) {
+  return static_cast<int>(date.year());
+}
+int month_number(Date date) {
+  return static_cast<int>(static_cast<unsigned>(date.month()));
+}
+int day_number(Date date) {
+  return static_cast<int>(static_cast<unsigned>(date.day()));
+}
+
+int later_in_day(int second_of_day, int seconds) {
+  const int moment = (second_of_day + seconds) % kSecondsPerDay;
+  return moment < 0 ? moment + kSecondsPerDay : moment;
+}
+
+std::string time_text(int second_of_day) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%d:%02d:%02d", second_of_day / 3600, second_of_day / 60 % 60,
+                second_of_day % 60);
+  return text;
+}
+
+std::string time_left_text(int seconds) {
+  return (seconds < 0 ? "-" : "") + time_text(std::abs(seconds) % kSecondsPerDay);
+}
+
+std::string short_date_text(Date date) {
+  char text[48];
+  std::snprintf(text, sizeof text, "%02d.%02d.%04d", day_number(date), month_number(date), year_number(date));
+  return text;
+}
+
+std::string medium_date_text(Date date) {
+  char text[48];
+  std::snprintf(text, sizeof text, "%02d-%s-%02d", day_number(date),
+                kShortMonths[static_cast<std::size_t>(month_number(date) - 1)], year_number(date) % 100);
+  return text;
+}
+
+}  // namespace evac

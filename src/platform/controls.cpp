@@ -1,0 +1,249 @@
+#include "platform/controls.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "model/text.h"
+#include "platform/windows.h"
+
+namespace evac {
+
+Control::Control(const Place& place, Kind kind, std::string_view name, std::string_view caption,
+                 std::optional<int> index)
+    : place_(place), kind_(kind), name_(name), index_(index), caption_(caption) {
+  form().controls_.push_back(this);
+}
+
+Control::~Control() {
+  std::erase(form().controls_, this);
+}
+
+std::string Control::full_name() const {
+  return index_ ? join(name_, "(", *index_, ")") : name_;
+}
+
+bool Control::usable() const {
+  for (const Control* control = this; control; control = control->frame())
+    if (!control->enabled() || !control->visible()) return false;
+  return true;
+}
+
+void Picture::print(std::string_view line) {
+  lines_.emplace_back(line);
+  changed();
+}
+
+void Picture::clear() {
+  if (lines_.empty()) return;
+  lines_.clear();
+  changed();
+}
+
+OptionButton* OptionGroup::chosen() const {
+  const auto on =
+      std::find_if(members_.begin(), members_.end(), [](auto* member) { return member->value(); });
+  return on == members_.end() ? nullptr : *on;
+}
+
+OptionButton::OptionButton(const Place& place, OptionGroup& group, std::string_view name,
+                           std::string_view caption, std::optional<int> index)
+    : Control(place, Kind::kOptionButton, name, caption, index), group_(group) {
+  group_.members_.push_back(this);
+}
+
+void OptionButton::set_value(bool on) {
+  if (on == value_) return;
+  if (!on) {
+    assign(value_, false);
+    return;
+  }
+  take_over();
+  click();
+}
+
+void OptionButton::press() {
+  take_over();
+  click();
+}
+
+void OptionButton::take_over() {
+  for (OptionButton* member : group_.members_)
+    if (member != this) member->assign(member->value_, false);
+  assign(value_, true);
+}
+
+void CheckBox::set_value(bool on) {
+  if (assign(value_, on)) click();
+}
+
+ScrollBar::ScrollBar(const Place& place, std::string_view name, int least, int most, int value,
+                     std::optional<int> index)
+    : Control(place, Kind::kScrollBar, name, {}, index), least_(least), most_(most), value_(value) {}
+
+void ScrollBar::set_value(int value) {
+  if (assign(value_, std::clamp(value, least_, most_))) change();
+}
+
+void TextBox::set_text(std::string_view text) {
+  if (assign(text_, text)) change();
+}
+
+void TextBox::press_key(std::string key) {
+  key_press(key);
+  if (key.empty()) return;
+  set_text(key == "\b" ? Left(text_, Len(text_) - 1) : text_ + key);
+}
+
+const std::string& RowControl::row(int row) const {
+  if (row < 0 || row >= count()) bad_subscript();
+  return rows_[static_cast<std::size_t>(row)];
+}
+
+void RowControl::add(std::string_view text) {
+  insert(count(), text);
+}
+
+void RowControl::insert(int row, std::string_view text) {
+  if (row < 0 || row > count()) bad_subscript();
+  rows_.emplace(rows_.begin() + row, text);
+  if (selected_ >= row) ++selected_;
+  changed();
+}
+
+void RowControl::remove(int row) {
+  if (row < 0 || row >= count()) bad_subscript();
+  rows_.erase(rows_.begin() + row);
+  if (selected_ == row)
+    selected_ = -1;
+  else if (selected_ > row)
+    --selected_;
+  changed();
+}
+
+void RowControl::clear() {
+  if (rows_.empty()) return;
+  rows_.clear();
+  selected_ = -1;
+  changed();
+}
+
+void RowControl::select(int row) {
+  if (row < -1 || row >= count()) bad_subscript();
+  if (row == selected_) return;
+  selected_ = row;
+  selection_changed();
+  changed();
+  if (row >= 0) click();
+}
+
+void RowControl::pick(int row) {
+  if (row < 0 || row >= count()) bad_subscript();
+  selected_ = row;
+  selection_changed();
+  changed();
+  click();
+}
+
+void ComboBox::selection_changed() {
+  if (selected() >= 0) text_ = row(selected());
+}
+
+void Grid::set_row_count(int rows) {
+  if (rows == row_count()) return;
+  cells_.resize(static_cast<std::size_t>(std::max(rows, 0)), std::vector<std::string>(widths_.size()));
+  changed();
+}
+
+const std::string& Grid::cell(int row, int column) const {
+  if (row < 0 || row >= row_count() || column < 0 || column >= column_count()) bad_subscript();
+  return cells_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+}
+
+void Grid::set_cell(int row, int column, std::string_view text) {
+  assign(const_cast<std::string&>(cell(row, column)), text);
+}
+
+void Grid::set_column_width(int column, int width) {
+  if (column < 0 || column >= column_count()) bad_subscript();
+  assign(widths_[static_cast<std::size_t>(column)], width);
+}
+
+void Grid::sort(int column) {
+  if (column < 0 || column >= column_count()) bad_subscript();
+  const auto key = [column](const std::vector<std::string>& row) {
+    const std::string& text = row[static_cast<std::size_t>(column)];
+    double value = 0;
+    const auto end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, value, std::chars_format::fixed);
+    const bool word = text.empty() || read.ec != std::errc() || read.ptr != end;
+    return std::tuple(word, word ? 0 : value, word ? lower_case(text) : std::string());
+  };
+  std::stable_sort(cells_.begin(), cells_.end(),
+                   [&](const auto& a, const auto& b) { return key(a) < key(b); });
+  changed();
+}
+
+void MonthCalendar::set_range(Date from, Date to) {
+  if (from == from_ && to == to_) return;
+  from_ = from;
+  to_ = to;
+  changed();
+  change();
+}
+
+void TabStrip::set_value(int tab) {
+  if (tab < 0 || tab >= static_cast<int>(tabs_.size())) bad_subscript();
+  if (assign(value_, tab)) click();
+}
+
+MenuItem::MenuItem(const PopupMenu& popup, std::string_view name, std::string_view caption, int index)
+    : Control(popup.place(), Kind::kMenuItem, name, caption, index), popup_(&popup) {}
+
+void PopupMenu::show() {
+  form().windows().show_popup(*this);
+}
+
+Timer::Timer(const Place& place, std::string_view name, int interval)
+    : Control(place, Kind::kTimer, name), interval_(interval) {
+  Control::set_enabled(false);
+}
+
+Timer::~Timer() {
+  form().windows().loop().disarm(*this);
+}
+
+void Timer::set_enabled(bool on) {
+  if (on == enabled()) return;
+  Control::set_enabled(on);
+  EventLoop& loop = form().windows().loop();
+  if (on)
+    loop.arm(*this);
+  else
+    loop.disarm(*this);
+}
+
+Form::Form(Windows& windows, std::string_view name, std::string_view title)
+    : windows_(windows), name_(name), title_(title) {
+  windows_.forms_.push_back(this);
+}
+
+Form::~Form() {
+  std::erase(windows_.forms_, this);
+  std::erase(windows_.open_, this);
+}
+
+void Form::set_title(std::string_view title) {
+  if (title_ == title) return;
+  title_ = title;
+  view_changed();
+}
+
+Control* Form::find(std::string_view name, std::optional<int> index, std::string_view section) const {
+  for (Control* control : controls_)
+    if (control->name() == name && control->index() == index &&
+        (section.empty() || control->section() == section))
+      return control;
+  return nullptr;
+}
+
+}  // namespace evac

@@ -1,0 +1,104 @@
+#include "platform/event_loop.h"
+
+#include <algorithm>
+
+#include "platform/controls.h"
+
+namespace evac {
+namespace {
+
+using std::chrono::milliseconds;
+
+// Timers of this interval keep phase with the wall clock, so far behind each full second that a tick that
+// comes early by the jitter of the machine still falls into its second.
+constexpr int kSecondTimer = 1000;
+constexpr milliseconds kSecondPhase{10};
+// After a tick out of phase the next one in phase may follow sooner than a second, but not sooner than this.
+constexpr milliseconds kLeastGap{100};
+
+}  // namespace
+
+void EventLoop::post(std::function<void()> event) {
+  posted_.push_back({host_.now(), ++order_, std::move(event)});
+}
+
+void EventLoop::pump() {
+  if (!run_due()) host_.idle(next_due());
+}
+
+bool EventLoop::run_due() {
+  const Instant now = host_.now();
+  const std::size_t at = oldest_timer();
+  const bool timer_due = at < timers_.size() && timers_[at].due <= now;
+  const bool posted_due = !posted_.empty();
+  if (!timer_due && !posted_due) return false;
+  const bool timer_first =
+      timer_due && (!posted_due || timers_[at].due < posted_.front().due ||
+                    (timers_[at].due == posted_.front().due && timers_[at].order < posted_.front().order));
+  if (timer_first) {
+    Armed& armed = timers_[at];
+    Timer& timer = *armed.timer;
+    armed.due = tick_after(armed);
+    armed.order = ++order_;
+    timer.tick();
+  } else {
+    const auto run = std::move(posted_.front().run);
+    posted_.pop_front();
+    run();
+  }
+  return true;
+}
+
+std::optional<Instant> EventLoop::next_due() const {
+  std::optional<Instant> due;
+  const std::size_t at = oldest_timer();
+  if (at < timers_.size()) due = timers_[at].due;
+  if (!posted_.empty() && (!due || posted_.front().due < *due)) due = posted_.front().due;
+  return due;
+}
+
+void EventLoop::arm(Timer& timer) {
+  disarm(timer);
+  if (timer.interval() < 1) return;
+  timers_.push_back({&timer, first_tick(timer.interval()), ++order_});
+}
+
+void EventLoop::disarm(Timer& timer) {
+  std::erase_if(timers_, [&](const Armed& armed) { return armed.timer == &timer; });
+}
+
+std::size_t EventLoop::oldest_timer() const {
+  std::size_t oldest = 0;
+  for (std::size_t i = 1; i < timers_.size(); ++i) {
+    const Armed &a = timers_[i], &b = timers_[oldest];
+    if (a.due < b.due || (a.due == b.due && a.order < b.order)) oldest = i;
+  }
+  return oldest;
+}
+
+Instant EventLoop::first_tick(int interval) const {
+  const Instant due = host_.now() + milliseconds(interval);
+  if (interval != kSecondTimer) return due;
+  // Armed on the full second, it is in phase from the start; otherwise it comes into phase with its second
+  // tick.
+  const auto into_second = (host_.wall().time_since_epoch() % milliseconds(kSecondTimer));
+  return into_second < kSecondPhase ? due + (kSecondPhase - into_second) : due;
+}
+
+Instant EventLoop::tick_after(const Armed& armed) const {
+  const milliseconds interval(armed.timer->interval());
+  const Instant now = host_.now();
+  if (armed.timer->interval() == kSecondTimer) return next_full_second(now);
+  const auto missed = (now - armed.due) / interval;
+  return armed.due + interval * (missed + 1);
+}
+
+Instant EventLoop::next_full_second(Instant now) const {
+  const milliseconds second(kSecondTimer);
+  const milliseconds into_second = host_.wall().time_since_epoch() % second;
+  milliseconds gap = kSecondPhase - into_second;
+  while (gap < kLeastGap) gap += second;
+  return now + gap;
+}
+
+}  // namespace evac

@@ -1,0 +1,74 @@
+// The console's one queue of events: posted ones and the ticks of timers. Hosts tell it the time and wake it.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "model/time.h"
+
+namespace evac {
+
+class Timer;
+
+// What the loop needs of the host that runs it.
+class LoopHost {
+ public:
+  virtual ~LoopHost() = default;
+  virtual Instant now() const = 0;
+  virtual WallTime wall() const = 0;
+  // Returns when `next_due` is reached, when something was posted, or earlier for a reason of the host's own
+  // (a user's hand on a control). Never runs an event of the loop itself.
+  virtual void idle(std::optional<Instant> next_due) = 0;
+};
+
+class EventLoop {
+ public:
+  explicit EventLoop(LoopHost& host) : host_(host) {}
+  EventLoop(const EventLoop&) = delete;
+  EventLoop& operator=(const EventLoop&) = delete;
+
+  Instant now() const { return host_.now(); }
+  WallTime wall() const { return host_.wall(); }
+
+  // The event runs after all that are due before it, once.
+  void post(std::function<void()> event);
+  // One step: runs the oldest event that is due, or lets the host wait for the next one. A handler that has
+  // to let the others in calls this until what it waits for has come.
+  void pump();
+  // Runs the oldest event that is due now; false when none is.
+  bool run_due();
+  // The moment of the next event, past or future; none when nothing is armed or posted.
+  std::optional<Instant> next_due() const;
+  // Forgets the posted events.
+  void clear() { posted_.clear(); }
+
+  // Used by Timer alone: its first tick comes one interval from now; a late tick is taken once.
+  void arm(Timer& timer);
+  void disarm(Timer& timer);
+
+ private:
+  struct Posted {
+    Instant due;
+    std::uint64_t order;
+    std::function<void()> run;
+  };
+  struct Armed {
+    Timer* timer;
+    Instant due;
+    std::uint64_t order;
+  };
+  std::size_t oldest_timer() const;
+  Instant first_tick(int interval) const;
+  Instant tick_after(const Armed& armed) const;
+  Instant next_full_second(Instant after) const;
+
+  LoopHost& host_;
+  std::deque<Posted> posted_;
+  std::vector<Armed> timers_;
+  std::uint64_t order_ = 0;
+};
+
+}  // namespace evac

@@ -1,0 +1,34 @@
+#include "platform/files.h"
+
+#include "model/text.h"
+
+namespace evac {
+namespace {
+
+bool fits(std::string_view name, std::string_view pattern) {
+  if (pattern.empty()) return name.empty();
+  if (pattern.front() == '*')
+    return fits(name, pattern.substr(1)) || (!name.empty() && fits(name.substr(1), pattern));
+  return !name.empty() && (pattern.front() == '?' || pattern.front() == name.front()) &&
+         fits(name.substr(1), pattern.substr(1));
+}
+
+}  // namespace
+
+bool matches_pattern(std::string_view name, std::string_view patterns) {
+  const std::string low_name = lower_case(name), low = lower_case(patterns);
+  std::string_view rest = low;
+  while (true) {
+    const auto end = rest.find(';');
+    if (fits(low_name, rest.substr(0, end))) return true;
+    if (end == std::string_view::npos) return false;
+    rest.remove_prefix(end + 1);
+  }
+}
+
+bool listed_before(std::string_view a, std::string_view b) {
+  const std::string low_a = lower_case(a), low_b = lower_case(b);
+  return low_a != low_b ? low_a < low_b : a < b;
+}
+
+}  // namespace evac

@@ -1,0 +1,57 @@
+// Files by the system's paths: a drive letter, backslashes, names without regard to case
+// ("C:\ZEF_DAT\message"). Nothing here is a fault: each operation returns its error number, and the caller
+// decides.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace evac {
+
+// Numbers of file errors as the system prints them; 0 is none.
+enum FileError : int {
+  kNoError = 0,
+  kFileOverflow = 6,   // a number in a file that does not fit its field
+  kFileSubscript = 9,  // a number in a file that lies outside its table
+  kFileNotFound = 53,
+  kDeviceError = 57,
+  kFileExists = 58,
+  kDiskFull = 61,
+  kPermissionDenied = 70,
+  kDriveNotReady = 71,
+  kPathFileAccess = 75,
+  kPathNotFound = 76
+};
+
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  virtual int read(std::string_view path, std::string& bytes) = 0;
+  // The whole file, old or new: never a torn one, whenever the power goes. Creates it when it is missing.
+  virtual int replace(std::string_view path, std::string_view bytes) = 0;
+  // On disk when it returns. Creates the file when it is missing.
+  virtual int append(std::string_view path, std::string_view bytes) = 0;
+  virtual int remove(std::string_view path) = 0;
+  virtual int copy(std::string_view from, std::string_view to) = 0;
+  virtual int make_folder(std::string_view path) = 0;
+
+  virtual bool is_file(std::string_view path) = 0;
+  virtual bool is_folder(std::string_view path) = 0;
+  // Names alone, sorted without regard to the case of letters, digits as characters; empty when there is no
+  // such folder.
+  virtual std::vector<std::string> folders(std::string_view path) = 0;
+  virtual std::vector<std::string> files(std::string_view path) = 0;
+
+  // "C:", "D:" and so on, those that exist.
+  virtual std::vector<std::string> drives() = 0;
+  virtual bool drive_ready(char letter) = 0;
+};
+
+// Whether the name fits one of the patterns, such as "*.Wav;*.mp3"; letters without regard to case.
+bool matches_pattern(std::string_view name, std::string_view patterns);
+// The order in which names are listed.
+bool listed_before(std::string_view a, std::string_view b);
+
+}  // namespace evac

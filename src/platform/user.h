@@ -1,0 +1,30 @@
+// A user's hand on a control, the same in both hosts. Each takes a pop-up menu down first, and returns false,
+// with nothing done, when the hand does not reach: a disabled or hidden control, one in such a frame, a
+// window that is closed or under a modal one.
+#pragma once
+
+#include <string>
+
+#include "platform/controls.h"
+
+namespace evac::user {
+
+bool reaches(const Control& control);
+bool click(Control& control);
+// `shift`: with the shift key held. Inside the control.
+bool right_press(Control& control, bool shift = false);
+bool double_click(Control& control);
+bool set_value(ScrollBar& bar, int value);
+bool set_checked(CheckBox& box, bool on);
+bool set_text(TextBox& box, std::string_view text);
+bool press_key(TextBox& box, const std::string& key);
+// The row must exist.
+bool pick(RowControl& list, int row);
+bool set_range(MonthCalendar& calendar, Date from, Date to);
+bool turn_to(TabStrip& tabs, int tab);
+// A button dragged so that its left side comes to `left`.
+bool drag(Control& control, int left);
+bool drop(Control& control);
+bool close(Form& form);
+
+}  // namespace evac::user

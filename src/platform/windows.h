@@ -1,0 +1,55 @@
+// The windows of the console: which are open, which one holds the others, and what a user's hand can reach.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "platform/controls.h"
+
+namespace evac {
+
+// Puts windows on the screen.
+class WindowHost {
+ public:
+  virtual ~WindowHost() = default;
+  virtual void form_shown(Form& form, bool modal) = 0;
+  virtual void form_hidden(Form& form) = 0;
+  virtual void popup_shown(PopupMenu& menu) = 0;
+  virtual void popup_hidden(PopupMenu& menu) = 0;
+};
+
+class Windows {
+ public:
+  Windows(EventLoop& loop, WindowHost& host) : loop_(loop), host_(host) {}
+
+  EventLoop& loop() const { return loop_; }
+  // Nothing happens to a window that is open already.
+  void show(Form& form);
+  // Returns when the window is hidden again; timers and bytes go on meanwhile.
+  void show_modal(Form& form);
+  void hide(Form& form);
+  // What the user's closing of the window does.
+  void close(Form& form);
+
+  const std::vector<Form*>& forms() const { return forms_; }
+  Form* find(std::string_view name) const;
+  // Open windows, the last shown last.
+  const std::vector<Form*>& open() const { return open_; }
+  // The modal window that holds the others, or null.
+  Form* modal() const;
+  // Open and not under a modal window.
+  bool reachable(const Form& form) const;
+
+  void show_popup(PopupMenu& menu);
+  PopupMenu* popup() const { return popup_; }
+  void take_down_popup();
+
+ private:
+  friend class Form;
+  EventLoop& loop_;
+  WindowHost& host_;
+  std::vector<Form*> forms_, open_;
+  PopupMenu* popup_ = nullptr;
+};
+
+}  // namespace evac
