@@ -125,7 +125,16 @@ void Console::open_port() {
   port.read();
 }
 
-void Console::load_settings() {}
+void Console::load_settings() {
+  terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
+  zone_settings_.LoadZoneSettings();
+  equipment_.load();
+  terminal_names_.load();
+  zone_names_.load();
+  terminal_console_.start();
+  zone_console_.PaintZoneChannels();
+  zone_console_.InitZoneRows();
+}
 
 void Console::take_alert_settings() {
   const auto& line = model_.settings.SettingsLine;
