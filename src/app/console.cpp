@@ -11,7 +11,8 @@ Console::Console(const Machine& machine)
       link_(model_.link, machine.port),
       dispatcher_(model_.link, link_, machine.loop, form1_, form1_),
       clock_line_(model_.calendar, form1_, machine.loop),
-      audio_matrix_(model_.sources, form1_, link_) {
+      audio_matrix_(model_.sources, form1_, link_),
+      alert_store_(model_.settings, machine.files, machine.boxes) {
   wire();
   wire_menu();
 }

@@ -9,6 +9,7 @@
 #include "link/link.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "store/alert_store.h"
 #include "supervision/clock_line.h"
 
 namespace evac {
@@ -53,6 +54,9 @@ class Console {
   Dispatcher dispatcher_;
   ClockLine clock_line_;
   AudioMatrix audio_matrix_;
+
+  // Alert.
+  AlertStore alert_store_;
 };
 
 }  // namespace evac
