@@ -29,7 +29,8 @@ Console::Console(const Machine& machine)
                       &form1_.CmdAT),
       zone_console_(model_.zones, model_.sources, model_.settings, model_.paint, form1_, form1_,
                     form1_.TerminalsTab::LblZ, form1_, link_, machine.boxes),
-      terminal_console_(model_.terminals, model_.paint, form1_, terminal_settings_, link_, machine.boxes) {
+      terminal_console_(model_.terminals, model_.paint, form1_, terminal_settings_, link_, machine.boxes),
+      alert_store_(model_.settings, machine.files, machine.boxes) {
   wire();
   wire_equipment();
   wire_cells();

@@ -15,6 +15,7 @@
 #include "link/link.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "store/alert_store.h"
 #include "supervision/clock_line.h"
 
 namespace evac {
@@ -78,6 +79,9 @@ class Console {
   NameList zone_names_, terminal_names_;
   ZoneConsole zone_console_;
   TerminalConsole terminal_console_;
+
+  // Alert.
+  AlertStore alert_store_;
 };
 
 }  // namespace evac

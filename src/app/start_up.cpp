@@ -126,6 +126,7 @@ void Console::open_port() {
 }
 
 void Console::load_settings() {
+  alert_store_.LoadSettings();
   terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
   zone_settings_.LoadZoneSettings();
   equipment_.load();
@@ -138,18 +139,17 @@ void Console::load_settings() {
 
 void Console::take_alert_settings() {
   const auto& line = model_.settings.SettingsLine;
-  model_.alert.al_rep = Number(line[kBlockPlays]);
-  model_.alert.man_rep = Number(line[kManualPlays]);
-  if (const int plays = Number(line[kManualPlays]); plays > 0 && plays < 101) form1_.VS1.set_value(plays);
+  model_.alert.al_rep = ClampedNumber(line[kBlockPlays]);
+  model_.alert.man_rep = ClampedNumber(line[kManualPlays]);
+  if (const int plays = model_.alert.man_rep; plays > 0 && plays < 101) form1_.VS1.set_value(plays);
   model_.timer.tm_on = model_.timer.tm_scan = true;
   auto& supervision = model_.supervision;
-  supervision.NextCheck = later_in_day(second_of_day(machine_.loop.wall()),
-                                       Number(line[kScanHours]) * 3600 + Number(line[kScanMinutes]) * 60);
-  supervision.auto_mode = Number(line[kAutoControl]) != 0;
+  supervision.NextCheck = later_in_day(second_of_day(machine_.loop.wall()), scan_period(model_.settings));
+  supervision.auto_mode = ClampedNumber(line[kAutoControl]) != 0;
   form1_.CmdZ.set_picture(supervision.auto_mode ? form1_.Pct_Kon : form1_.Pct_Koff);
   form1_.CmdZ.set_caption(supervision.auto_mode ? "ВКЛ" : "ВЫКЛ");
   form1_.Timer14.set_enabled(line[kRemoteControl] == "1");
-  supervision.TermMissLimit = Number(line[kScanCycles]);
+  supervision.TermMissLimit = ClampedNumber(line[kScanCycles]);
   form1_.CmdDem.set_enabled(line[kManualStart] == "1");
 }
 

@@ -23,7 +23,10 @@ std::string Trim(std::string_view text);
 double Val(std::string_view text);
 // Val rounded to the nearest whole number, ties to even; an overflow fault outside 32 bits.
 int Number(std::string_view text);
-// The same for a 16-bit field: an overflow fault outside -32768..32767.
+// The same for text out of a file that may be damaged: what is too large either way counts as a thousand
+// million, so that no fault comes and small sums of such numbers still fit.
+int ClampedNumber(std::string_view text);
+// Number for a 16-bit field: an overflow fault outside -32768..32767.
 int Number16(std::string_view text);
 // A whole number as a byte; an overflow fault outside 0..255.
 std::uint8_t ToByte(int value);
