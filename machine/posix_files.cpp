@@ -79,7 +79,7 @@ fs::path PosixFiles::locate(std::string_view path) const {
   if (path.size() < 2 || path[1] != ':') return {};
   const char letter = static_cast<char>(std::toupper(static_cast<unsigned char>(path[0])));
   const auto drive = drives_.find(letter);
-  if (drive == drives_.end() || not_ready_.contains(letter)) return {};
+  if (drive == drives_.end()) return {};
   fs::path place = drive->second;
   path.remove_prefix(2);
   while (!path.empty()) {
@@ -198,14 +198,9 @@ std::vector<std::string> PosixFiles::drives() {
 
 bool PosixFiles::drive_ready(char letter) {
   letter = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
-  return drives_.contains(letter) && !not_ready_.contains(letter);
-}
-
-void PosixFiles::set_ready(char letter, bool ready) {
-  if (ready)
-    not_ready_.erase(letter);
-  else
-    not_ready_[letter] = true;
+  std::error_code error;
+  const auto drive = drives_.find(letter);
+  return drive != drives_.end() && fs::is_directory(drive->second, error);
 }
 
 int PosixFiles::write_whole(const fs::path& file, std::string_view bytes) {

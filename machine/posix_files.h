@@ -26,8 +26,9 @@ class PosixFiles : public Files {
   std::vector<std::string> drives() override;
   bool drive_ready(char letter) override;
 
-  // Whether a drive that exists is ready.
-  void set_ready(char letter, bool ready);
+  // Puts a drive in, with its directory, or takes it out.
+  void mount(char letter, std::filesystem::path directory) { drives_[letter] = std::move(directory); }
+  void unmount(char letter) { drives_.erase(letter); }
   // Where a path of the system lies on the disk: the existing spelling of each part, the given one of what is
   // missing. Empty for a drive that is not there.
   std::filesystem::path locate(std::string_view path) const;
@@ -42,7 +43,6 @@ class PosixFiles : public Files {
   std::vector<std::string> names(std::string_view path, bool folders) const;
 
   std::map<char, std::filesystem::path> drives_;
-  std::map<char, bool> not_ready_;
 };
 
 }  // namespace evac

@@ -4,6 +4,12 @@
 
 #include "app/form1.h"
 #include "console/audio_matrix.h"
+#include "console/equipment_settings.h"
+#include "console/form4.h"
+#include "console/form6.h"
+#include "console/name_list.h"
+#include "console/terminal_console.h"
+#include "console/zone_console.h"
 #include "journal/journal.h"
 #include "link/dispatcher.h"
 #include "link/link.h"
@@ -30,9 +36,16 @@ class Console {
 
  private:
   void wire();
+  void wire_equipment();
+  void wire_cells();
+  void wire_zones();
+  void wire_terminals();
   void wire_menu();
   // The one place where a settings window is asked for; what guards it stands here.
   void open_settings(void (Console::*open)());
+  void open_equipment();
+  void open_zones();
+  void open_terminals();
   void shutdown();
 
   void make_folders();
@@ -49,11 +62,23 @@ class Console {
   Windows windows_;
   Form1 form1_;
   Form2 form2_;
+  Form22 form22_;
+  Form33 form33_;
+  Form55 form55_;
+  Form6 form6_;
+  Form4 form4_;
   Journal journal_;
   Link link_;
   Dispatcher dispatcher_;
   ClockLine clock_line_;
   AudioMatrix audio_matrix_;
+  EquipmentSettings equipment_;
+  ChannelMenu channel_menu_;
+  ZoneSettings zone_settings_;
+  TerminalSettings terminal_settings_;
+  NameList zone_names_, terminal_names_;
+  ZoneConsole zone_console_;
+  TerminalConsole terminal_console_;
 
   // Alert.
   AlertStore alert_store_;

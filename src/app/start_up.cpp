@@ -1,5 +1,6 @@
 // The load event of Form1, in its order, and the clockwork of the timers.
 #include "app/console.h"
+#include "console/channel_colors.h"
 #include "model/text.h"
 
 namespace evac {
@@ -126,6 +127,14 @@ void Console::open_port() {
 
 void Console::load_settings() {
   alert_store_.LoadSettings();
+  terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
+  zone_settings_.LoadZoneSettings();
+  equipment_.load();
+  terminal_names_.load();
+  zone_names_.load();
+  terminal_console_.start();
+  zone_console_.PaintZoneChannels();
+  zone_console_.InitZoneRows();
 }
 
 void Console::take_alert_settings() {
@@ -151,10 +160,8 @@ void Console::register_cards() {
 }
 
 void Console::paint_legend() {
-  for (int i = 1; i <= form1_.L1.last(); ++i)
-    form1_.L1[i].set_back_color(kLegendColors[static_cast<std::size_t>(i - 1)]);
-  for (int i = 1; i <= form1_.L2.last(); ++i)
-    form1_.L2[i].set_back_color(kLegendColors[static_cast<std::size_t>(i - 1)]);
+  evac::paint_legend(form1_.L1);
+  evac::paint_legend(form1_.L2);
 }
 
 void Console::set_timers() {

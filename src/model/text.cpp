@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 #include "model/fault.h"
 
@@ -60,7 +61,8 @@ double Val(std::string_view text) {
   std::size_t end = !text.empty() && text.front() == '-' ? 1 : 0;
   while (end < text.size() && (text[end] == '.' || (text[end] >= '0' && text[end] <= '9'))) ++end;
   double value = 0;
-  std::from_chars(text.data(), text.data() + end, value, std::chars_format::fixed);
+  const auto read = std::from_chars(text.data(), text.data() + end, value, std::chars_format::fixed);
+  if (read.ec == std::errc::result_out_of_range) return std::numeric_limits<double>::infinity();
   return value;
 }
 

@@ -44,6 +44,7 @@ void SerialPort::deliver(std::span<const std::uint8_t> bytes) {
 
 void SerialPort::reset() {
   receive = nullptr;
+  open_ = false;
   in_.clear();
   announced_ = false;
   settings_.clear();

@@ -44,7 +44,7 @@ class SerialPort {
   virtual void write_line(std::span<const std::uint8_t> bytes) = 0;
   // Called by the host with what came; dropped while the port is closed.
   void deliver(std::span<const std::uint8_t> bytes);
-  // The host calls this when the console that used the port is gone.
+  // The host calls this when the console that used the port, and the events that it posted, are gone.
   void reset();
 
  private:

@@ -1,0 +1,127 @@
+#include "drill/drill.h"
+
+#include "drill/target.h"
+#include "model/text.h"
+
+namespace evac::drill {
+
+Drill::Drill(std::filesystem::path root, std::istream& in, std::ostream& out, bool number_lines)
+    : in_(in), out_(out), number_lines_(number_lines), machine_(std::move(root)) {
+  machine_.trace = [this](const std::string& line) { print(line); };
+  machine_.out_of_time = [this] { next_command(); };
+}
+
+Drill::~Drill() = default;
+
+const std::map<std::string_view, Drill::Command>& Drill::commands() {
+  static const std::map<std::string_view, Command> table = {
+      {"clock", {&Drill::do_clock, true, true}},
+      {"card", {&Drill::do_card, true, true}},
+      {"contact", {&Drill::do_contact, true, true}},
+      {"sound", {&Drill::do_sound, true, true}},
+      {"nosound", {&Drill::do_nosound, true, true}},
+      {"file", {&Drill::do_file, true, true}},
+      {"hex", {&Drill::do_hex, true, true}},
+      {"remove", {&Drill::do_remove, true, true}},
+      {"drive", {&Drill::do_drive, true, true}},
+      {"port", {&Drill::do_port, true, true}},
+      {"answer", {&Drill::do_answer, true, true}},
+      {"ls", {&Drill::do_ls, true, true}},
+      {"cat", {&Drill::do_cat, true, true}},
+      {"dump", {&Drill::do_dump, true, true}},
+      {"quit", {&Drill::do_quit, true, true}},
+      {"start", {&Drill::do_start, true, false}},
+      {"wait", {&Drill::do_wait, false, true}},
+      {"rx", {&Drill::do_rx, false, true}},
+      {"frame", {&Drill::do_frame, false, true}},
+      {"click", {&Drill::do_click, false, true}},
+      {"rclick", {&Drill::do_rclick, false, true}},
+      {"shift-rclick", {&Drill::do_shift_rclick, false, true}},
+      {"dblclick", {&Drill::do_dblclick, false, true}},
+      {"set", {&Drill::do_set, false, true}},
+      {"key", {&Drill::do_key, false, true}},
+      {"drag", {&Drill::do_drag, false, true}},
+      {"drop", {&Drill::do_drop, false, true}},
+      {"close", {&Drill::do_close, false, true}},
+      {"get", {&Drill::do_get, false, true}},
+      {"items", {&Drill::do_items, false, true}},
+      {"expect", {&Drill::do_expect, false, true}},
+      {"forget", {&Drill::do_forget, false, true}},
+  };
+  return table;
+}
+
+int Drill::run() {
+  while (true) {
+    try {
+      machine_.loop().pump();
+    } catch (const Fault& fault) {
+      print(join("fault ", fault.number(), " ", in_quotes(fault.what())));
+      end_process();
+    } catch (const ProcessEnded&) {
+      end_process();
+    } catch (const NoMoreCommands&) {
+      break;
+    }
+  }
+  print_result();
+  end_process();
+  return failures_;
+}
+
+void Drill::next_command() {
+  print_result();
+  std::string line;
+  while (true) {
+    if (!std::getline(in_, line)) throw NoMoreCommands{};
+    ++line_;
+    if (line.ends_with('\r')) line.pop_back();
+    if (const auto first = line.find_first_not_of(" \t"); first != std::string::npos && line[first] != '#')
+      break;
+  }
+  result_ = "ok";
+  reported_ = false;
+  command_line_ = line_;
+  try {
+    obey(split_words(line));
+  } catch (const CommandError& error) {
+    ++failures_;
+    result_ = join("error: ", error.what());
+    if (number_lines_) result_ += join(" (line ", command_line_, ")");
+  }
+}
+
+void Drill::print_result() {
+  if (reported_) return;
+  reported_ = true;
+  out_ << result_ << std::endl;
+}
+
+void Drill::obey(const Words& words) {
+  const auto command = commands().find(words[0].text);
+  if (command == commands().end()) throw CommandError("no command " + words[0].text);
+  if (console_ && !command->second.after_start) throw CommandError("the console has been started");
+  if (!console_ && !command->second.before_start) throw CommandError("the console has not been started");
+  (this->*command->second.obey)(words);
+}
+
+void Drill::end_process() {
+  machine_.clear_process();
+  console_.reset();
+}
+
+void Drill::do_start(const Words&) {
+  console_ = std::make_unique<Console>(machine_.machine());
+  console_->journal().written = [this](const std::string& line) {
+    print("journal " + in_quotes(line));
+    const auto blank = line.find(' ');
+    last_entry_ = blank == std::string::npos ? "" : line.substr(blank + 1);
+  };
+  console_->load();
+}
+
+void Drill::do_quit(const Words&) {
+  throw NoMoreCommands{};
+}
+
+}  // namespace evac::drill

@@ -1,0 +1,104 @@
+// The drill: obeys one command a line on a whole console with a virtual clock, and prints what happened.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <istream>
+#include <map>
+#include <memory>
+#include <ostream>
+
+#include "app/console.h"
+#include "drill/virtual_machine.h"
+#include "drill/words.h"
+
+namespace evac::drill {
+
+class Drill {
+ public:
+  // `number_lines`: failing commands are reported with the number of their line.
+  Drill(std::filesystem::path root, std::istream& in, std::ostream& out, bool number_lines);
+  ~Drill();
+
+  // Obeys all commands; the number of those that failed.
+  int run();
+
+ private:
+  using Words = std::vector<Word>;
+  struct Command {
+    void (Drill::*obey)(const Words&);
+    bool before_start;  // taken when no process runs
+    bool after_start;   // taken when one does
+  };
+  // No more commands; unwinds whatever waits.
+  struct NoMoreCommands {};
+
+  static const std::map<std::string_view, Command>& commands();
+
+  // Prints the result of the command before, then obeys the next one; what it sets off runs on top of what
+  // waits.
+  void next_command();
+  void print_result();
+  void obey(const Words& words);
+  void end_process();
+  Windows& windows() { return console_->windows(); }
+  void print(const std::string& line) { out_ << line << '\n'; }
+
+  // The machine.
+  void do_clock(const Words&);
+  void do_card(const Words&);
+  void do_contact(const Words&);
+  void do_sound(const Words&);
+  void do_nosound(const Words&);
+  void do_file(const Words&);
+  void do_hex(const Words&);
+  void do_remove(const Words&);
+  void do_drive(const Words&);
+  void do_port(const Words&);
+  void do_ls(const Words&);
+  void do_cat(const Words&);
+  void do_dump(const Words&);
+  void make_file(std::string_view path, std::string_view bytes);
+  // Time and the line.
+  void do_start(const Words&);
+  void do_wait(const Words&);
+  void do_rx(const Words&);
+  void do_frame(const Words&);
+  void do_quit(const Words&);
+  // The user.
+  void do_click(const Words&);
+  void do_rclick(const Words&);
+  void do_shift_rclick(const Words&);
+  void do_dblclick(const Words&);
+  void do_set(const Words&);
+  void do_key(const Words&);
+  void do_drag(const Words&);
+  void do_drop(const Words&);
+  void do_close(const Words&);
+  void do_answer(const Words&);
+  // A control that the user's hand reaches; an error otherwise.
+  Control& reachable(const Word& name);
+  // What is seen.
+  void do_get(const Words&);
+  void do_items(const Words&);
+  void do_expect(const Words&);
+  void do_forget(const Words&);
+  void expect_frames(const Words&);
+  void expect_no(const Words&);
+  void expect_box(const Words&);
+  void expect_journal(const Words&);
+  void expect_row(const Words&);
+
+  std::istream& in_;
+  std::ostream& out_;
+  const bool number_lines_;
+  VirtualMachine machine_;
+  std::unique_ptr<Console> console_;
+  std::string last_entry_;  // the journal's last line behind its time
+  std::string result_;      // of the command before; empty when it is printed
+  bool reported_ = true;
+  int line_ = 0, command_line_ = 0;
+  int failures_ = 0;
+};
+
+}  // namespace evac::drill

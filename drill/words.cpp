@@ -1,0 +1,132 @@
+#include "drill/words.h"
+
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+
+#include "model/text.h"
+
+namespace evac::drill {
+namespace {
+
+constexpr std::size_t kFileTextWord = 2;
+
+// Reads a quoted word from behind its opening quote; leaves `at` behind the closing one.
+std::string read_quoted(std::string_view line, std::size_t& at, bool line_ends) {
+  std::string text;
+  for (; at < line.size(); ++at) {
+    const char c = line[at];
+    if (c == '"') {
+      ++at;
+      return text;
+    }
+    const char next = c == '\\' && at + 1 < line.size() ? line[at + 1] : '\0';
+    if (next == '"' || next == '\\')
+      text += next;
+    else if (next == 't')
+      text += '\t';
+    else if (next == 'n' && line_ends)
+      text += "\r\n";
+    else {
+      text += c;
+      continue;
+    }
+    ++at;
+  }
+  throw CommandError("a quote is not closed");
+}
+
+}  // namespace
+
+std::vector<Word> split_words(std::string_view line) {
+  std::vector<Word> words;
+  for (std::size_t at = 0; at < line.size();) {
+    if (line[at] == ' ' || line[at] == '\t') {
+      ++at;
+    } else if (line[at] == '"') {
+      const bool line_ends = words.size() == kFileTextWord && words[0].text == "file";
+      words.push_back({read_quoted(line, ++at, line_ends), true});
+    } else {
+      const auto end = std::min(line.find_first_of(" \t", at), line.size());
+      words.push_back({std::string(line.substr(at, end - at)), false});
+      at = end;
+    }
+  }
+  return words;
+}
+
+std::string in_quotes(std::string_view text) {
+  std::string out = "\"";
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == '"' || c == '\\')
+      out += {'\\', c};
+    else if (c == '\t')
+      out += "\\t";
+    else if (c == '\n')
+      out += "\\n";
+    else if (c != '\r' || i + 1 == text.size() || text[i + 1] != '\n')
+      out += c;
+  }
+  return out + "\"";
+}
+
+int parse_int(const Word& word, std::string_view what) {
+  int value = 0;
+  const auto end = word.text.data() + word.text.size();
+  const auto read = std::from_chars(word.text.data(), end, value);
+  if (read.ec != std::errc() || read.ptr != end)
+    throw CommandError(join(what, " is no whole number: ", word.text));
+  return value;
+}
+
+unsigned char parse_byte(const Word& word) {
+  unsigned value = 0;
+  const auto end = word.text.data() + word.text.size();
+  const auto read = std::from_chars(word.text.data(), end, value, 16);
+  if (word.text.size() != 2 || read.ec != std::errc() || read.ptr != end)
+    throw CommandError("a byte is two hexadecimal digits, not " + word.text);
+  return static_cast<unsigned char>(value);
+}
+
+double parse_number(const std::string& text) {
+  char* end = nullptr;
+  const double value = std::strtod(text.c_str(), &end);
+  if (text.empty() || *end || value < 0) throw CommandError("no number: " + text);
+  return value;
+}
+
+std::chrono::milliseconds parse_duration(const std::string& text) {
+  const bool short_unit = text.ends_with("ms");
+  if (!text.ends_with('s')) throw CommandError("a duration ends in ms or s: " + text);
+  const double value = parse_number(text.substr(0, text.size() - (short_unit ? 2 : 1)));
+  return std::chrono::milliseconds(static_cast<long long>(short_unit ? value : value * 1000));
+}
+
+bool parse_switch(const Word& word, std::string_view first, std::string_view second) {
+  if (word.text == first) return true;
+  if (word.text == second) return false;
+  throw CommandError(join("expected ", first, " or ", second, ", not ", word.text));
+}
+
+Date parse_date(const Word& word) {
+  int year = 0;
+  unsigned month = 0, day = 0;
+  char more = 0;
+  const bool iso = std::sscanf(word.text.c_str(), "%d-%u-%u%c", &year, &month, &day, &more) == 3;
+  const bool local = !iso && std::sscanf(word.text.c_str(), "%u.%u.%d%c", &day, &month, &year, &more) == 3;
+  const Date date{std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)};
+  if ((!iso && !local) || !date.ok()) throw CommandError("no date: " + word.text);
+  return date;
+}
+
+void want(const std::vector<Word>& words, std::size_t count, std::string_view form) {
+  if (words.size() != count) throw CommandError(join("expected: ", form));
+}
+
+std::string hex_byte(unsigned char byte) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  return {digits[byte >> 4], digits[byte & 15]};
+}
+
+}  // namespace evac::drill

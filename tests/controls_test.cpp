@@ -1,0 +1,187 @@
+// The rules of the widget layer: which settings raise events, what a user's hand reaches, what a view is
+// told.
+#include <gtest/gtest.h>
+
+#include "drill/virtual_machine.h"
+#include "platform/user.h"
+#include "tests/scratch.h"
+
+namespace evac {
+namespace {
+
+class Controls : public testing::Test {
+ protected:
+  Controls() : machine(scratch.path), windows(machine.loop(), machine), form(windows, "Form1", "") {
+    windows.show(form);
+  }
+
+  Scratch scratch;
+  drill::VirtualMachine machine;
+  Windows windows;
+  Form form;
+};
+
+TEST_F(Controls, OptionGroupRaisesOneClickAndTurnsTheOthersOffSilently) {
+  OptionGroup group;
+  OptionButton a(form.place(), group, "A"), b(form.place(), group, "B");
+  std::string clicks;
+  a.click = [&] { clicks += 'a'; };
+  b.click = [&] { clicks += 'b'; };
+  a.set_value(true);
+  a.set_value(true);
+  b.set_value(true);
+  EXPECT_EQ(clicks, "ab");
+  EXPECT_EQ(group.chosen(), &b);
+  b.set_value(false);
+  EXPECT_EQ(group.chosen(), nullptr);
+  user::click(a);
+  user::click(a);
+  EXPECT_EQ(clicks, "abaa");
+}
+
+TEST_F(Controls, EventsOfValuesComeOnChangeOnly) {
+  ScrollBar bar(form.place(), "Bar", 1, 100, 1);
+  CheckBox box(form.place(), "Box");
+  ListBox list(form.place(), "List");
+  ComboBox combo(form.place(), "Combo");
+  int changes = 0;
+  bar.change = box.click = list.click = combo.click = [&] { ++changes; };
+  bar.set_value(1);
+  bar.set_value(-5);
+  EXPECT_EQ(changes, 0);
+  bar.set_value(1000);
+  EXPECT_EQ(bar.value(), 100);
+  bar.set_value(5000);
+  EXPECT_EQ(changes, 1);
+  box.set_value(true);
+  box.set_value(true);
+  EXPECT_EQ(changes, 2);
+  user::click(box);
+  EXPECT_FALSE(box.value());
+  EXPECT_EQ(changes, 3);
+  list.add("один");
+  list.add("два");
+  list.select(1);
+  list.select(1);
+  EXPECT_EQ(changes, 4);
+  user::pick(list, 1);
+  EXPECT_EQ(changes, 5);
+  list.remove(0);
+  EXPECT_EQ(list.selected(), 0);
+  EXPECT_THROW(list.select(7), Fault);
+  combo.add("a.wav");
+  combo.set_text("другое");
+  combo.select(0);
+  EXPECT_EQ(combo.text(), "a.wav");
+  EXPECT_EQ(changes, 6);
+}
+
+TEST_F(Controls, AHandReachesNothingDisabledHiddenOrInSuchAFrameButCodeDoes) {
+  Frame outer(form.place(), "Outer"), inner(outer.inside(), "Inner");
+  Button button(inner.inside(), "Cmd");
+  int clicks = 0;
+  button.click = [&] { ++clicks; };
+  EXPECT_TRUE(user::click(button));
+  outer.set_enabled(false);
+  EXPECT_FALSE(user::click(button));
+  outer.set_enabled(true);
+  inner.set_visible(false);
+  EXPECT_FALSE(user::right_press(button));
+  inner.set_visible(true);
+  button.set_enabled(false);
+  EXPECT_FALSE(user::click(button));
+  button.click();
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(Controls, ARightPressCountsWithoutShiftOnly) {
+  Button button(form.place(), "Cmd");
+  int presses = 0;
+  button.mouse_down = [&](MousePress press) { presses += press.plain_right(); };
+  user::right_press(button);
+  user::right_press(button, true);
+  EXPECT_EQ(presses, 1);
+}
+
+TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {
+  PopupMenu menu(form.place(), "MnuSet");
+  MenuItem entry(menu, "ch", "Канал 1", 1);
+  Button elsewhere(form.place(), "Cmd");
+  int clicks = 0;
+  entry.click = [&] { ++clicks; };
+  EXPECT_FALSE(user::click(entry));
+  menu.show();
+  EXPECT_TRUE(user::click(entry));
+  EXPECT_FALSE(user::click(entry));
+  menu.show();
+  user::click(elsewhere);
+  EXPECT_FALSE(user::click(entry));
+  // It can be used over a modal window too, whose caller brought it up.
+  Form dialog(windows, "Form33", "");
+  machine.out_of_time = [&] {
+    menu.show();
+    EXPECT_TRUE(user::click(entry));
+    windows.hide(dialog);
+  };
+  windows.show_modal(dialog);
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(Controls, NamesAreFoundWithTheirIndexAndAWrongIndexIsAFault) {
+  ControlArray<Button> array(form.place(), "CmdAZ", 1, 3, "");
+  Label first(form.place("AlarmTab"), "LblT"), second(form.place("SourcesTab"), "LblT");
+  EXPECT_EQ(form.find("CmdAZ", 3), &array[3]);
+  EXPECT_EQ(form.find("CmdAZ"), nullptr);
+  EXPECT_EQ(form.find("CmdAZ", 0), nullptr);
+  EXPECT_EQ(form.find("LblT"), &first);
+  EXPECT_EQ(form.find("LblT", {}, "SourcesTab"), &second);
+  try {
+    array[0];
+    FAIL();
+  } catch (const Fault& fault) {
+    EXPECT_EQ(fault.number(), 9);
+  }
+}
+
+TEST_F(Controls, AViewIsToldOfChangesAndOfNothingElse) {
+  struct View : ControlView {
+    void control_changed(Control&) override { ++changes; }
+    void focus_wanted(Control&) override { ++focuses; }
+    int changes = 0, focuses = 0;
+  } view;
+  Label label(form.place(), "Lbl", "a");
+  label.attach(&view);
+  label.set_caption("a");
+  label.set_enabled(true);
+  EXPECT_EQ(view.changes, 0);
+  label.set_caption("b");
+  label.set_back_color(Color::kOn);
+  label.set_focus();
+  EXPECT_EQ(view.changes, 2);
+  EXPECT_EQ(view.focuses, 1);
+}
+
+TEST_F(Controls, GridSortsNumbersByValueBeforeWords) {
+  Grid grid(form.place(), "MSF2", 2);
+  grid.set_row_count(4);
+  const char* rows[][2] = {{"10", "a"}, {"9", "b"}, {"нет", "c"}, {"9", "d"}};
+  for (int r = 0; r < 4; ++r)
+    for (int c = 0; c < 2; ++c) grid.set_cell(r, c, rows[r][c]);
+  grid.sort(0);
+  std::string order;
+  for (int r = 0; r < 4; ++r) order += grid.cell(r, 1);
+  EXPECT_EQ(order, "bdac");
+  EXPECT_THROW(grid.cell(4, 0), Fault);
+}
+
+TEST_F(Controls, KeysPassThroughTheirHandler) {
+  TextBox box(form.place(), "Txt");
+  box.key_press = [](std::string& key) {
+    if (key != "\b" && (key < "0" || key > "9")) key.clear();
+  };
+  for (const char* key : {"4", "ж", "2", "\b", "7"}) user::press_key(box, key);
+  EXPECT_EQ(box.text(), "47");
+}
+
+}  // namespace
+}  // namespace evac

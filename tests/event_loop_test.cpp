@@ -1,0 +1,143 @@
+// The loop's promises: order, phase, late ticks, waiting inside a handler, boxes that hold and windows that
+// do not.
+#include <gtest/gtest.h>
+
+#include "drill/virtual_machine.h"
+#include "platform/user.h"
+#include "tests/scratch.h"
+
+namespace evac {
+namespace {
+
+using namespace std::chrono_literals;
+
+class Loop : public testing::Test {
+ protected:
+  Loop() : machine(scratch.path), windows(machine.loop(), machine), form(windows, "Form1", "") {
+    windows.show(form);
+  }
+
+  // Milliseconds into the wall clock's second.
+  long into_second() { return machine.wall().time_since_epoch().count() % 1000; }
+
+  Scratch scratch;
+  drill::VirtualMachine machine;
+  Windows windows;
+  Form form;
+};
+
+TEST_F(Loop, FirstTickComesOneIntervalAfterEnablingAndEnablingAgainKeepsThePhase) {
+  Timer timer(form.place(), "T", 100);
+  std::vector<long> ticks;
+  timer.tick = [&] { ticks.push_back(machine.now().time_since_epoch().count()); };
+  machine.run_for(30ms);
+  timer.set_enabled(true);
+  machine.run_for(50ms);
+  timer.set_enabled(true);
+  machine.run_for(160ms);
+  timer.set_enabled(false);
+  machine.run_for(300ms);
+  EXPECT_EQ(ticks, (std::vector<long>{130, 230}));
+}
+
+TEST_F(Loop, SecondTimerComesIntoPhaseWithTheWallClockAndMissesNoSecond) {
+  Timer timer(form.place(), "T", 1000);
+  std::vector<int> seconds;
+  long phase = 0;
+  timer.tick = [&] {
+    seconds.push_back(second_of_day(machine.wall()) - 8 * 3600);
+    phase = into_second();
+  };
+  machine.run_for(450ms);
+  timer.set_enabled(true);
+  machine.run_for(4s);
+  EXPECT_EQ(seconds, (std::vector<int>{1, 2, 3, 4}));
+  EXPECT_GT(phase, 0);
+  EXPECT_LT(phase, 100);
+  // A jump of the clock leaves the time to the next tick as it was; from there on every new second is met.
+  seconds.clear();
+  machine.run_for(300ms);
+  machine.set_wall(std::chrono::local_days(std::chrono::January / 5 / 2026) + 8h + 20s);
+  machine.run_for(3s);
+  EXPECT_EQ(seconds, (std::vector<int>{20, 21, 22}));
+}
+
+TEST_F(Loop, ALateTickIsTakenOnceAndBoxesHoldEverything) {
+  Timer fast(form.place(), "Fast", 20), slow(form.place(), "Slow", 1000);
+  int fast_ticks = 0, slow_ticks = 0, posted = 0;
+  fast.tick = [&] { ++fast_ticks; };
+  slow.tick = [&] { ++slow_ticks; };
+  fast.set_enabled(true);
+  slow.set_enabled(true);
+  machine.queue_answer({drill::Answer::Kind::kOk, {}, 5500ms});
+  machine.allow(5500ms);
+  machine.loop().post([&] { ++posted; });
+  machine.message("Ошибка", "");
+  EXPECT_EQ(fast_ticks + slow_ticks + posted, 0);
+  machine.run_for(0ms);
+  EXPECT_EQ(fast_ticks, 1);
+  EXPECT_EQ(slow_ticks, 1);
+  EXPECT_EQ(posted, 1);
+  machine.run_for(60ms);
+  EXPECT_EQ(fast_ticks, 4);
+}
+
+TEST_F(Loop, AHandlerThatWaitsLetsEvenItsOwnTimerIn) {
+  Timer timer(form.place(), "T", 20);
+  std::string order;
+  int depth = 0;
+  timer.tick = [&] {
+    const int mine = ++depth;
+    order += "(";
+    if (mine < 3)
+      while (depth < 3) machine.loop().pump();
+    order += ")";
+  };
+  timer.set_enabled(true);
+  machine.run_for(60ms);
+  EXPECT_EQ(order, "((()))");
+}
+
+TEST_F(Loop, EventsRunInTheOrderOfTheirMoments) {
+  Timer a(form.place(), "A", 100), b(form.place(), "B", 100);
+  std::string order;
+  a.tick = [&] { order += 'a'; };
+  b.tick = [&] { order += 'b'; };
+  b.set_enabled(true);
+  a.set_enabled(true);
+  machine.loop().post([&] {
+    order += '1';
+    machine.loop().post([&] { order += '2'; });
+  });
+  machine.run_for(250ms);
+  EXPECT_EQ(order, "12baba");
+}
+
+TEST_F(Loop, AModalWindowHoldsItsCallerAndTheWindowsUnderItButNoTicks) {
+  Form dialog(windows, "Form2", "");
+  Button under(form.place(), "CmdUnder"), inside(dialog.place(), "CmdInside");
+  Timer timer(form.place(), "T", 100);
+  int ticks = 0;
+  bool returned = false;
+  timer.tick = [&] { ++ticks; };
+  timer.set_enabled(true);
+  inside.click = [&] { windows.hide(dialog); };
+  int commands = 0;
+  machine.out_of_time = [&] {
+    if (++commands == 1) {
+      EXPECT_FALSE(user::click(under));
+      machine.allow(1s);
+    } else {
+      EXPECT_EQ(ticks, 10);
+      EXPECT_FALSE(returned);
+      EXPECT_TRUE(user::click(inside));
+    }
+  };
+  windows.show_modal(dialog);
+  returned = true;
+  EXPECT_EQ(commands, 2);
+  EXPECT_TRUE(user::click(under));
+}
+
+}  // namespace
+}  // namespace evac
