@@ -23,8 +23,8 @@ class AlertEnd {
         journal_(journal) {}
 
   // Ends every alert: stops all zones, the message and its timers, forgets the inputs that were answered.
-  // The alarm mark, a manual message, the simulation of inputs and the stop of detection stay as they are, and
-  // no preset is recalled.
+  // The alarm mark, a manual message, the simulation of inputs and the stop of detection stay as they are,
+  // and no preset is recalled.
   void AlertReset();
   // Takes all zones out of the alarm that the operator put them into: as the reset, but it stops the manual
   // message too, and the banks and the inputs that were answered stay as they are.

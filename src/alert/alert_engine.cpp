@@ -71,8 +71,8 @@ bool AlertEngine::scan_bank(int bank, const Words& words) {
   return true;
 }
 
-// The fourth bank's inputs are read and kept, and on purpose start nothing: its zones are alerted only as zones
-// of another zone's algorithm.
+// The fourth bank's inputs are read and kept, and on purpose start nothing: its zones are alerted only as
+// zones of another zone's algorithm.
 void AlertEngine::keep_bank4_bit(const Words& words) {
   const Bank& row = kBankTable.back();
   for (int zone = row.first_zone; zone <= row.last_zone; ++zone)

@@ -1,5 +1,6 @@
-// Watches for fire, ten times a second, and starts the alert. Which signal it watches is the alert type of the
-// settings: the external block's report, none but the operator's hand, or the contacts on the input cards.
+// Watches for fire, ten times a second, and starts the alert. Which signal it watches is the alert type of
+// the settings: the external block's report, none but the operator's hand, or the contacts on the input
+// cards.
 #pragma once
 
 #include "alert/alert_end.h"
@@ -14,8 +15,8 @@ namespace evac {
 
 class AlertEngine {
  public:
-  AlertEngine(AlertState& alert, const SettingsState& settings, AlarmTab& tab, Cards& cards, BlockAlert& block,
-              AlgorithmRun& algorithm, AlertEnd& end, Journal& journal)
+  AlertEngine(AlertState& alert, const SettingsState& settings, AlarmTab& tab, Cards& cards,
+              BlockAlert& block, AlgorithmRun& algorithm, AlertEnd& end, Journal& journal)
       : alert_(alert),
         settings_(settings),
         tab_(tab),

@@ -17,9 +17,9 @@ namespace evac {
 class AlertSettings {
  public:
   AlertSettings(SettingsState& settings, AlertState& alert, const SourceState& sources,
-                SupervisionState& supervision, AlertStore& store, MessageLists& messages, MessagePreview& preview,
-                AlgorithmEditor& editor, Form5& form5, AlarmTab& alarm_tab, ControlTab& control_tab,
-                const PictureStores& pictures, EventLoop& loop, Boxes& boxes)
+                SupervisionState& supervision, AlertStore& store, MessageLists& messages,
+                MessagePreview& preview, AlgorithmEditor& editor, Form5& form5, AlarmTab& alarm_tab,
+                ControlTab& control_tab, const PictureStores& pictures, EventLoop& loop, Boxes& boxes)
       : settings_(settings),
         alert_(alert),
         sources_(sources),

@@ -12,7 +12,8 @@ struct Form5 : Form {
 
   // The alert type, which enables one of the three frames below, and the source of a block's message.
   OptionGroup types, sources;
-  ControlArray<OptionButton> Opt1 = options(types, "Opt1", {"Блок Q-4710", "Ручное оповещение", "Контроллер"});
+  ControlArray<OptionButton> Opt1 =
+      options(types, "Opt1", {"Блок Q-4710", "Ручное оповещение", "Контроллер"});
   ControlArray<OptionButton> Opt2 = options(sources, "Opt2", {"Компьютер", "Внешний блок"});
 
   Frame Frm1{at, "Frm1", "Блок Q-4710"};

@@ -99,8 +99,8 @@ bool AlgorithmRun::play(std::string_view record) {
   const std::string file = AlgField(record, kAlgMessage);
   const auto length = message_.play(file);
   if (!length) return false;
-  journal_.JournalLine(join("Сообщение:  ", file, " длина: ", *length, " повторов: ",
-                            AlgField(record, kAlgPlays)));
+  journal_.JournalLine(
+      join("Сообщение:  ", file, " длина: ", *length, " повторов: ", AlgField(record, kAlgPlays)));
   return true;
 }
 

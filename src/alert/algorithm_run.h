@@ -1,5 +1,5 @@
-// The algorithm of the zone of fire: its steps one after the other, each with zones to switch on and a message
-// to play a number of times. Steps add zones; none is switched off before the end.
+// The algorithm of the zone of fire: its steps one after the other, each with zones to switch on and a
+// message to play a number of times. Steps add zones; none is switched off before the end.
 #pragma once
 
 #include "alert/banks.h"

@@ -41,8 +41,8 @@ void BlockAlert::start_message() {
     return;
   }
   tab_.Timer5.set_enabled(true);
-  journal_.JournalLine(join("Сообщение:  ", file(), " длина: ", *length, " повторов: ",
-                            settings_.SettingsLine[kBlockPlays]));
+  journal_.JournalLine(
+      join("Сообщение:  ", file(), " длина: ", *length, " повторов: ", settings_.SettingsLine[kBlockPlays]));
   house_.silence();
 }
 

@@ -25,8 +25,7 @@ void ManualAlert::start_message() {
     return;
   }
   tab_.Timer6.set_enabled(true);
-  journal_.JournalLine(
-      join("Сообщение:  ", file(), " повторов: ", settings_.SettingsLine[kManualPlays]));
+  journal_.JournalLine(join("Сообщение:  ", file(), " повторов: ", settings_.SettingsLine[kManualPlays]));
 }
 
 void ManualAlert::cancel_message() {

@@ -1,5 +1,5 @@
-// The manual panel of the alarm tab: the manual message, the test start of an algorithm, the stop of detection,
-// and all zones into the alarm and back.
+// The manual panel of the alarm tab: the manual message, the test start of an algorithm, the stop of
+// detection, and all zones into the alarm and back.
 #pragma once
 
 #include "alert/alert_end.h"

@@ -5,7 +5,8 @@
 namespace evac {
 
 MessagePreview::Choices MessagePreview::rows(Form5& f) {
-  constexpr std::string_view kCannotOpen = "Не удается открыть выбранный файл", kOpenError = "Ошибка открытия файла ";
+  constexpr std::string_view kCannotOpen = "Не удается открыть выбранный файл",
+                             kOpenError = "Ошибка открытия файла ";
   Choices choices;
   choices[1] = {&f.CmbF1, &f.LblL, &f.CmdSound1, &f.CmdStop1, kCannotOpen};
   choices[2] = {&f.CmbF2, &f.LblL2, &f.CmdSound2, &f.CmdStop2, kOpenError};

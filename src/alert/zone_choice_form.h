@@ -11,8 +11,8 @@ struct Form7 : Form {
   Place at = place();
 
   Frame Frame1{at, "Frame1", "Выбор зон"};
-  // From index 0 for zone 1. The box of zone 102 bears its neighbour's caption, so that "101" stands twice; this
-  // is to stay.
+  // From index 0 for zone 1. The box of zone 102 bears its neighbour's caption, so that "101" stands twice;
+  // this is to stay.
   ControlArray<CheckBox> Chk{0, kZones, [this](auto& items, int i) {
                                const int caption = i + 1 == kMiscaptioned ? kMiscaptioned - 1 : i + 1;
                                items.emplace_back(Frame1.inside(), "Chk", std::to_string(caption), i);
