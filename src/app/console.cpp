@@ -1,6 +1,14 @@
 #include "app/console.h"
 
 namespace evac {
+namespace {
+
+// The bar writes its value into the label.
+void show_value(ScrollBar& bar, Label& label) {
+  bar.change = [&bar, &label] { label.set_caption(std::to_string(bar.value())); };
+}
+
+}  // namespace
 
 Console::Console(const Machine& machine)
     : machine_(machine),
@@ -12,6 +20,8 @@ Console::Console(const Machine& machine)
       form55_(windows_),
       form6_(windows_),
       form4_(windows_),
+      form5_(windows_),
+      form7_(windows_),
       journal_(model_.calendar, model_.settings, machine.loop, machine.files),
       link_(model_.link, machine.port),
       dispatcher_(model_.link, link_, machine.loop, form1_, form1_),
@@ -30,12 +40,34 @@ Console::Console(const Machine& machine)
       zone_console_(model_.zones, model_.sources, model_.settings, model_.paint, form1_, form1_,
                     form1_.TerminalsTab::LblZ, form1_, link_, machine.boxes),
       terminal_console_(model_.terminals, model_.paint, form1_, terminal_settings_, link_, machine.boxes),
-      alert_store_(model_.settings, machine.files, machine.boxes) {
+      alert_store_(model_.settings, model_.algorithms, machine.files, machine.boxes),
+      message_lists_(model_.messages, model_.settings, form1_, form5_, machine.media.MP2),
+      message_preview_(model_.settings, form5_, message_lists_, machine.media.MP2, machine.files,
+                       machine.boxes),
+      zone_choice_(form7_),
+      algorithm_editor_(model_.algorithms, alert_store_, form5_, message_lists_, zone_choice_, machine.boxes),
+      alert_settings_(model_.settings, model_.alert, model_.sources, model_.supervision, alert_store_,
+                      message_lists_, message_preview_, algorithm_editor_, form5_, form1_, form1_, form1_,
+                      machine.loop, machine.boxes),
+      zone_lamps_(form1_, form1_),
+      house_(model_.player, model_.timer, model_.supervision, form1_, form1_, form1_, terminal_console_),
+      alert_end_(model_.alert, model_.settings, form1_, zone_lamps_, machine.media.MP1, machine.media.MP2,
+                 link_, journal_),
+      block_alert_(model_.alert, model_.settings, model_.link, form1_, zone_lamps_, house_, machine.media.MP2,
+                   machine.loop, machine.boxes, journal_),
+      algorithm_run_(model_.alert, model_.algorithms, model_.sources, form1_, zone_lamps_, house_,
+                     model_.settings, machine.media.MP2, machine.loop, machine.boxes, link_, journal_),
+      alert_engine_(model_.alert, model_.settings, form1_, machine.cards, block_alert_, algorithm_run_,
+                    alert_end_, journal_),
+      manual_alert_(model_.alert, model_.settings, model_.paint, form1_, zone_lamps_, alert_end_,
+                    machine.media.MP1, machine.loop, machine.boxes, link_, journal_) {
   wire();
   wire_equipment();
   wire_cells();
   wire_zones();
   wire_terminals();
+  wire_alert();
+  wire_alert_settings();
   wire_menu();
 }
 
@@ -124,6 +156,68 @@ void Console::wire_terminals() {
   form1_.CmdU.click = [this] { terminal_console_.send(); };
 }
 
+void Console::wire_alert() {
+  form1_.Timer4.tick = [this] { alert_engine_.tick(); };
+  form1_.Timer5.tick = [this] { block_alert_.tick(); };
+  form1_.Timer6.tick = [this] { manual_alert_.tick(); };
+  form1_.Timer7.tick = [this] { algorithm_run_.tick(); };
+
+  form1_.CmdAl.click = [this] { manual_alert_.start_message(); };
+  form1_.CmdCan.click = [this] { manual_alert_.cancel_message(); };
+  form1_.CmdDem.click = [this] { manual_alert_.start_algorithm(); };
+  form1_.CmdStF.click = [this] { manual_alert_.stop_detection(); };
+  form1_.CmdAlAl.click = [this] { manual_alert_.alert_all_zones(); };
+  form1_.VS1.change = [this] { manual_alert_.plays_changed(); };
+  form1_.VSFD.change = [this] { manual_alert_.test_zone_changed(); };
+  show_value(form1_.VSRT1, form1_.LblU1);
+  show_value(form1_.VSRT2, form1_.LblU2);
+  show_value(form1_.VSRT3, form1_.LblU3);
+  form1_.CmbF.click = [this] { message_lists_.show_length(form1_.CmbF.text(), form1_.AlarmTab::LblL); };
+}
+
+void Console::wire_alert_settings() {
+  form1_.M_n_op.click = [this] { open_settings(&Console::open_alert_settings); };
+  form5_.Opt1.on_click([this](int i) { alert_settings_.type_chosen(i); });
+  form5_.Opt2.on_click([this](int i) { alert_settings_.source_chosen(i); });
+  form5_.ChkM.click = [this] { alert_settings_.scan_clicked(); };
+  form5_.VsFr.change = [this] { alert_settings_.from_changed(); };
+  form5_.VsTo.change = [this] { alert_settings_.to_changed(); };
+  form5_.CmdSave.click = [this] { alert_settings_.save(); };
+  form5_.Command2.click = [this] { windows_.hide(form5_); };
+
+  show_value(form5_.VS1, form5_.LblKl);
+  show_value(form5_.VS2, form5_.Lblkl2);
+  show_value(form5_.VS3, form5_.LblKl3);
+  show_value(form5_.VsPo, form5_.LblPo);
+  show_value(form5_.VSRT1, form5_.LblU1);
+  show_value(form5_.VSRT2, form5_.LblU2);
+  show_value(form5_.VSRT3, form5_.LblU3);
+  show_value(form5_.VSH, form5_.LblH);
+  show_value(form5_.VSM, form5_.LblM);
+  show_value(form5_.VSkS, form5_.LblKs);
+
+  ComboBox* const choices[] = {&form5_.CmbF1, &form5_.CmbF2, &form5_.CmbF3};
+  Button* const sounds[] = {&form5_.CmdSound1, &form5_.CmdSound2, &form5_.CmdSound3};
+  Button* const stops[] = {&form5_.CmdStop1, &form5_.CmdStop2, &form5_.CmdStop3};
+  for (int n = 1; n <= 3; ++n) {
+    choices[n - 1]->click = [this, n] { message_preview_.chosen(n); };
+    sounds[n - 1]->click = [this, n] { message_preview_.play(n); };
+    stops[n - 1]->click = [this, n] { message_preview_.stop(n); };
+  }
+
+  form5_.VSNA.change = [this] { algorithm_editor_.algorithm_changed(); };
+  form5_.CmdAdd.click = [this] { algorithm_editor_.add_step(); };
+  form5_.CmdDel.click = [this] { algorithm_editor_.delete_step(); };
+  form5_.CmdZ.click = [this] { algorithm_editor_.choose_zones(); };
+  form5_.CmdPF.click = [this] { algorithm_editor_.print(); };
+  for (auto& list : form5_.Lst1) list.double_click = [this] { algorithm_editor_.delete_step(); };
+
+  form7_.Chk.on_click([this](int) { zone_choice_.zone_clicked(); });
+  form7_.ChkAll.click = [this] { zone_choice_.all_clicked(); };
+  form7_.CmdSave.click = [this] { zone_choice_.save(); };
+  form7_.Command2.click = [this] { windows_.hide(form7_); };
+}
+
 void Console::wire_menu() {
   form1_.M_n_o.click = [this] { open_settings(&Console::open_equipment); };
   form1_.M_n_z.click = [this] { open_settings(&Console::open_zones); };
@@ -149,6 +243,10 @@ void Console::open_zones() {
   equipment_.load();
   zone_settings_.prepare();
   windows_.show_modal(form33_);
+}
+
+void Console::open_alert_settings() {
+  alert_settings_.open();
 }
 
 void Console::open_terminals() {

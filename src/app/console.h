@@ -2,6 +2,9 @@
 // machine and calls load(); a Fault that comes out of anything ends it.
 #pragma once
 
+#include "alert/alert_engine.h"
+#include "alert/alert_settings.h"
+#include "alert/manual_alert.h"
 #include "app/form1.h"
 #include "console/audio_matrix.h"
 #include "console/equipment_settings.h"
@@ -40,12 +43,15 @@ class Console {
   void wire_cells();
   void wire_zones();
   void wire_terminals();
+  void wire_alert();
+  void wire_alert_settings();
   void wire_menu();
   // The one place where a settings window is asked for; what guards it stands here.
   void open_settings(void (Console::*open)());
   void open_equipment();
   void open_zones();
   void open_terminals();
+  void open_alert_settings();
   void shutdown();
 
   void make_folders();
@@ -67,6 +73,8 @@ class Console {
   Form55 form55_;
   Form6 form6_;
   Form4 form4_;
+  Form5 form5_;
+  Form7 form7_;
   Journal journal_;
   Link link_;
   Dispatcher dispatcher_;
@@ -82,6 +90,18 @@ class Console {
 
   // Alert.
   AlertStore alert_store_;
+  MessageLists message_lists_;
+  MessagePreview message_preview_;
+  ZoneChoice zone_choice_;
+  AlgorithmEditor algorithm_editor_;
+  AlertSettings alert_settings_;
+  ZoneLamps zone_lamps_;
+  House house_;
+  AlertEnd alert_end_;
+  BlockAlert block_alert_;
+  AlgorithmRun algorithm_run_;
+  AlertEngine alert_engine_;
+  ManualAlert manual_alert_;
 };
 
 }  // namespace evac

@@ -126,6 +126,7 @@ void Console::open_port() {
 }
 
 void Console::load_settings() {
+  alert_store_.LoadAlgorithms();
   alert_store_.LoadSettings();
   terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
   zone_settings_.LoadZoneSettings();
@@ -133,6 +134,7 @@ void Console::load_settings() {
   terminal_names_.load();
   zone_names_.load();
   terminal_console_.start();
+  message_lists_.LoadMessageList();
   zone_console_.PaintZoneChannels();
   zone_console_.InitZoneRows();
 }
