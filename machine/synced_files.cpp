@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <utility>
+
 namespace evac {
 
 SyncedFiles::SyncedFiles(std::map<char, std::filesystem::path> drives)
