@@ -1,0 +1,71 @@
+// The whole program: the machine under the console on Qt, the console, its windows; in training mode the
+// virtual rack and its window too.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "app/console.h"
+#include "desktop/boxes.h"
+#include "desktop/form_windows.h"
+#include "desktop/host_ini.h"
+#include "desktop/process.h"
+#include "desktop/qt_loop.h"
+#include "desktop/serial_line.h"
+#include "desktop/simulated_cards.h"
+#include "desktop/timed_media.h"
+#include "desktop/training_line.h"
+#include "machine/posix_files.h"
+
+namespace evac::desktop {
+
+class Stand;
+
+class Desktop {
+ public:
+  // With a training line the machine is a simulated one around its rack.
+  Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training);
+  ~Desktop();
+
+  // Loads the console and shows its main window. A Fault, or ProgramEnded, comes out of it as it is.
+  void start();
+  // Runs until the console ends the program, which throws ProgramEnded.
+  [[noreturn]] void run();
+  // One step of the loop.
+  void pump() { loop_.pump(); }
+
+  Console& console() { return *console_; }
+  Screen& screen() { return screen_; }
+  FormWindows& windows() { return windows_; }
+  SerialLine& line() { return line_; }
+  Notices& notices() { return notices_; }
+  PosixFiles& files() { return files_; }
+  EventLoop& loop() { return loop_; }
+  // Null outside training mode.
+  TrainingLine* training() { return training_.get(); }
+  Stand* stand() { return stand_.get(); }
+
+ private:
+  QWidget* make_extra(const std::string& name, QWidget* parent);
+
+  Notices notices_;
+  QtLoop host_;
+  EventLoop loop_{host_};
+  std::unique_ptr<TrainingLine> training_;
+  PosixFiles files_;
+  SerialLine line_;
+  TimedMedia mp_, mp1_, mp2_, mp3_;
+  std::unique_ptr<Cards> cards_;
+  QtBoxes boxes_;
+  std::unique_ptr<Tone> tone_;
+  DesktopProcess process_;
+  Screen screen_;
+  FormWindows windows_;
+  std::unique_ptr<Console> console_;
+  std::unique_ptr<Stand> stand_;
+};
+
+// The machine of the training mode, with its data under `folder`, which is made as needed.
+HostSetup training_setup(const std::filesystem::path& folder);
+
+}  // namespace evac::desktop

@@ -1,0 +1,59 @@
+// The windows of the console on the screen. Each is made from its layout at its first showing and kept. A
+// modal window is a window with modality: the console's own loop goes on beneath it.
+#pragma once
+
+#include <QMenu>
+#include <QWidget>
+#include <map>
+#include <memory>
+
+#include "desktop/view/layout_builder.h"
+#include "platform/windows.h"
+
+namespace evac::desktop {
+
+class FormWindow : public QWidget {
+ public:
+  FormWindow(Form& form, Screen& screen, const HostParts& host, const QString& title_suffix, QWidget* owner);
+  ~FormWindow() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void make_menu(QLayout& layout);
+  void show_title();
+
+  Form& form_;
+  Screen& screen_;
+  const QString title_suffix_;
+};
+
+class FormWindows : public WindowHost {
+ public:
+  // `title_suffix` stands behind the main window's title.
+  FormWindows(Screen& screen, HostParts host, QString title_suffix)
+      : screen_(screen), host_(std::move(host)), title_suffix_(std::move(title_suffix)) {}
+  ~FormWindows() override;
+
+  void form_shown(Form& form, bool modal) override;
+  void form_hidden(Form& form) override;
+  void popup_shown(PopupMenu& menu) override;
+  void popup_hidden(PopupMenu& menu) override;
+
+  // The window of the form, made now if it was not before.
+  FormWindow& window(Form& form);
+  // Gone before the controls are.
+  void destroy();
+
+ private:
+  Screen& screen_;
+  const HostParts host_;
+  const QString title_suffix_;
+  std::map<Form*, std::unique_ptr<FormWindow>> windows_;
+  std::unique_ptr<QMenu> popup_;
+  Form* main_ = nullptr;
+};
+
+}  // namespace evac::desktop

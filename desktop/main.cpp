@@ -1,0 +1,127 @@
+// evac-console: the operator's program.
+//   evac-console [--host FILE]                     on the machine that FILE, or the user's host.ini,
+//   describes evac-console --rehearse DIR [--seconds N]      a short run on the virtual rack, with pictures
+//   in DIR
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLockFile>
+#include <QStandardPaths>
+#include <cstdio>
+#include <iostream>
+
+#include "desktop/desktop.h"
+#include "desktop/rehearsal.h"
+#include "desktop/stand.h"
+#include "desktop/view/palette.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace evac;
+using namespace evac::desktop;
+
+constexpr int kFaultStatus = 1, kUsageStatus = 2;
+constexpr int kRehearsalSeconds = 8;
+constexpr double kLeastPointSize = 11;
+
+struct Options {
+  QString host, rehearse;
+  int seconds = kRehearsalSeconds;
+};
+
+Options read_options(const QApplication& application) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(
+      QStringLiteral("Operator console of a zoned public-address and evacuation network."));
+  parser.addHelpOption();
+  const QCommandLineOption host(QStringLiteral("host"), QStringLiteral("Machine description to use."),
+                                QStringLiteral("FILE"));
+  const QCommandLineOption rehearse(
+      QStringLiteral("rehearse"),
+      QStringLiteral("Run some seconds on the virtual rack, print what passed, save pictures in DIR."),
+      QStringLiteral("DIR"));
+  const QCommandLineOption seconds(QStringLiteral("seconds"), QStringLiteral("Length of the rehearsal."),
+                                   QStringLiteral("N"), QString::number(kRehearsalSeconds));
+  parser.addOptions({host, rehearse, seconds});
+  parser.process(application);
+  Options options{parser.value(host), parser.value(rehearse), 0};
+  bool number = false;
+  options.seconds = parser.value(seconds).toInt(&number);
+  if (!number || options.seconds < 1 || !parser.positionalArguments().isEmpty()) {
+    std::cerr << plain(parser.helpText());
+    std::exit(kUsageStatus);
+  }
+  return options;
+}
+
+// The description of the machine: the one asked for, or the user's own; none means training.
+std::optional<fs::path> host_file(const Options& options) {
+  if (!options.rehearse.isEmpty()) return std::nullopt;
+  if (!options.host.isEmpty()) return fs::path(plain(options.host));
+  const fs::path own =
+      fs::path(plain(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))) /
+      "evac-console" / "host.ini";
+  if (fs::exists(own)) return own;
+  return std::nullopt;
+}
+
+fs::path training_folder() {
+  return fs::path(plain(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))) /
+         "evac-console" / "training";
+}
+
+int run(const Options& options) {
+  HostSetup setup;
+  std::unique_ptr<TrainingLine> training;
+  std::unique_ptr<QLockFile> lock;
+  if (const auto file = host_file(options)) {
+    setup = read_host_ini(*file);
+  } else {
+    const fs::path folder = training_folder();
+    setup = training_setup(folder);
+    lock = std::make_unique<QLockFile>(QString::fromStdString((folder / "lock").string()));
+    if (!lock->tryLock(0)) {
+      std::cerr << "evac-console: the training mode runs already on " << folder.string() << '\n';
+      return kUsageStatus;
+    }
+    training = std::make_unique<TrainingLine>(setup.ports.at(1));
+    training->change([](rack::Rack& rack) { rack.set_poll_period(std::chrono::milliseconds(500)); });
+  }
+  Desktop desktop(setup, std::move(training));
+  try {
+    desktop.start();
+    if (!options.rehearse.isEmpty()) return rehearse(desktop, plain(options.rehearse), options.seconds);
+    if (desktop.stand()) desktop.stand()->show();
+    desktop.run();
+  } catch (const ProgramEnded&) {
+    return 0;
+  } catch (const Fault& fault) {
+    if (options.rehearse.isEmpty()) show_fault(fault.number(), fault.what());
+    std::cerr << "evac-console: fault " << fault.number() << ": " << fault.what() << '\n';
+    return kFaultStatus;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("evac-console"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Пульт оповещения"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setPalette(application_palette());
+  QFont font = QApplication::font();
+  if (font.pointSizeF() < kLeastPointSize) font.setPointSizeF(kLeastPointSize);
+  QApplication::setFont(font);
+  const Options options = read_options(application);
+  try {
+    return run(options);
+  } catch (const HostIniError& error) {
+    std::cerr << "evac-console: " << error.what() << '\n';
+    return kUsageStatus;
+  } catch (const std::exception& error) {
+    std::cerr << "evac-console: " << error.what() << '\n';
+    return kFaultStatus;
+  }
+}

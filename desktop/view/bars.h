@@ -1,0 +1,44 @@
+// Scroll bars, as a slider between a minus and a plus, for mouse, keyboard and finger; and progress bars.
+#pragma once
+
+#include <QAbstractSlider>
+
+#include "desktop/view/bound_widget.h"
+
+namespace evac::desktop {
+
+class BarView : public BoundWidget<QAbstractSlider, ScrollBar> {
+ public:
+  BarView(ScrollBar& control, Screen& screen, const Node& node, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  void show_state() override;
+  // The parts: less, the way of the handle (empty when there is no room for it), more.
+  struct Parts {
+    QRect less, way, more;
+  };
+  Parts parts() const;
+  int value_at(QPoint place) const;
+
+  Deeds deeds_;
+  bool showing_ = false;
+};
+
+class ProgressView : public BoundWidget<QWidget, ProgressBar> {
+ public:
+  ProgressView(ProgressBar& control, Screen& screen, const Node& node, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void show_state() override;
+};
+
+}  // namespace evac::desktop

@@ -1,0 +1,135 @@
+#include "desktop/view/lists.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "platform/user.h"
+
+namespace evac::desktop {
+namespace {
+
+// Draws a row that is cut at its tabs in columns; the bars that follow the tabs are marks of the file.
+class ColumnDelegate : public QStyledItemDelegate {
+ public:
+  ColumnDelegate(std::vector<double> stops, QObject* parent)
+      : QStyledItemDelegate(parent), stops_(std::move(stops)) {}
+
+  void paint(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyleOptionViewItem empty = option;
+    initStyleOption(&empty, index);
+    const QStringList fields = empty.text.split('\t');
+    empty.text.clear();
+    empty.widget->style()->drawControl(QStyle::CE_ItemViewItem, &empty, p, empty.widget);
+    const bool chosen = option.state & QStyle::State_Selected;
+    p->setPen(option.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
+    const int line = option.fontMetrics.height();
+    QRect area = option.rect.adjusted(line / 3, 0, 0, 0);
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+      QString field = fields[i].trimmed();
+      if (field.startsWith('|')) field = field.mid(1).trimmed();
+      const auto stop = static_cast<std::size_t>(i);
+      const int width =
+          stop < stops_.size() ? static_cast<int>(stops_[stop] * line) : option.rect.right() - area.left();
+      p->drawText(QRect(area.left(), area.top(), width - 4, area.height()), Qt::AlignVCenter,
+                  option.fontMetrics.elidedText(field, Qt::ElideRight, width - 4));
+      area.setLeft(area.left() + width);
+    }
+  }
+
+ private:
+  const std::vector<double> stops_;
+};
+
+}  // namespace
+
+QVariant RowModel::data(const QModelIndex& index, int role) const {
+  if (role != Qt::DisplayRole || index.row() >= list_.count()) return {};
+  return qt(list_.row(index.row()));
+}
+
+void RowModel::reload() {
+  beginResetModel();
+  endResetModel();
+}
+
+ListView::ListView(RowControl& control, Screen& screen, const Node& node, QWidget* parent)
+    : BoundWidget(control, screen, node, parent), model_(control) {
+  keep_size(node, line_ * 10, line_ * 5);
+  setUniformItemSizes(true);
+  setEditTriggers(NoEditTriggers);
+  setModel(&model_);
+  if (look_ == Look::kColumns) setItemDelegate(new ColumnDelegate(node.stops, this));
+  connect(this, &QListView::clicked, this, [this](const QModelIndex& index) { choose(index.row()); });
+  connect(this, &QListView::doubleClicked, this,
+          [this](const QModelIndex&) { screen_.act([&list = control_] { user::double_click(list); }); });
+}
+
+void ListView::choose(int row) {
+  screen_.act([&list = control_, row] {
+    if (row < list.count()) user::pick(list, row);
+  });
+}
+
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QListView::currentChanged(current, previous);
+  // By the keyboard: a click of the mouse is told by its own signal.
+  const bool by_key = !showing_ && current.isValid() && QGuiApplication::mouseButtons() == Qt::NoButton;
+  if (by_key) choose(current.row());
+}
+
+void ListView::show_state() {
+  showing_ = true;
+  if (shown_rows_ != control_.rows()) {
+    const int at = verticalScrollBar()->value();
+    shown_rows_ = control_.rows();
+    model_.reload();
+    verticalScrollBar()->setValue(at);
+  }
+  const QModelIndex chosen = model_.index(control_.selected());
+  if (chosen != currentIndex() || !selectionModel()->isSelected(chosen)) {
+    if (chosen.isValid())
+      setCurrentIndex(chosen);
+    else
+      selectionModel()->clear();
+  }
+  showing_ = false;
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  if (role == Qt::TextAlignmentRole) return Qt::AlignCenter;
+  if (role != Qt::DisplayRole || index.row() >= grid_.row_count()) return {};
+  return qt(grid_.cell(index.row(), index.column()));
+}
+
+void GridModel::reload() {
+  if (rows_ != grid_.row_count()) {
+    beginResetModel();
+    rows_ = grid_.row_count();
+    endResetModel();
+  } else if (rows_ > 0) {
+    emit dataChanged(index(0, 0), index(rows_ - 1, grid_.column_count() - 1));
+  }
+}
+
+GridView::GridView(Grid& control, Screen& screen, const Node& node, QWidget* parent)
+    : BoundWidget(control, screen, node, parent), model_(control) {
+  keep_size(node, line_ * 16, line_ * 6);
+  setModel(&model_);
+  horizontalHeader()->hide();
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  verticalHeader()->hide();
+  verticalHeader()->setDefaultSectionSize(line_ * 3 / 2);
+  // Always there, so that the columns keep in step with the heads above them.
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setEditTriggers(NoEditTriggers);
+  setSelectionBehavior(SelectRows);
+  setTabKeyNavigation(false);
+}
+
+void GridView::show_state() {
+  model_.reload();
+}
+
+}  // namespace evac::desktop

@@ -1,0 +1,63 @@
+// Lists and grids, which read their rows straight from the control.
+#pragma once
+
+#include <QAbstractListModel>
+#include <QListView>
+#include <QTableView>
+
+#include "desktop/view/bound_widget.h"
+
+namespace evac::desktop {
+
+class RowModel : public QAbstractListModel {
+ public:
+  explicit RowModel(const RowControl& list) : list_(list) {}
+  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : list_.count(); }
+  QVariant data(const QModelIndex& index, int role) const override;
+  void reload();
+
+ private:
+  const RowControl& list_;
+};
+
+class ListView : public BoundWidget<QListView, RowControl> {
+ public:
+  ListView(RowControl& control, Screen& screen, const Node& node, QWidget* parent);
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+ private:
+  void show_state() override;
+  void choose(int row);
+
+  RowModel model_;
+  std::vector<std::string> shown_rows_;
+  bool showing_ = false;
+};
+
+class GridModel : public QAbstractTableModel {
+ public:
+  explicit GridModel(const Grid& grid) : grid_(grid) {}
+  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : grid_.row_count(); }
+  int columnCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : grid_.column_count();
+  }
+  QVariant data(const QModelIndex& index, int role) const override;
+  void reload();
+
+ private:
+  const Grid& grid_;
+  int rows_ = 0;
+};
+
+class GridView : public BoundWidget<QTableView, Grid> {
+ public:
+  GridView(Grid& control, Screen& screen, const Node& node, QWidget* parent);
+
+ private:
+  void show_state() override;
+  GridModel model_;
+};
+
+}  // namespace evac::desktop

@@ -1,0 +1,57 @@
+#include "desktop/view/palette.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace evac::desktop {
+namespace {
+
+constexpr std::uint32_t kSystemColor = 0x80000000;
+
+double linear(double part) {
+  return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& color) {
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+}  // namespace
+
+QColor screen_color(Color color) {
+  if (color == Color::kWindow) return grey::kField;
+  const auto bits = static_cast<std::uint32_t>(color);
+  if (bits & kSystemColor) return grey::kFace;
+  return QColor(static_cast<int>(bits & 0xFF), static_cast<int>(bits >> 8 & 0xFF),
+                static_cast<int>(bits >> 16 & 0xFF));
+}
+
+bool is_signal(Color color) {
+  return !(static_cast<std::uint32_t>(color) & kSystemColor);
+}
+
+double contrast(const QColor& a, const QColor& b) {
+  const double one = luminance(a), other = luminance(b);
+  return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
+}
+
+QColor text_upon(const QColor& back) {
+  return contrast(grey::kText, back) >= contrast(Qt::white, back) ? grey::kText : QColor(Qt::white);
+}
+
+QPalette application_palette() {
+  QPalette palette(grey::kFace, grey::kWindow);
+  palette.setColor(QPalette::Base, grey::kField);
+  palette.setColor(QPalette::AlternateBase, grey::kWindow);
+  palette.setColor(QPalette::Highlight, grey::kFocus);
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::ToolTipBase, grey::kField);
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+    palette.setColor(role, grey::kText);
+    palette.setColor(QPalette::Disabled, role, grey::kFaint);
+  }
+  return palette;
+}
+
+}  // namespace evac::desktop

@@ -1,0 +1,35 @@
+// Lines of text to type in, and combo boxes.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+
+#include "desktop/view/bound_widget.h"
+
+namespace evac::desktop {
+
+class TextView : public BoundWidget<QLineEdit, TextBox> {
+ public:
+  TextView(TextBox& control, Screen& screen, const Node& node, QWidget* parent);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void show_state() override;
+  Deeds deeds_;
+};
+
+// Shows the control's text, which need not be one of its rows.
+class ComboView : public BoundWidget<QComboBox, ComboBox> {
+ public:
+  ComboView(ComboBox& control, Screen& screen, const Node& node, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void show_state() override;
+};
+
+}  // namespace evac::desktop
