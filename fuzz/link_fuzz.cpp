@@ -22,6 +22,8 @@ class Desk {
     console_.load();
   }
 
+  ~Desk() { std::fprintf(stderr, "%llu bytes went through the line\n", bytes_heard_); }
+
   void hear(const std::uint8_t* data, std::size_t size) {
     machine_.sent().clear();
     int polls = 0;
@@ -30,6 +32,7 @@ class Desk {
       const std::size_t length = std::min<std::size_t>(data[at] & 0x1F, size - at - 1);
       const auto pause = std::chrono::milliseconds((data[at] >> 5) * 7);
       machine_.receive({data + at + 1, length});
+      bytes_heard_ += length;
       at += 1 + length;
       machine_.run_for(pause);
     }
@@ -51,6 +54,7 @@ class Desk {
   }
   drill::VirtualMachine machine_;
   Console console_;
+  unsigned long long bytes_heard_ = 0;
 };
 
 }  // namespace

@@ -66,11 +66,11 @@ int write_all(int fd, std::string_view bytes) {
   return kNoError;
 }
 
-int write_and_sync(const fs::path& file, int flags, std::string_view bytes) {
+int write_file(const fs::path& file, int flags, std::string_view bytes, bool synced) {
   Descriptor descriptor(file, O_WRONLY | O_CREAT | flags);
   if (descriptor.get() < 0) return error_of(errno);
   if (const int error = write_all(descriptor.get(), bytes)) return error;
-  return ::fsync(descriptor.get()) == 0 ? kNoError : error_of(errno);
+  return !synced || ::fsync(descriptor.get()) == 0 ? kNoError : error_of(errno);
 }
 
 }  // namespace
@@ -135,7 +135,7 @@ int PosixFiles::replace(std::string_view path, std::string_view bytes) {
 int PosixFiles::append(std::string_view path, std::string_view bytes) {
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
-  return write_and_sync(file, O_APPEND, bytes);
+  return write_file(file, O_APPEND, bytes, false);
 }
 
 int PosixFiles::remove(std::string_view path) {
@@ -204,7 +204,7 @@ bool PosixFiles::drive_ready(char letter) {
 }
 
 int PosixFiles::write_whole(const fs::path& file, std::string_view bytes) {
-  return write_and_sync(file, O_TRUNC, bytes);
+  return write_file(file, O_TRUNC, bytes, true);
 }
 
 int PosixFiles::rename_over(const fs::path& from, const fs::path& to) {

@@ -5,6 +5,7 @@
 
 #include "drill/virtual_machine.h"
 #include "journal/journal.h"
+#include "tests/cut_files.h"
 #include "tests/scratch.h"
 
 namespace evac {
@@ -31,30 +32,8 @@ TEST(PosixFiles, PathsWithoutRegardToCase) {
   EXPECT_FALSE(files.drive_ready('D'));
 }
 
-// Stops a save at one of its steps, as a power cut would.
-class CutFiles : public PosixFiles {
- public:
-  using PosixFiles::PosixFiles;
-  struct PowerCut {};
-  int cut_at = 0;
-
- protected:
-  int write_whole(const fs::path& file, std::string_view bytes) override {
-    if (cut_at == 1) throw PowerCut{};
-    if (cut_at == 2) bytes = bytes.substr(0, bytes.size() / 2);
-    const int error = PosixFiles::write_whole(file, bytes);
-    if (cut_at == 2 || cut_at == 3) throw PowerCut{};
-    return error;
-  }
-  int rename_over(const fs::path& from, const fs::path& to) override {
-    const int error = PosixFiles::rename_over(from, to);
-    if (cut_at == 4) throw PowerCut{};
-    return error;
-  }
-};
-
 TEST(PosixFiles, ASaveCutOffAtAnyStepLeavesTheOldFileOrTheNewOne) {
-  for (int step = 1; step <= 4; ++step) {
+  for (int step = 1; step <= CutFiles::kSteps; ++step) {
     Scratch scratch;
     CutFiles files({{'C', scratch.path}});
     ASSERT_EQ(files.replace("C:\\F_ust.dat", "old old"), kNoError);
@@ -63,7 +42,7 @@ TEST(PosixFiles, ASaveCutOffAtAnyStepLeavesTheOldFileOrTheNewOne) {
     files.cut_at = 0;
     std::string bytes;
     ASSERT_EQ(files.read("C:\\F_ust.dat", bytes), kNoError);
-    EXPECT_EQ(bytes, step == 4 ? "new new new" : "old old") << step;
+    EXPECT_EQ(bytes, step == CutFiles::kSteps ? "new new new" : "old old") << step;
     // What the cut left behind is never listed, and does not stand in the way of the next save.
     EXPECT_EQ(files.files("C:\\"), std::vector<std::string>{"F_ust.dat"});
     EXPECT_EQ(files.replace("C:\\F_ust.dat", "later"), kNoError);

@@ -8,6 +8,9 @@ namespace evac {
 
 inline constexpr std::string_view kMessagePatterns = "*.Wav;*.mp3;*.mid;*.rmi";
 
+// The status lines among the labels LblU.
+inline constexpr int kModeLine = 5, kSecondLine = 0;
+
 struct AlarmTab {
   AlarmTab(Form& form, Files& files)
       : place{form.place("AlarmTab")},

@@ -1,5 +1,6 @@
 // The load event of Form1, in its order, and the clockwork of the timers.
 #include "app/console.h"
+#include "console/channel_colors.h"
 #include "model/text.h"
 
 namespace evac {
@@ -124,22 +125,33 @@ void Console::open_port() {
   port.read();
 }
 
-void Console::load_settings() {}
+void Console::load_settings() {
+  alert_store_.LoadAlgorithms();
+  alert_store_.LoadSettings();
+  terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
+  zone_settings_.LoadZoneSettings();
+  equipment_.load();
+  terminal_names_.load();
+  zone_names_.load();
+  terminal_console_.start();
+  message_lists_.LoadMessageList();
+  zone_console_.PaintZoneChannels();
+  zone_console_.InitZoneRows();
+}
 
 void Console::take_alert_settings() {
   const auto& line = model_.settings.SettingsLine;
-  model_.alert.al_rep = Number(line[kBlockPlays]);
-  model_.alert.man_rep = Number(line[kManualPlays]);
-  if (const int plays = Number(line[kManualPlays]); plays > 0 && plays < 101) form1_.VS1.set_value(plays);
+  model_.alert.al_rep = ClampedNumber(line[kBlockPlays]);
+  model_.alert.man_rep = ClampedNumber(line[kManualPlays]);
+  if (const int plays = model_.alert.man_rep; plays > 0 && plays < 101) form1_.VS1.set_value(plays);
   model_.timer.tm_on = model_.timer.tm_scan = true;
   auto& supervision = model_.supervision;
-  supervision.NextCheck = later_in_day(second_of_day(machine_.loop.wall()),
-                                       Number(line[kScanHours]) * 3600 + Number(line[kScanMinutes]) * 60);
-  supervision.auto_mode = Number(line[kAutoControl]) != 0;
+  supervision.NextCheck = later_in_day(second_of_day(machine_.loop.wall()), scan_period(model_.settings));
+  supervision.auto_mode = ClampedNumber(line[kAutoControl]) != 0;
   form1_.CmdZ.set_picture(supervision.auto_mode ? form1_.Pct_Kon : form1_.Pct_Koff);
   form1_.CmdZ.set_caption(supervision.auto_mode ? "ВКЛ" : "ВЫКЛ");
   form1_.Timer14.set_enabled(line[kRemoteControl] == "1");
-  supervision.TermMissLimit = Number(line[kScanCycles]);
+  supervision.TermMissLimit = ClampedNumber(line[kScanCycles]);
   form1_.CmdDem.set_enabled(line[kManualStart] == "1");
 }
 
@@ -150,10 +162,8 @@ void Console::register_cards() {
 }
 
 void Console::paint_legend() {
-  for (int i = 1; i <= form1_.L1.last(); ++i)
-    form1_.L1[i].set_back_color(kLegendColors[static_cast<std::size_t>(i - 1)]);
-  for (int i = 1; i <= form1_.L2.last(); ++i)
-    form1_.L2[i].set_back_color(kLegendColors[static_cast<std::size_t>(i - 1)]);
+  evac::paint_legend(form1_.L1);
+  evac::paint_legend(form1_.L2);
 }
 
 void Console::set_timers() {

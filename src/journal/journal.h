@@ -1,6 +1,6 @@
 // The day's journal: a plain text file a day, a line an event. The file is opened, written and closed by each
-// call, so a line is on disk when the call returns. A journal that can't be written loses the entry and stops
-// nobody.
+// call, so that a line is in the file when the call returns. A journal that can't be written loses the entry
+// and stops nobody.
 #pragma once
 
 #include <string>

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "model/bounded_array.h"
 #include "model/color.h"
@@ -144,6 +145,11 @@ struct AlgorithmState {
   BoundedArray<BoundedArray<std::string, 1, kAlgorithmSteps>, 1, kZones> AlgZoneTable;
 };
 
+// The message files, in the order in which they are listed.
+struct MessageState {
+  std::vector<std::string> MessageLengths;  // "0:00:10" of each file
+};
+
 struct SupervisionState {
   bool auto_mode = false;
   std::int32_t NextCheck = 0;  // time of day
@@ -176,6 +182,7 @@ struct SystemModel {
   SettingsState settings;
   AlertState alert;
   AlgorithmState algorithms;
+  MessageState messages;
   SupervisionState supervision;
   TimerState timer;
   PlayerState player;

@@ -1,5 +1,6 @@
 #include "model/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -69,6 +70,11 @@ int Number(std::string_view text) {
   const double value = std::nearbyint(Val(text));
   if (!(value >= -2147483648.0 && value <= 2147483647.0)) overflow();
   return static_cast<int>(value);
+}
+
+int ClampedNumber(std::string_view text) {
+  constexpr double kMost = 1e9;
+  return static_cast<int>(std::clamp(std::nearbyint(Val(text)), -kMost, kMost));
 }
 
 int Number16(std::string_view text) {

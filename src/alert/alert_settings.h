@@ -1,0 +1,78 @@
+// The settings window of alerting: what it shows when it opens, what its choices enable, and its save, which
+// takes effect on the main window at once.
+#pragma once
+
+#include "alert/alarm_tab.h"
+#include "alert/algorithm_editor.h"
+#include "alert/message_lists.h"
+#include "alert/message_preview.h"
+#include "link/header_strip.h"
+#include "model/system_model.h"
+#include "platform/machine.h"
+#include "store/alert_store.h"
+#include "supervision/control_tab.h"
+
+namespace evac {
+
+class AlertSettings {
+ public:
+  AlertSettings(SettingsState& settings, AlertState& alert, const SourceState& sources,
+                SupervisionState& supervision, AlertStore& store, MessageLists& messages,
+                MessagePreview& preview, AlgorithmEditor& editor, Form5& form5, AlarmTab& alarm_tab,
+                ControlTab& control_tab, const PictureStores& pictures, EventLoop& loop, Boxes& boxes)
+      : settings_(settings),
+        alert_(alert),
+        sources_(sources),
+        supervision_(supervision),
+        store_(store),
+        messages_(messages),
+        preview_(preview),
+        editor_(editor),
+        form5_(form5),
+        alarm_tab_(alarm_tab),
+        control_tab_(control_tab),
+        pictures_(pictures),
+        loop_(loop),
+        boxes_(boxes) {}
+
+  // Reads the files anew and shows the window until it is closed.
+  void open();
+
+  // Clicks of Opt1(i), Opt2(i) and ChkM.
+  void type_chosen(int i);
+  void source_chosen(int i);
+  void scan_clicked();
+  // The range of zones that is shown never has its end before its beginning.
+  void from_changed();
+  void to_changed();
+  void save();
+
+ private:
+  const std::string& line(SettingsIndex index) const { return settings_.SettingsLine[index]; }
+  int number(SettingsIndex index) const;
+  void show_types();
+  void show_numbers();
+  // False when the computer that is to play has no channel or no volume.
+  bool take_source();
+  // False when the period of the scan is nothing.
+  bool take_scan();
+  void set_auto_mode(bool on);
+  void show_on_main_window();
+
+  SettingsState& settings_;
+  AlertState& alert_;
+  const SourceState& sources_;
+  SupervisionState& supervision_;
+  AlertStore& store_;
+  MessageLists& messages_;
+  MessagePreview& preview_;
+  AlgorithmEditor& editor_;
+  Form5& form5_;
+  AlarmTab& alarm_tab_;
+  ControlTab& control_tab_;
+  const PictureStores& pictures_;
+  EventLoop& loop_;
+  Boxes& boxes_;
+};
+
+}  // namespace evac

@@ -1,0 +1,37 @@
+// A message that is followed by the clock. The media tell nobody that a file has ended, so the time of day of
+// its end is worked out when it starts, and a timer compares that with the clock.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "model/system_model.h"
+#include "platform/machine.h"
+
+namespace evac {
+
+class FollowedMessage {
+ public:
+  // Keeps the end, a time of day in whole seconds, in `end`.
+  FollowedMessage(Media& media, std::int32_t& end, const SettingsState& settings, EventLoop& loop)
+      : media_(media), end_(end), settings_(settings), loop_(loop) {}
+
+  // Plays a file of the folder "message". Returns the whole seconds to its end, one more than the file has;
+  // none when it can't be opened, and then the end stays as it was.
+  std::optional<int> play(std::string_view file);
+  // Whole seconds from now to the end; negative once it is past, and until midnight where it lies behind it.
+  int left() const;
+  // Sets the end so many seconds from now, whatever plays.
+  void end_in(int seconds);
+
+ private:
+  Media& media_;
+  std::int32_t& end_;
+  const SettingsState& settings_;
+  EventLoop& loop_;
+};
+
+// Path of a file in the folder "message".
+std::string message_path(const SettingsState& settings, std::string_view file);
+
+}  // namespace evac

@@ -1,0 +1,34 @@
+#include "store/algorithm_record.h"
+
+#include <array>
+
+#include "model/text.h"
+
+namespace evac {
+namespace {
+
+// What ends fields 1 to 4: one blank more each time.
+constexpr std::array<std::string_view, 4> kEnds = {"\t|", "\t |", "\t  |", "\t   |"};
+constexpr int kNumberLength = 3, kMessageLength = 20, kPlaysLength = 3;
+
+int end_of(std::string_view record, int field) {
+  return InStr(record, kEnds[static_cast<std::size_t>(field - 1)]);
+}
+
+}  // namespace
+
+std::string AlgField(std::string_view record, int n) {
+  if (record.empty() || n < kAlgNumber || n > kAlgZones) return {};
+  if (n == kAlgNumber) return Left(record, end_of(record, n));
+  const int before = end_of(record, n - 1);
+  const int count = n == kAlgZones ? Len(record) - before : end_of(record, n) - before - n;
+  return Trim(Mid(record, before + n, count));
+}
+
+std::string algorithm_record(std::string_view number, int order, std::string_view message,
+                             std::string_view plays, std::string_view zones) {
+  return join(Left(number, kNumberLength), kEnds[0], order, kEnds[1], Left(message, kMessageLength), kEnds[2],
+              Left(plays, kPlaysLength), kEnds[3], zones);
+}
+
+}  // namespace evac

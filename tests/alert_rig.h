@@ -1,0 +1,87 @@
+// A console on a virtual machine with alert settings, algorithms and messages in its files, and a log of all
+// that it does to the machine, each line with the time of day.
+#pragma once
+
+#include <algorithm>
+#include <memory>
+
+#include "app/console.h"
+#include "drill/virtual_machine.h"
+#include "model/text.h"
+#include "store/algorithm_record.h"
+#include "store/record_file.h"
+#include "tests/scratch.h"
+
+namespace evac {
+
+inline const std::string kAlgorithmPath = "C:\\ZEF_DAT\\alarm\\f_al.dat";
+inline const std::string kSettingsPath = "C:\\ZEF_DAT\\alarm\\f_al_str.dat";
+
+struct AlertRig {
+  AlertRig() {
+    machine.files().make_folder("C:\\ZEF_DAT\\alarm");
+    machine.files().make_folder("C:\\ZEF_DAT\\message");
+    machine.set_card(0, true);
+    machine.set_card(1, true);
+    machine.trace = [this](const std::string& line) {
+      if (logging) log.push_back(time_text(second_of_day(machine.wall())) + " " + line);
+    };
+  }
+
+  void write(const std::string& path, int record_length, const std::vector<std::string>& texts) {
+    RecordFile file(machine.files(), path, record_length);
+    for (std::size_t i = 0; i < texts.size(); ++i) file.put(static_cast<int>(i) + 1, texts[i]);
+    file.save();
+  }
+  void settle(const std::vector<std::string>& lines) { write(kSettingsPath, 256, lines); }
+  void settle_steps(const std::vector<std::string>& records) { write(kAlgorithmPath, 512, records); }
+  void sound(const std::string& name, double seconds) {
+    const std::string path = "C:\\ZEF_DAT\\message\\" + name;
+    machine.files().replace(path, "sound");
+    machine.set_sound(path, seconds);
+  }
+
+  void start() {
+    console.reset();
+    machine.clear_process();
+    console = std::make_unique<Console>(machine.machine());
+    console->load();
+    console->model().sources.ch_computer = 2;
+    console->model().sources.vol_computer = 20;
+    forget();
+  }
+  void forget() {
+    log.clear();
+    machine.sent().clear();
+    machine.raised().clear();
+  }
+  void run(std::chrono::milliseconds duration) { machine.run_for(duration); }
+  // How often the log has a line with that in it.
+  long logged(std::string_view part) const {
+    return std::count_if(log.begin(), log.end(),
+                         [&](const std::string& line) { return line.find(part) != std::string::npos; });
+  }
+  AlertState& alert() { return console->model().alert; }
+  const std::string& mode_line() { return console->form1().LblU[kModeLine].caption(); }
+
+  Scratch scratch;
+  drill::VirtualMachine machine{scratch.path};
+  std::unique_ptr<Console> console;
+  bool logging = true;
+  std::vector<std::string> log;
+};
+
+// Alert type "Контроллер", three plays of a block's message, the manual start allowed.
+inline std::vector<std::string> controller_settings() {
+  return {"3", "1", "fire.wav", "3", "fire.wav", "2", "0", "0", "0", "0", "0", "1", "1"};
+}
+
+// A step for one zone.
+inline std::string step_record(int algorithm, int order, int plays, int zone,
+                               std::string_view file = "fire.wav") {
+  std::string zones(kZones, '0');
+  zones[static_cast<std::size_t>(zone - 1)] = '1';
+  return algorithm_record(std::to_string(algorithm), order, file, std::to_string(plays), zones);
+}
+
+}  // namespace evac

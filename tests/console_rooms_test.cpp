@@ -1,0 +1,193 @@
+// The settings and console rooms on a whole console: files that hold what no window would write, and the
+// group buttons over many zones.
+#include <gtest/gtest.h>
+
+#include "app/console.h"
+#include "drill/virtual_machine.h"
+#include "tests/scratch.h"
+
+namespace evac {
+namespace {
+
+class ConsoleRooms : public testing::Test {
+ protected:
+  ConsoleRooms() {
+    settings.data_drive = "C";
+    settings.data_folder = "ZEF_DAT";
+    machine.files().make_folder("C:\\ZEF_DAT");
+  }
+  Form1& start() {
+    console.emplace(machine.machine());
+    console->load();
+    machine.sent().clear();
+    return console->form1();
+  }
+  // Every zone on that channel.
+  void write_zones(const std::string& channel) {
+    std::vector<CellRecord> zones(kZones);
+    for (int z = 1; z <= kZones; ++z) zones[static_cast<std::size_t>(z - 1)] = {std::to_string(z), channel};
+    ASSERT_EQ(write_cells(machine.files(), zone_file(settings), zones), kNoError);
+  }
+  void write_computer(const std::string& volume) {
+    EquipmentRecords records;
+    records.rows[4] = {"Компьютер", volume, "1"};
+    ASSERT_EQ(write_equipment(machine.files(), settings, records), kNoError);
+  }
+  std::string last_box() {
+    if (machine.raised().empty()) return "";
+    const std::string text = machine.raised().back();
+    machine.raised().clear();
+    return text;
+  }
+  Form& window(std::string_view name) { return *console->windows().find(name); }
+
+  Scratch scratch;
+  drill::VirtualMachine machine{scratch.path};
+  SettingsState settings;
+  std::optional<Console> console;
+};
+
+TEST_F(ConsoleRooms, TheGroupButtonsSwitchAllZonesTwiceEachAndStopEverything) {
+  write_zones("4");
+  write_computer("25");
+  Form1& form1 = start();
+  console->model().settings.SettingsLine[kBlockSource] = "1";
+  console->model().zones.ZoneChan[2] = 0;
+  console->model().zones.ZoneChan[3] = 1;
+
+  form1.CmdAG.click();
+  ASSERT_EQ(machine.sent().size(), 238u);
+  EXPECT_EQ(machine.sent()[0], (Frame9{0xAA, 0xAA, 4, 4, 25, 0xFD, 1, 0, 0x1F}));
+  EXPECT_EQ(machine.sent()[1], machine.sent()[0]);
+  EXPECT_EQ(machine.sent()[2][6], 3);  // a zone on another channel gets the computer's too
+  EXPECT_EQ(machine.sent().back()[6], 120);
+  EXPECT_EQ(form1.PctA[1].picture(), "PctD3");
+  EXPECT_EQ(form1.PctA[2].picture(), "PctD2");
+  EXPECT_EQ(form1.CmdAG.back_color(), Color::kOn);
+
+  // The other button serves only the zones on the computer's channel; stopping darkens every lamp.
+  machine.sent().clear();
+  form1.CmdTG.click();
+  EXPECT_EQ(machine.sent().size(), 236u);
+  EXPECT_EQ(machine.sent()[2][6], 4);
+  machine.sent().clear();
+  form1.CmdTG.click();
+  ASSERT_EQ(machine.sent().size(), 1u);
+  EXPECT_EQ(machine.sent()[0], (Frame9{0xAA, 0xAA, 9, 0, 0xFF, 0, 0, 0, 8}));
+  EXPECT_EQ(form1.PctA[3].picture(), "PctD2");
+  EXPECT_EQ(form1.CmdTG.back_color(), Color::kButtonFace);
+  EXPECT_EQ(form1.CmdAG.back_color(), Color::kOn);
+  form1.CmdAG.click();
+  EXPECT_EQ(machine.sent().size(), 2u);
+  EXPECT_EQ(form1.CmdAG.back_color(), Color::kButtonFace);
+}
+
+TEST_F(ConsoleRooms, TheGroupButtonsRefuseInTheirOrder) {
+  write_computer("0");
+  Form1& form1 = start();
+  auto& model = console->model();
+  model.sources.ch_computer = 0;
+  form1.CmdAG.click();
+  EXPECT_EQ(last_box(), "В настройках оповещения не выбран компьютер");
+  model.settings.SettingsLine[kBlockSource] = "1";
+  form1.CmdAG.click();
+  EXPECT_EQ(last_box(), "В настройках оборудования не выбран компьютер");
+  model.sources.ch_computer = 4;
+  form1.CmdTG.click();
+  EXPECT_EQ(last_box(), "Уровень звука в 4 канале =0");
+  EXPECT_FALSE(model.zones.ChosenZonesOn);
+  // With a volume but no zone settled it is on, and silent.
+  model.sources.vol_computer = 1;
+  form1.CmdAG.click();
+  EXPECT_EQ(last_box(), "");
+  EXPECT_EQ(form1.CmdAG.back_color(), Color::kOn);
+  EXPECT_TRUE(machine.sent().empty());
+}
+
+TEST_F(ConsoleRooms, AChannelThatIsNoneOfOursIsPassedOver) {
+  write_zones("7");
+  std::vector<CellRecord> terminals(kTerminals);
+  terminals[0] = {"1", "9"};
+  terminals[1] = {"2", "3"};
+  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
+  Form1& form1 = start();
+  auto& model = console->model();
+  model.zones.ZoneChan[5] = 0;
+  model.zones.ZoneVolScan[5] = 12;
+  form1.VS_Z[0].set_value(6);
+
+  // Only the zone of which a scan told a volume goes out, with no channel, at the volume of row 0.
+  form1.CmdAllZ.click();
+  ASSERT_EQ(machine.sent().size(), 1u);
+  EXPECT_EQ(machine.sent()[0], (Frame9{0xAA, 0xAA, 4, 0, 6, 0xFD, 5, 0, 0x0C}));
+  EXPECT_EQ(form1.CmdCh[5].caption(), "0");
+  EXPECT_EQ(form1.CmdVol[5].caption(), "6");
+  EXPECT_EQ(form1.CmdCh[6].caption(), "1");
+  // From 0 a row goes on to 1, and never below 0.
+  form1.CmdCh[5].mouse_down({.button = 2});
+  EXPECT_EQ(form1.CmdCh[5].caption(), "0");
+  form1.CmdCh[5].click();
+  EXPECT_EQ(form1.CmdCh[5].caption(), "1");
+
+  form1.Option1.press();
+  EXPECT_EQ(last_box(), "");
+  EXPECT_EQ(model.terminals.selected_count, 1);
+  form1.CmdAT[1].click();
+  EXPECT_EQ(last_box(), "Данному терминалу не назначен звуковой канал");
+}
+
+TEST_F(ConsoleRooms, ANumberThatDoesNotFitEndsTheReaderAndKeepsWhatWasRead) {
+  std::vector<CellRecord> terminals(kTerminals, {"9", "2"});
+  terminals[3].channel = "70000";
+  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
+  EquipmentRecords equipment;
+  equipment.rows[1] = {"Компьютер", "20", ""};
+  equipment.rows[2] = {"Тюнер", "99999", "1"};
+  equipment.rows[3] = {"mp3", "5", "1"};
+  equipment.port = "2";
+  equipment.outlets[0] = "255";
+  ASSERT_EQ(write_equipment(machine.files(), settings, equipment), kNoError);
+  start();
+  auto& model = console->model();
+
+  EXPECT_EQ(model.terminals.TermChan[3], 2);
+  EXPECT_EQ(model.terminals.TermChan[4], 0);
+  EXPECT_EQ(model.terminals.TermChan[5], 0);
+  EXPECT_EQ(window("Form55").find("Lbl", 4)->tool_tip(), "ВКЛ");
+  EXPECT_EQ(window("Form55").find("Lbl", 5)->tool_tip(), "");
+  EXPECT_EQ(model.sources.ch_computer, 1);
+  EXPECT_EQ(model.sources.vol_computer, 20);
+  EXPECT_EQ(model.sources.ch_tuner, 0);
+  EXPECT_EQ(model.sources.ch_mp3, 0);
+  EXPECT_EQ(model.power.SeqSavedMask[1], 0);
+  EXPECT_EQ(machine.machine().port.port(), 1);
+  EXPECT_EQ(last_box(), "");
+}
+
+TEST_F(ConsoleRooms, NamesPastTheLastButtonKeepTheirRecords) {
+  std::vector<std::string> lines;
+  for (int n = 1; n <= 260; ++n) lines.push_back(std::to_string(n) + "\tБлок " + std::to_string(n));
+  lines[1] = "";
+  lines[2] = "без номера";
+  ASSERT_EQ(write_names(machine.files(), terminal_names_file(settings), lines), kNoError);
+  Form1& form1 = start();
+  auto& list = dynamic_cast<ListBox&>(*window("Form4").find("List1"));
+  EXPECT_EQ(list.count(), 259);
+  EXPECT_EQ(form1.CmdAT[2].tool_tip(), "");
+  EXPECT_EQ(form1.CmdAT[3].tool_tip(), "без номера");
+  EXPECT_EQ(form1.CmdAT[255].tool_tip(), "Блок 255");
+  window("Form4").find("CmdSave")->click();
+  // The gap closes: every name moves up by one.
+  EXPECT_EQ(form1.CmdAT[2].tool_tip(), "без номера");
+  EXPECT_EQ(form1.CmdAT[255].tool_tip(), "Блок 256");
+  EXPECT_EQ(read_names(machine.files(), terminal_names_file(settings)).back(), "260\tБлок 260");
+  // A full list takes no more.
+  auto& number = dynamic_cast<ScrollBar&>(*window("Form4").find("VS1"));
+  dynamic_cast<TextBox&>(*window("Form4").find("Txt1")).set_text("Новый");
+  number.set_value(2);
+  window("Form4").find("CmdAdd")->click();
+  EXPECT_EQ(list.count(), 259);
+}
+
+}  // namespace
+}  // namespace evac
