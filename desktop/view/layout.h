@@ -12,10 +12,11 @@ namespace evac::desktop {
 // How a control is shown where its kind leaves a choice.
 enum class Look {
   kNormal,
-  kBig,      // an operator's chief button; a status line to be read from afar
+  kBig,      // an operator's chief button, a heading
+  kHuge,     // a status line to be read from across the room
   kStop,     // the button that ends an alert
   kTitle,    // the heading of a window or of the strip
-  kValue,    // a number or text in a field of its own
+  kValue,    // a number or text in a field of its own; a row or column on a ground of its own
   kSwatch,   // a sample of a colour
   kCell,     // a label that takes presses, one of many
   kLamp,     // a picture as a lamp with its number
