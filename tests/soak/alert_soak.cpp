@@ -74,15 +74,26 @@ class Year {
       default:
         fire();
     }
-    rig_.forget();
-    rig_.run(std::chrono::seconds(3600 + below(4 * 3600)));
+    const auto sent = frames_;
+    run(std::chrono::seconds(3600 + below(4 * 3600)));
     want(watching(), "not watching after some quiet hours");
-    want(rig_.machine.sent().empty(), "frames out of a quiet house");
+    want(frames_ == sent, "frames out of a quiet house");
   }
   double days() const { return static_cast<double>(rig_.machine.now().time_since_epoch() / 1s) / 86400.0; }
   int events = 0;
 
  private:
+  // The machine keeps what was sent until somebody takes it.
+  void run(std::chrono::milliseconds duration) {
+    for (; duration > 10s; duration -= 10s) {
+      rig_.run(10s);
+      frames_ += rig_.machine.sent().size();
+      rig_.forget();
+    }
+    rig_.run(duration);
+    frames_ += rig_.machine.sent().size();
+    rig_.machine.sent().clear();
+  }
   int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
   Form1& form() { return rig_.console->form1(); }
   AlertState& alert() { return rig_.alert(); }
@@ -97,7 +108,7 @@ class Year {
     if (alert().fire_stop) form().CmdStF.click();
     for (int i = 0; i < 2; ++i) form().CmdStF.click();
     // The alarm mark holds until the next fire; only that fire clears it.
-    rig_.run(1s);
+    run(1s);
   }
   void restart(const std::string& type) {
     type_ = type;
@@ -105,7 +116,7 @@ class Year {
     lines[kAlertType] = type;
     rig_.settle(lines);
     rig_.start();
-    rig_.run(2s);
+    run(2s);
     want(watching(), "not watching after a start");
   }
 
@@ -115,19 +126,22 @@ class Year {
     for (int n = 1 + below(3); n > 0; --n) zones.push_back(1 + below(kZones));
     for (const int zone : zones) {
       rig_.machine.set_contact(zone, true);
-      rig_.run(std::chrono::milliseconds(below(40000)));
+      run(std::chrono::milliseconds(below(40000)));
     }
     const bool heard = std::any_of(zones.begin(), zones.end(), [](int z) { return z <= 96; });
     const bool early = below(2) == 0;
     if (early) open_all(zones);
-    rig_.run(std::chrono::seconds(early ? 1 : 1800));
+    // Two alarm marks in one bank start each other anew with every tick, for as long as both contacts are
+    // closed.
+    const bool restless = std::count_if(zones.begin(), zones.end(), [](int z) { return z % 16 == 4; }) > 1;
+    run(std::chrono::seconds(early ? 1 : restless ? 10 : 1800));
     if (!heard) want(watching(), "a fourth bank's contact raised an alert");
     if (early) want(!alert().al_active, "an alert outlives its silent banks");
     if (!early) {
       // Each alert has run to its end, but for one that has no sound: its bank stays taken.
       want(!form().Timer7.enabled() || alert().al_active, "a timer runs with no alert");
       open_all(zones);
-      rig_.run(1s);
+      run(1s);
       want(!alert().al_active, "an alert is left with no contact closed");
     }
     reset();
@@ -144,9 +158,9 @@ class Year {
       rig_.machine.receive(frame);
     };
     report(15, 1 + below(kZones));
-    rig_.run(1s);
+    run(1s);
     want(alert().al_active && form().Timer5.enabled(), "a block's alarm was not recognised");
-    rig_.run(std::chrono::seconds(3 * 21 + 2));
+    run(std::chrono::seconds(3 * 21 + 2));
     want(alert().al_active && !form().Timer5.enabled(), "a block's alert does not wait for its reset");
     report(0, 1);
     reset();
@@ -160,11 +174,11 @@ class Year {
     form().CmdAl.click();
     const int zone = 1 + 3 * below(10);
     rig_.machine.set_contact(zone, true);
-    rig_.run(60s);
+    run(60s);
     want(alert().msg_manual && !alert().al_active, "a manual message does not hold detection");
     rig_.machine.set_contact(zone, false);
     for (int i = 0; i < 2; ++i) form().CmdCan.click();
-    rig_.run(1s);
+    run(1s);
     reset();
   }
   void test_start() {
@@ -173,7 +187,7 @@ class Year {
     form().VSFD.set_value(zone);
     answer_yes();
     form().CmdDem.click();
-    rig_.run(std::chrono::seconds(1 + below(60)));
+    run(std::chrono::seconds(1 + below(60)));
     want(alert().fire_sim, "a test start reads the cards");
     reset();
     want(!alert().fire_sim && watching(), "a test start is not over after the stop");
@@ -181,27 +195,28 @@ class Year {
   void all_zones() {
     for (int i = 0; i < 2; ++i) {
       form().CmdAlAl.click();
-      rig_.run(std::chrono::seconds(below(100)));
+      run(std::chrono::seconds(below(100)));
     }
     reset();
   }
   void stop_under_fire() {
     rig_.machine.set_contact(6, true);
-    rig_.run(5s);
+    run(5s);
     form().CmdStF.click();
-    rig_.run(std::chrono::seconds(below(600)));
+    run(std::chrono::seconds(below(600)));
     want(alert().fire_stop && !alert().al_active, "stopped, and yet an alert");
     form().CmdStF.click();
-    rig_.run(1s);
+    run(1s);
     want(alert().al_active && alert().alg_zone == 6, "the fire is not taken up after the stop");
     rig_.machine.set_contact(6, false);
-    rig_.run(1s);
+    run(1s);
     reset();
   }
 
   AlertRig rig_;
   std::mt19937 random_;
   std::string type_;
+  std::size_t frames_ = 0;
 };
 
 int soak(int days, unsigned seed) {
