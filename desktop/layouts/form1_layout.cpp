@@ -1,14 +1,10 @@
 // The main window: the header strip, and the seven tabs beneath it.
 #include "desktop/layouts/layouts.h"
+#include "desktop/layouts/parts.h"
 #include "model/system_model.h"
 
 namespace evac::desktop {
 namespace {
-
-// A scroll bar between its words and the label that shows its value.
-Node amount(const char* what, const char* bar, const char* label) {
-  return row({words(what).wide(9), use(bar).called(what).grow(1), use(label).shown(Look::kValue).wide(2.6)});
-}
 
 Node header_strip() {
   const Node left = column({use("LblDate").shown(Look::kTitle).wide(26),

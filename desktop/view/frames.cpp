@@ -36,6 +36,7 @@ TabsView::TabsView(TabStrip& control, Screen& screen, const Node& node, QWidget*
   bar_->setUsesScrollButtons(false);
   bar_->setDrawBase(true);
   bar_->setObjectName(objectName() + ".bar");
+  bar_->setAccessibleName(qt(control.full_name()));
   for (const auto& tab : control.tabs()) bar_->addTab(qt(tab));
   connect(bar_, &QTabBar::currentChanged, this, [this](int tab) {
     if (showing_) return;

@@ -34,6 +34,7 @@ struct Node {
     kFrame,    // a frame control around its only child
     kTabs,     // a tab strip with one child a tab
     kBoard,    // `count` controls of an array from `first`, `columns` a row; or rows of several arrays
+    kPile,     // controls of an array in one place, where the visible one is seen
     kFires,    // the numbers of an array whose picture is the fire's
     kNotices,  // what the host has to say
     kExtra,    // a button of the host's own, `name`
@@ -132,6 +133,11 @@ inline Node rows_of(std::vector<std::string> names, std::vector<std::string> hea
   Node node = board("", first, count, columns);
   node.names = std::move(names);
   node.heads = std::move(heads);
+  return node;
+}
+inline Node pile(const char* name, int first, int count) {
+  Node node = board(name, first, count, 1);
+  node.what = Node::What::kPile;
   return node;
 }
 inline Node fires(const char* array) {

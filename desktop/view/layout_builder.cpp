@@ -74,6 +74,8 @@ QWidget* LayoutBuilder::make(const Node& node, QWidget* parent) {
       return make_tabs(node, parent);
     case Node::What::kBoard:
       return make_board(node, parent);
+    case Node::What::kPile:
+      return make_pile(node, parent);
     case Node::What::kFires:
       return make_fires(node, parent);
     case Node::What::kNotices:
@@ -208,6 +210,16 @@ QWidget* LayoutBuilder::make_board(const Node& node, QWidget* parent) {
     }
     if (across > 0) layout->setColumnMinimumWidth(across * (arrays + 1) - 1, 2 * kGap);
   }
+  return box;
+}
+
+QWidget* LayoutBuilder::make_pile(const Node& node, QWidget* parent) {
+  auto* box = new QWidget(parent);
+  auto* layout = new QGridLayout(box);
+  layout->setContentsMargins(0, 0, 0, 0);
+  Node leaf = node;
+  for (int i = node.first; i < node.first + node.count; ++i)
+    layout->addWidget(make_control(control(node.names.front(), i, node.section), leaf, box), 0, 0);
   return box;
 }
 
