@@ -10,8 +10,10 @@
 namespace evac::desktop {
 namespace {
 
+constexpr std::string_view kOwnTitle = "Пульт оповещения";
+
 QString title_or_own(std::string_view title) {
-  return title.empty() ? QApplication::applicationDisplayName() : qt(title);
+  return qt(title.empty() ? kOwnTitle : title);
 }
 
 }  // namespace
@@ -47,7 +49,7 @@ std::string QtBoxes::input(std::string_view prompt, std::string_view title, std:
 }
 
 void show_fault(int number, const std::string& text) {
-  QMessageBox box(QMessageBox::Critical, QApplication::applicationDisplayName(),
+  QMessageBox box(QMessageBox::Critical, qt(kOwnTitle),
                   QStringLiteral("Ошибка %1:\n\n%2").arg(number).arg(qt(text)), QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
   box.exec();

@@ -107,7 +107,6 @@ int run(const Options& options) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("evac-console"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Пульт оповещения"));
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setStyle(QStringLiteral("Fusion"));
   QApplication::setPalette(application_palette());

@@ -50,6 +50,7 @@ Node zones_tab() {
   return frame(
       "Frame13",
       column({rows_of({"CmdAZ", "CmdCh", "CmdVol"}, {"Зона", "Канал", "Громк"}, 1, kZones, 8)
+                  .each_shown({Look::kCell, Look::kValue, Look::kNormal})
                   .wide(2.2)
                   .high(1.5)
                   .grow(1),
@@ -78,8 +79,9 @@ Node terminals_tab() {
                               row({words("№ пресета"), use("VsUs").called("№ пресета").grow(1),
                                    use("LblUs").shown(Look::kValue).wide(3)}),
                               use("CmdU").shown(Look::kBig).high(3), space()}));
-  return row({frame("Frame12", board("CmdAT", 1, kTerminals, 15).wide(2.2).high(1.6)).grow(3),
-              column({channel_panel(), Node(setting).grow(1)}).grow(2)});
+  return row(
+      {frame("Frame12", board("CmdAT", 1, kTerminals, 15).shown(Look::kCell).wide(2.2).high(1.6)).grow(3),
+       column({channel_panel(), Node(setting).grow(1)}).grow(2)});
 }
 
 Node player_tab() {

@@ -16,7 +16,7 @@ Node source_rows() {
     cells.push_back(use("Combo1", i).called("Источник").wide(10));
     cells.push_back(use("VS_Z", i).called("Громкость").wide(10).grow(1));
     cells.push_back(use("LblZ", i).shown(Look::kValue).wide(2.4));
-    cells.push_back(use("VS_N", i).called("Выход источника").wide(5));
+    cells.push_back(use("VS_N", i).called("Выход источника").wide(7));
     cells.push_back(use("LblN", i).shown(Look::kValue).wide(2.4));
   }
   return grid(kSourceRows, std::move(cells));

@@ -82,9 +82,10 @@ void ButtonView::paintEvent(QPaintEvent*) {
     back = back.darker(118);
   else if (underMouse() && isEnabled())
     back = back.lighter(104);
-  const double edge = says ? 2 : 1;
+  const bool stands_out = says && look_ != Look::kValue;
+  const double edge = stands_out ? 2 : 1;
   const QRectF box = QRectF(rect()).adjusted(edge / 2 + 1, edge / 2 + 1, -edge / 2 - 1, -edge / 2 - 1);
-  p.setPen(QPen(!isEnabled() ? grey::kLine.lighter(115) : says ? grey::kText : grey::kLine, edge));
+  p.setPen(QPen(!isEnabled() ? grey::kLine.lighter(115) : stands_out ? grey::kText : grey::kLine, edge));
   p.setBrush(back);
   p.drawRoundedRect(box, 3, 3);
 
@@ -99,10 +100,11 @@ void ButtonView::paintEvent(QPaintEvent*) {
   }
   if (!caption.isEmpty()) {
     QFont font = this->font();
-    font.setBold(font.bold() || says);
+    font.setBold(font.bold() || stands_out);
     p.setFont(font);
     p.setPen(isEnabled() || says ? text_upon(back) : grey::kFaint);
     p.drawText(text_area, kWrap, caption);
+    if (look_ == Look::kCell) draw_channel_sign(p, box, channel_of(control_.back_color()));
   }
   if (hasFocus()) {
     p.setBrush(Qt::NoBrush);

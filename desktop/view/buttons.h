@@ -10,7 +10,8 @@
 namespace evac::desktop {
 
 // Drawn with its back colour, its caption and its picture. One in a signal colour also has a heavy edge and
-// bold letters, so that the colour is not the only sign.
+// bold letters, so that the colour is not the only sign; not one that is shown as a value, whose caption
+// tells the same as the colour.
 class ButtonView : public BoundWidget<QAbstractButton, Control> {
  public:
   ButtonView(Control& control, Screen& screen, const Node& node, QWidget* parent);

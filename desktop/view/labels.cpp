@@ -51,6 +51,9 @@ void LabelView::paintEvent(QPaintEvent*) {
   p.setPen(look_ == Look::kCell && !on ? grey::kFaint : isEnabled() ? text_upon(back) : grey::kFaint);
   const int flags = plain_look ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter;
   draw_text(p, rect().adjusted(2, 0, -2, 0), flags, qt(control_.caption()));
+  if (look_ == Look::kCell) draw_channel_sign(p, rect(), channel_of(control_.back_color()));
+  if (look_ == Look::kSwatch && channel_of(control_.back_color()))
+    draw_text(p, rect(), Qt::AlignCenter, QString::number(channel_of(control_.back_color())));
   if (hasFocus()) {
     p.setBrush(Qt::NoBrush);
     p.setPen(QPen(grey::kFocus, 2));

@@ -18,7 +18,7 @@ enum class Look {
   kTitle,    // the heading of a window or of the strip
   kValue,    // a number or text in a field of its own; a row or column on a ground of its own
   kSwatch,   // a sample of a colour
-  kCell,     // a label that takes presses, one of many
+  kCell,     // a button or a label that takes presses, one of many; a channel's colour carries its number
   kLamp,     // a picture as a lamp with its number
   kColumns,  // a list whose rows are cut at tabs
   kUpright,  // a scroll bar that stands
@@ -47,6 +47,7 @@ struct Node {
   std::vector<Node> children;
   std::vector<std::string> names;  // of a board: its arrays, side by side; their heads stand in `heads`
   std::vector<std::string> heads;
+  std::vector<Look> looks;  // of a board's arrays, where they differ
   int first = 1, count = 0, columns = 1;
   std::vector<double> stops;  // of a list in columns: the width of each but the last
   Look look = Look::kNormal;
@@ -64,6 +65,7 @@ struct Node {
   Node& called(const char* what_it_is) { return words = what_it_is, *this; }
   Node& of(const char* part) { return section = part, *this; }
   Node& cut_at(std::vector<double> widths) { return look = Look::kColumns, stops = std::move(widths), *this; }
+  Node& each_shown(std::vector<Look> as) { return looks = std::move(as), *this; }
   Node& packed() { return tight = true, *this; }
 };
 

@@ -191,6 +191,7 @@ QWidget* LayoutBuilder::make_board(const Node& node, QWidget* parent) {
     const int across = by_columns ? i / rows : i % node.columns;
     for (int k = 0; k < arrays; ++k) {
       const auto at = static_cast<std::size_t>(k);
+      leaf.look = node.looks.empty() ? node.look : node.looks.at(at);
       leaf.words = node.words.empty() ? "" : node.words + " " + std::to_string(node.first + i);
       QWidget* widget = make_control(control(node.names[at], node.first + i, node.section), leaf, box);
       layout->addWidget(widget, down, across * (arrays + 1) + k);

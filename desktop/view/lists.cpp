@@ -10,11 +10,20 @@
 namespace evac::desktop {
 namespace {
 
+// Rows high enough for a finger.
+class RowDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return {QStyledItemDelegate::sizeHint(option, index).width(), option.fontMetrics.height() * 4 / 3};
+  }
+};
+
 // Draws a row that is cut at its tabs in columns; the bars that follow the tabs are marks of the file.
-class ColumnDelegate : public QStyledItemDelegate {
+class ColumnDelegate : public RowDelegate {
  public:
   ColumnDelegate(std::vector<double> stops, QObject* parent)
-      : QStyledItemDelegate(parent), stops_(std::move(stops)) {}
+      : RowDelegate(parent), stops_(std::move(stops)) {}
 
   void paint(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyleOptionViewItem empty = option;
@@ -25,7 +34,7 @@ class ColumnDelegate : public QStyledItemDelegate {
     const bool chosen = option.state & QStyle::State_Selected;
     p->setPen(option.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
     const int line = option.fontMetrics.height();
-    QRect area = option.rect.adjusted(line / 3, 0, 0, 0);
+    QRect area = option.rect.adjusted(2, 0, 0, 0);
     for (qsizetype i = 0; i < fields.size(); ++i) {
       QString field = fields[i].trimmed();
       if (field.startsWith('|')) field = field.mid(1).trimmed();
@@ -60,7 +69,12 @@ ListView::ListView(RowControl& control, Screen& screen, const Node& node, QWidge
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);
   setModel(&model_);
-  if (look_ == Look::kColumns) setItemDelegate(new ColumnDelegate(node.stops, this));
+  if (look_ == Look::kColumns) {
+    setItemDelegate(new ColumnDelegate(node.stops, this));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  } else {
+    setItemDelegate(new RowDelegate(this));
+  }
   connect(this, &QListView::clicked, this, [this](const QModelIndex& index) { choose(index.row()); });
   connect(this, &QListView::doubleClicked, this,
           [this](const QModelIndex&) { screen_.act([&list = control_] { user::double_click(list); }); });

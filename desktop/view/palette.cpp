@@ -30,6 +30,13 @@ bool is_signal(Color color) {
   return !(static_cast<std::uint32_t>(color) & kSystemColor);
 }
 
+int channel_of(Color color) {
+  constexpr int kChannels = 5;
+  const auto end = kLegendColors.begin() + kChannels;
+  const auto at = std::find(kLegendColors.begin(), end, color);
+  return at == end ? 0 : static_cast<int>(at - kLegendColors.begin()) + 1;
+}
+
 double contrast(const QColor& a, const QColor& b) {
   const double one = luminance(a), other = luminance(b);
   return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);

@@ -28,6 +28,8 @@ inline const QColor kPause(0xE8, 0xA0, 0x10);
 QColor screen_color(Color color);
 // A back colour that says something, unlike the grey of rest.
 bool is_signal(Color color);
+// The number of the channel that has this colour, so that it can stand beside the colour; 0 for none.
+int channel_of(Color color);
 // Dark text, or white where dark could not be read.
 QColor text_upon(const QColor& back);
 // Contrast of two colours, 1 to 21.

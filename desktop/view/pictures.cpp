@@ -177,6 +177,17 @@ void draw_lamp(QPainter& p, const QRectF& area, std::string_view name, const QSt
   p.restore();
 }
 
+void draw_channel_sign(QPainter& p, const QRectF& area, int channel) {
+  if (channel == 0) return;
+  p.save();
+  QFont font = p.font();
+  font.setPointSizeF(font.pointSizeF() * 0.65);
+  font.setBold(false);
+  p.setFont(font);
+  p.drawText(area.adjusted(0, 0, -3, 0), Qt::AlignRight | Qt::AlignBottom, QString::number(channel));
+  p.restore();
+}
+
 QString picture_words(std::string_view name) {
   if (name == "PctD2") return QStringLiteral("нет");
   if (name == "PctD3") return QStringLiteral("да");

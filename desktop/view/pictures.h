@@ -13,6 +13,8 @@ bool draw_picture(QPainter& painter, const QRectF& area, std::string_view name, 
 bool is_picture(std::string_view name);
 // A lamp of a zone, with its number in it.
 void draw_lamp(QPainter& painter, const QRectF& area, std::string_view name, const QString& number);
+// A small channel number in the lower right corner of something that has the channel's colour.
+void draw_channel_sign(QPainter& painter, const QRectF& area, int channel);
 // What the picture says, for assistive technology; empty for one that says nothing.
 QString picture_words(std::string_view name);
 
