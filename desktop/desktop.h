@@ -15,7 +15,7 @@
 #include "desktop/simulated_cards.h"
 #include "desktop/timed_media.h"
 #include "desktop/training_line.h"
-#include "machine/posix_files.h"
+#include "machine/synced_files.h"
 
 namespace evac::desktop {
 
@@ -39,7 +39,7 @@ class Desktop {
   FormWindows& windows() { return windows_; }
   SerialLine& line() { return line_; }
   Notices& notices() { return notices_; }
-  PosixFiles& files() { return files_; }
+  Files& files() { return files_; }
   EventLoop& loop() { return loop_; }
   // Null outside training mode.
   TrainingLine* training() { return training_.get(); }
@@ -52,7 +52,7 @@ class Desktop {
   QtLoop host_;
   EventLoop loop_{host_};
   std::unique_ptr<TrainingLine> training_;
-  PosixFiles files_;
+  SyncedFiles files_;
   SerialLine line_;
   TimedMedia mp_, mp1_, mp2_, mp3_;
   std::unique_ptr<Cards> cards_;

@@ -1,10 +1,10 @@
 #include "desktop/rehearsal.h"
 
-#include <QPushButton>
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
 #include <QMessageBox>
+#include <QPushButton>
 #include <iostream>
 
 #include "desktop/desktop.h"

@@ -1,8 +1,10 @@
 #include "desktop/serial_line.h"
 
 #include <QFileInfo>
+#include <QScopedValueRollback>
 #include <QStringList>
 #include <algorithm>
+#include <utility>
 
 #include "model/system_model.h"
 
@@ -52,13 +54,16 @@ Settings parse(const std::string& text) {
 SerialLine::SerialLine(EventLoop& loop, std::map<int, QString> devices, Notices& notices)
     : SerialPort(loop), devices_(std::move(devices)), notices_(notices) {
   connect(&device_, &QSerialPort::readyRead, this, &SerialLine::take_bytes);
-  // Behind the signal: the device must not be closed in the midst of its own work.
-  connect(
-      &device_, &QSerialPort::errorOccurred, this,
-      [this](QSerialPort::SerialPortError error) {
-        if (error != QSerialPort::NoError && device_.isOpen()) lose();
-      },
-      Qt::QueuedConnection);
+  connect(&device_, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
+    if (error == QSerialPort::NoError || configuring_ || !device_.isOpen()) return;
+    // Behind the signal: the device must not be closed in the midst of its own work.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          if (device_.isOpen()) lose();
+        },
+        Qt::QueuedConnection);
+  });
   retry_.setInterval(kRetry);
   connect(&retry_, &QTimer::timeout, this, &SerialLine::try_again);
   backlog_.setInterval(kBacklogShown);
@@ -78,19 +83,29 @@ std::optional<std::string> SerialLine::open_line(int number) {
   number_ = number;
   const QString name = device();
   if (name.isEmpty()) return "в host.ini для этого порта не названо устройство";
+  if (std::exchange(closing_, false)) {
+    if (device_.isOpen() && device_.portName() == name) return std::nullopt;
+    device_.close();
+  }
   device_.setPortName(name);
+  // A pseudo-terminal that already stands as it should takes a wish for parity as an error, here and below.
+  const QScopedValueRollback configuring(configuring_, true);
+  device_.setParity(QSerialPort::NoParity);
   if (!device_.open(QIODevice::ReadWrite)) return (name + ": " + plain_reason(device_)).toStdString();
   apply_settings();
   return std::nullopt;
 }
 
 void SerialLine::close_line(int) {
+  // The console closes its port only to open one at once. The device is kept until it is known which, so that
+  // frames that wait on the same line are not lost.
+  closing_ = true;
   retry_.stop();
-  device_.close();
   notices_.take_back(Notices::kLine);
 }
 
 void SerialLine::configure_line(const std::string&) {
+  const QScopedValueRollback configuring(configuring_, true);
   if (device_.isOpen()) apply_settings();
 }
 

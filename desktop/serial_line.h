@@ -43,6 +43,8 @@ class SerialLine : public QObject, public SerialPort {
   Notices& notices_;
   QSerialPort device_;
   QTimer retry_, backlog_;
+  bool closing_ = false;      // the console has closed its port, and not yet opened one again
+  bool configuring_ = false;  // errors of opening and setting up are told by their callers
   int number_ = 1;
   std::chrono::nanoseconds character_{0};  // time of one character on the line
   Clock::time_point free_{};               // when the line has carried all that was written

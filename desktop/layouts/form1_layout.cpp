@@ -1,25 +1,22 @@
 // The main window: the header strip, and the seven tabs beneath it.
 #include "desktop/layouts/layouts.h"
+#include "desktop/layouts/parts.h"
 #include "model/system_model.h"
 
 namespace evac::desktop {
 namespace {
 
-// A scroll bar between its words and the label that shows its value.
-Node amount(const char* what, const char* bar, const char* label) {
-  return row({words(what).wide(9), use(bar).called(what).grow(1), use(label).shown(Look::kValue).wide(2.6)});
-}
-
 Node header_strip() {
   const Node left = column({use("LblDate").shown(Look::kTitle).wide(26),
                             row({use("PctD1"), use("LblCon").wide(13), use("PctD0"), use("LblSs").wide(13)}),
-                            row({use("Picture2").wide(12), notices().grow(1)})});
-  const Node right =
-      column({use("LblU", 5).shown(Look::kBig).wide(26),
-              row({use("LblU", 0).shown(Look::kBig).wide(18).grow(1),
-                   use("LblT").of("AlarmTab").shown(Look::kBig).wide(4).called("Осталось"), extra("Стенд")}),
-              fires("PctA")});
-  return row({Node(left).grow(5), Node(right).grow(5)}).packed();
+                            row({use("Picture2").wide(12), notices().grow(1), extra("Стенд")})});
+  const Node right = column({use("LblU", 5).shown(Look::kBig).wide(26),
+                             row({use("LblU", 0).shown(Look::kBig).wide(18).grow(1),
+                                  use("LblT").of("AlarmTab").shown(Look::kBig).wide(4).called("Осталось")}),
+                             fires("PctA").wide(20)})
+                         .shown(Look::kValue)
+                         .packed();
+  return row({Node(left).grow(1), Node(right).grow(1)});
 }
 
 Node alarm_tab() {
@@ -40,7 +37,13 @@ Node alarm_tab() {
            use("CmdAlAl").shown(Look::kBig).high(2.8).grow(1)});
   const Node lamps =
       frame("Frm8", board("PctA", 1, kZones, 12).shown(Look::kLamp).wide(2.6).high(1.9).called("Зона"));
-  return row({column({Node(lamps).grow(1), groups}).grow(5), Node(manual).grow(3)});
+  const Node status =
+      column({use("LblU", 5).shown(Look::kHuge).wide(20).high(3.2),
+              row({use("LblU", 0).shown(Look::kHuge).wide(14).high(2).grow(1),
+                   use("LblT").of("AlarmTab").shown(Look::kHuge).wide(6).called("Осталось")})})
+          .shown(Look::kValue)
+          .packed();
+  return row({column({Node(lamps).grow(1), groups}).grow(5), column({status, Node(manual).grow(1)}).grow(3)});
 }
 
 Node zones_tab() {
@@ -89,7 +92,7 @@ Node player_tab() {
 Node output_choice(const char* option) {
   Nodes buttons = {words("Выход").wide(4)};
   for (int output = 0; output < 8; ++output) buttons.push_back(use(option, output).called("выход"));
-  return row(std::move(buttons));
+  return row(std::move(buttons)).packed();
 }
 
 Node deck(const char* button, const char* state, const char* option) {
@@ -161,8 +164,10 @@ Node power_tab() {
   const Node alarm = frame(
       "Frame5", kSequencers,
       column({use("CmdTW9").shown(Look::kBig).high(3), use("CmdTW10").shown(Look::kBig).high(3), space()}));
-  const Node log =
-      row({use("List1").wide(6).grow(1), use("List2").wide(6).grow(1), use("List3").wide(6).grow(1)});
+  const auto heard = [](const char* what, const char* list) {
+    return column({words(what), use(list).wide(6).grow(1)}).grow(1);
+  };
+  const Node log = row({heard("Вход 1", "List1"), heard("Время", "List2"), heard("Вход 2", "List3")});
   return row(
       {grid(2, std::move(blocks)).grow(2), column({alarm, Node(log).grow(1), use("Command1")}).grow(1)});
 }

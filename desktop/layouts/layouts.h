@@ -7,5 +7,12 @@ namespace evac::desktop {
 
 WindowLayout form1_layout();
 WindowLayout form2_layout();
+WindowLayout form22_layout();
+WindowLayout form33_layout();
+WindowLayout form55_layout();
+WindowLayout form6_layout();
+WindowLayout form4_layout();
+WindowLayout form5_layout();
+WindowLayout form7_layout();
 
 }  // namespace evac::desktop

@@ -17,9 +17,9 @@ constexpr double kLongCaption = 9;  // lines of text; a longer one is broken in 
 }  // namespace
 
 QFont font_of(Look look, QFont font) {
-  if (look == Look::kBig || look == Look::kStop || look == Look::kTitle) {
+  if (look == Look::kBig || look == Look::kStop || look == Look::kTitle || look == Look::kHuge) {
     font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * (look == Look::kTitle ? 1.25 : 1.1));
+    font.setPointSizeF(font.pointSizeF() * (look == Look::kHuge ? 1.5 : look == Look::kTitle ? 1.25 : 1.1));
   }
   return font;
 }
@@ -116,10 +116,41 @@ OptionView::OptionView(OptionButton& control, Screen& screen, const Node& node, 
   setAutoExclusive(false);
   setFocusPolicy(Qt::StrongFocus);
   setText(qt(control.caption()));
-  if (node.width > 0 || node.height > 0)
-    keep_size(node, QRadioButton::sizeHint().width(), QRadioButton::sizeHint().height());
+  QFont bold = font();
+  bold.setBold(true);
+  keep_size(node, ring_size() + QFontMetrics(bold).horizontalAdvance(text()) + line_ * 2 / 3, line_ * 7 / 5);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
+}
+
+int OptionView::ring_size() const {
+  return line_ * 9 / 10;
+}
+
+void OptionView::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  const QColor ink = isEnabled() ? grey::kText : grey::kFaint;
+  const double size = ring_size();
+  const QRectF ring(2, (height() - size) / 2, size, size);
+  p.setPen(QPen(isChecked() ? ink : grey::kLine, 1.5));
+  p.setBrush(isDown() ? grey::kFace : grey::kField);
+  p.drawEllipse(ring);
+  if (isChecked()) {
+    p.setPen(Qt::NoPen);
+    p.setBrush(ink);
+    p.drawEllipse(ring.adjusted(size / 4, size / 4, -size / 4, -size / 4));
+  }
+  QFont font = this->font();
+  font.setBold(isChecked());
+  p.setFont(font);
+  p.setPen(ink);
+  p.drawText(QRectF(ring.right() + line_ / 3.0, 0, width(), height()), Qt::AlignVCenter, text());
+  if (hasFocus()) {
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(grey::kFocus, 2));
+    p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+  }
 }
 
 void OptionView::show_state() {

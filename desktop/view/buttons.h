@@ -32,7 +32,12 @@ class OptionView : public BoundWidget<QRadioButton, OptionButton> {
  public:
   OptionView(OptionButton& control, Screen& screen, const Node& node, QWidget* parent);
 
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool hitButton(const QPoint& place) const override { return rect().contains(place); }
+
  private:
+  int ring_size() const;
   void show_state() override;
   void nextCheckState() override {}
 };

@@ -9,8 +9,24 @@ namespace evac::desktop {
 FrameView::FrameView(Frame& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent) {}
 
+namespace {
+
+// Tabs that a finger can hit.
+class WideTabs : public QTabBar {
+ public:
+  using QTabBar::QTabBar;
+
+ protected:
+  QSize tabSizeHint(int index) const override {
+    const int line = fontMetrics().height();
+    return {QTabBar::tabSizeHint(index).width() + line / 2, line * 2};
+  }
+};
+
+}  // namespace
+
 TabsView::TabsView(TabStrip& control, Screen& screen, const Node& node, QWidget* parent)
-    : BoundWidget(control, screen, node, parent), bar_(new QTabBar(this)), pages_(new QStackedWidget(this)) {
+    : BoundWidget(control, screen, node, parent), bar_(new WideTabs(this)), pages_(new QStackedWidget(this)) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
@@ -20,6 +36,7 @@ TabsView::TabsView(TabStrip& control, Screen& screen, const Node& node, QWidget*
   bar_->setUsesScrollButtons(false);
   bar_->setDrawBase(true);
   bar_->setObjectName(objectName() + ".bar");
+  bar_->setAccessibleName(qt(control.full_name()));
   for (const auto& tab : control.tabs()) bar_->addTab(qt(tab));
   connect(bar_, &QTabBar::currentChanged, this, [this](int tab) {
     if (showing_) return;

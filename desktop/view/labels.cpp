@@ -35,8 +35,8 @@ LabelView::LabelView(Control& control, Screen& screen, const Node& node, QWidget
 
 void LabelView::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  const bool plain_look = look_ == Look::kNormal || look_ == Look::kTitle || look_ == Look::kBig;
-  QColor back = grey::kWindow;
+  const bool plain_look = look_ != Look::kValue && look_ != Look::kSwatch && look_ != Look::kCell;
+  QColor back = palette().color(QPalette::Window);
   if (!plain_look || is_signal(control_.back_color())) {
     back = look_ == Look::kValue && !is_signal(control_.back_color()) ? grey::kField
                                                                       : screen_color(control_.back_color());
@@ -83,7 +83,7 @@ PictureView::PictureView(Picture& control, Screen& screen, const Node& node, QWi
   const bool lamp = look_ == Look::kLamp;
   setSizePolicy(lamp ? QSizePolicy::Preferred : QSizePolicy::Fixed,
                 lamp ? QSizePolicy::Preferred : QSizePolicy::Fixed);
-  if (node.width > 0) setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  if (!lamp && node.width > 0) setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 void PictureView::show_state() {

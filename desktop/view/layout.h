@@ -12,10 +12,11 @@ namespace evac::desktop {
 // How a control is shown where its kind leaves a choice.
 enum class Look {
   kNormal,
-  kBig,      // an operator's chief button; a status line to be read from afar
+  kBig,      // an operator's chief button, a heading
+  kHuge,     // a status line to be read from across the room
   kStop,     // the button that ends an alert
   kTitle,    // the heading of a window or of the strip
-  kValue,    // a number or text in a field of its own
+  kValue,    // a number or text in a field of its own; a row or column on a ground of its own
   kSwatch,   // a sample of a colour
   kCell,     // a label that takes presses, one of many
   kLamp,     // a picture as a lamp with its number
@@ -33,6 +34,7 @@ struct Node {
     kFrame,    // a frame control around its only child
     kTabs,     // a tab strip with one child a tab
     kBoard,    // `count` controls of an array from `first`, `columns` a row; or rows of several arrays
+    kPile,     // controls of an array in one place, where the visible one is seen
     kFires,    // the numbers of an array whose picture is the fire's
     kNotices,  // what the host has to say
     kExtra,    // a button of the host's own, `name`
@@ -131,6 +133,11 @@ inline Node rows_of(std::vector<std::string> names, std::vector<std::string> hea
   Node node = board("", first, count, columns);
   node.names = std::move(names);
   node.heads = std::move(heads);
+  return node;
+}
+inline Node pile(const char* name, int first, int count) {
+  Node node = board(name, first, count, 1);
+  node.what = Node::What::kPile;
   return node;
 }
 inline Node fires(const char* array) {

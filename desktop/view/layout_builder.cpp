@@ -10,6 +10,7 @@
 #include "desktop/view/host_widgets.h"
 #include "desktop/view/labels.h"
 #include "desktop/view/lists.h"
+#include "desktop/view/palette.h"
 #include "desktop/view/press.h"
 #include "desktop/view/texts.h"
 
@@ -17,12 +18,24 @@ namespace evac::desktop {
 namespace {
 
 constexpr int kGap = 6, kTightGap = 1;
+constexpr double kHeadSize = 0.85;  // of the heads over a board
 
 template <class View, class ControlType>
 QWidget* make_view(Control& control, Screen& screen, const Node& node, QWidget* parent) {
   auto* view = new View(dynamic_cast<ControlType&>(control), screen, node, parent);
   view->refresh();
   return view;
+}
+
+// A light field with a thin edge.
+QWidget* make_ground(QWidget* parent) {
+  auto* ground = new QFrame(parent);
+  ground->setFrameShape(QFrame::StyledPanel);
+  ground->setAutoFillBackground(true);
+  QPalette palette = ground->palette();
+  palette.setColor(QPalette::Window, grey::kField);
+  ground->setPalette(palette);
+  return ground;
 }
 
 }  // namespace
@@ -61,6 +74,8 @@ QWidget* LayoutBuilder::make(const Node& node, QWidget* parent) {
       return make_tabs(node, parent);
     case Node::What::kBoard:
       return make_board(node, parent);
+    case Node::What::kPile:
+      return make_pile(node, parent);
     case Node::What::kFires:
       return make_fires(node, parent);
     case Node::What::kNotices:
@@ -108,10 +123,11 @@ QWidget* LayoutBuilder::make_control(Control& control, const Node& node, QWidget
 }
 
 QWidget* LayoutBuilder::make_box(const Node& node, QWidget* parent) {
-  auto* box = new QWidget(parent);
+  QWidget* box = node.look == Look::kValue ? make_ground(parent) : new QWidget(parent);
   const bool lying = node.what == Node::What::kRow;
   auto* layout = new QBoxLayout(lying ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, box);
-  layout->setContentsMargins(0, 0, 0, 0);
+  const int margin = node.look == Look::kValue ? kGap : 0;
+  layout->setContentsMargins(margin, margin, margin, margin);
   layout->setSpacing(node.tight ? kTightGap : kGap);
   for (const Node& child : node.children)
     if (QWidget* widget = make(child, box)) layout->addWidget(widget, child.stretch);
@@ -186,11 +202,24 @@ QWidget* LayoutBuilder::make_board(const Node& node, QWidget* parent) {
   for (int across = 0; by_columns && across < node.columns; ++across) {
     for (int k = 0; k < arrays; ++k) {
       auto* head = new QLabel(qt(node.heads[static_cast<std::size_t>(k)]), box);
+      QFont small = head->font();
+      small.setPointSizeF(small.pointSizeF() * kHeadSize);
+      head->setFont(small);
       head->setAlignment(Qt::AlignCenter);
       layout->addWidget(head, 0, across * (arrays + 1) + k);
     }
     if (across > 0) layout->setColumnMinimumWidth(across * (arrays + 1) - 1, 2 * kGap);
   }
+  return box;
+}
+
+QWidget* LayoutBuilder::make_pile(const Node& node, QWidget* parent) {
+  auto* box = new QWidget(parent);
+  auto* layout = new QGridLayout(box);
+  layout->setContentsMargins(0, 0, 0, 0);
+  Node leaf = node;
+  for (int i = node.first; i < node.first + node.count; ++i)
+    layout->addWidget(make_control(control(node.names.front(), i, node.section), leaf, box), 0, 0);
   return box;
 }
 

@@ -36,6 +36,7 @@ class LayoutBuilder {
   QWidget* make_frame(const Node& node, QWidget* parent);
   QWidget* make_tabs(const Node& node, QWidget* parent);
   QWidget* make_board(const Node& node, QWidget* parent);
+  QWidget* make_pile(const Node& node, QWidget* parent);
   QWidget* make_text(const Node& node, QWidget* parent);
   QWidget* make_fires(const Node& node, QWidget* parent);
 

@@ -15,7 +15,7 @@ inline const QColor kFace(0xD6, 0xD9, 0xDC);    // a button at rest
 inline const QColor kField(0xF7, 0xF8, 0xF9);   // what is read or typed
 inline const QColor kLine(0x9A, 0xA0, 0xA6);
 inline const QColor kFaint(0x6E, 0x74, 0x7A);  // text of what can't be pressed
-inline const QColor kText(0x14, 0x18, 0x1C);
+inline const QColor kText(0x0C, 0x10, 0x14);
 inline const QColor kFocus(0x1B, 0x3A, 0x5C);
 }  // namespace grey
 

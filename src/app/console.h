@@ -85,6 +85,7 @@ class Console {
   ZoneSettings zone_settings_;
   TerminalSettings terminal_settings_;
   NameList zone_names_, terminal_names_;
+  ZoneLamps zone_lamps_;
   ZoneConsole zone_console_;
   TerminalConsole terminal_console_;
 
@@ -95,7 +96,6 @@ class Console {
   ZoneChoice zone_choice_;
   AlgorithmEditor algorithm_editor_;
   AlertSettings alert_settings_;
-  ZoneLamps zone_lamps_;
   House house_;
   AlertEnd alert_end_;
   BlockAlert block_alert_;

@@ -117,7 +117,7 @@ void ZoneConsole::toggle_group(bool& on, Button& button, Chosen chosen) {
   if (on) {
     on = false;
     button.set_back_color(paint_.ColorButtonFace);
-    for (auto& lamp : alarm_tab_.PctA) lamp.set_picture(stores_.PctD2);
+    lamps_.all_idle();
     link_.SendAllStop();
     return;
   }
@@ -126,7 +126,7 @@ void ZoneConsole::toggle_group(bool& on, Button& button, Chosen chosen) {
   button.set_back_color(Color::kOn);
   for (int z = 1; z <= kZones; ++z) {
     if (!chosen(zones_.ZoneChan[z])) continue;
-    alarm_tab_.PctA[z].set_picture(stores_.PctD3);
+    lamps_.alerted(z);
     link_.SendZoneSet(sources_.ch_computer, sources_.vol_computer, z);
     link_.SendZoneSet(sources_.ch_computer, sources_.vol_computer, z);
   }

@@ -3,7 +3,7 @@
 // frame switches a single zone off.
 #pragma once
 
-#include "alert/alarm_tab.h"
+#include "alert/zone_lamps.h"
 #include "console/channel_colors.h"
 #include "console/zones_tab.h"
 #include "link/link.h"
@@ -15,16 +15,16 @@ class ZoneConsole {
  public:
   // `volumes`: the captions of the channels' sliders.
   ZoneConsole(ZoneState& zones, const SourceState& sources, const SettingsState& settings, PaintState& paint,
-              ZonesTab& tab, AlarmTab& alarm_tab, const ControlArray<Label>& volumes,
-              const PictureStores& stores, Link& link, Boxes& boxes)
+              ZonesTab& tab, AlarmTab& alarm_tab, ZoneLamps& lamps, const ControlArray<Label>& volumes,
+              Link& link, Boxes& boxes)
       : zones_(zones),
         sources_(sources),
         settings_(settings),
         paint_(paint),
         tab_(tab),
         alarm_tab_(alarm_tab),
+        lamps_(lamps),
         volumes_(volumes),
-        stores_(stores),
         link_(link),
         boxes_(boxes) {}
 
@@ -61,8 +61,8 @@ class ZoneConsole {
   PaintState& paint_;
   ZonesTab& tab_;
   AlarmTab& alarm_tab_;
+  ZoneLamps& lamps_;
   const ControlArray<Label>& volumes_;
-  const PictureStores& stores_;
   Link& link_;
   Boxes& boxes_;
 };

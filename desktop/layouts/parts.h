@@ -1,0 +1,27 @@
+// Pieces that several windows lay out alike.
+#pragma once
+
+#include "desktop/view/layout.h"
+
+namespace evac::desktop {
+
+// A scroll bar between its words and the label that shows its value.
+inline Node amount(const char* what, const char* bar, const char* label, double words_width = 9) {
+  return row({words(what).wide(words_width), use(bar).called(what).grow(1),
+              use(label).shown(Look::kValue).wide(2.6)});
+}
+
+// The same with words that are a control's own.
+inline Node amount_of(const char* words_control, const char* bar, const char* label, double words_width = 9) {
+  return row(
+      {use(words_control).wide(words_width), use(bar).grow(1), use(label).shown(Look::kValue).wide(2.6)});
+}
+
+// The buttons at the foot of a settings window.
+inline Node foot(Nodes buttons) {
+  for (Node& button : buttons) button.wide(8).high(2.2);
+  buttons.insert(buttons.begin(), space());
+  return row(std::move(buttons));
+}
+
+}  // namespace evac::desktop

@@ -1,0 +1,56 @@
+// A whole desktop in training mode on a temporary folder, with its rack on a real pseudo-terminal.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <memory>
+
+#include "desktop/desktop.h"
+
+namespace evac::desktop {
+
+class TrainingDesktop : public ::testing::Test {
+ protected:
+  TrainingDesktop() {
+    const HostSetup setup = training_setup(folder_.path().toStdString());
+    auto line = std::make_unique<TrainingLine>(setup.ports.at(1));
+    line_ = line.get();
+    desktop = std::make_unique<Desktop>(setup, std::move(line));
+    QObject::connect(line_, &TrainingLine::passed, line_, [this](const rack::Passed& frame) {
+      if (frame.from_console) heard.push_back(frame.words());
+    });
+  }
+
+  // Pumps until `come`, for at most ten seconds; whether it has come.
+  template <class Condition>
+  bool until(Condition come) {
+    const auto end = desktop->loop().now() + std::chrono::seconds(10);
+    while (!come() && desktop->loop().now() < end) desktop->pump();
+    return come();
+  }
+  // Runs what has been posted and shows it.
+  void settle() {
+    bool reached = false;
+    desktop->loop().post([&] { reached = true; });
+    until([&] { return reached; });
+    desktop->screen().flush();
+  }
+  Form1& form1() { return desktop->console().form1(); }
+  FormWindow& window(const char* form) {
+    return desktop->windows().window(*desktop->console().windows().find(form));
+  }
+  template <class Widget = QWidget>
+  Widget* widget(const char* form, const char* name) {
+    return window(form).findChild<Widget*>(QString::fromUtf8(form) + '.' + QString::fromUtf8(name));
+  }
+  rack::Rack& rack() { return line_->rack(); }
+
+  QTemporaryDir folder_;
+  std::vector<std::string> heard;
+  std::unique_ptr<Desktop> desktop;
+  TrainingLine* line_ = nullptr;
+};
+
+}  // namespace evac::desktop
