@@ -25,16 +25,17 @@ void start_gstreamer() {
   (void)started;
 }
 
-GstElement* fake_sink() {
+// Swallows the sound, in its own time or as fast as it comes.
+GstElement* fake_sink(bool in_time) {
   GstElement* sink = gst_element_factory_make("fakesink", nullptr);
-  if (sink) g_object_set(sink, "sync", TRUE, nullptr);
+  if (sink) g_object_set(sink, "sync", in_time ? TRUE : FALSE, nullptr);
   return sink;
 }
 
 // The sink of the setup, floating; null, with the reason, when its description is wrong or its module
 // missing.
 GstElement* make_sink(const SoundSetup& setup, std::string& why) {
-  if (setup.sink == "fake") return fake_sink();
+  if (setup.sink == "fake") return fake_sink(true);
   std::string description = setup.sink.empty() || setup.sink == "auto" ? "autoaudiosink" : setup.sink;
   if (description.starts_with(kAlsaPrefix))
     description = "alsasink device=\"" + description.substr(kAlsaPrefix.size()) + "\"";
@@ -113,6 +114,21 @@ bool preroll(GstElement* player) {
          gst_element_get_state(player, nullptr, nullptr, kPrerollLimit) == GST_STATE_CHANGE_SUCCESS;
 }
 
+// Seconds of what a player that swallows all sound at once is ready to play; 0 when that can't be told.
+double length_of(GstElement* player) {
+  gint64 length = 0;
+  if (gst_element_query_duration(player, GST_FORMAT_TIME, &length) && length > 0)
+    return length / kNanoseconds;
+  // Some files, waves with an odd number of bytes among them, tell their length only by being played through.
+  gst_element_set_state(player, GST_STATE_PLAYING);
+  GstBus* bus = gst_element_get_bus(player);
+  const auto ends = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR);
+  if (GstMessage* end = gst_bus_timed_pop_filtered(bus, kPrerollLimit, ends)) gst_message_unref(end);
+  gst_object_unref(bus);
+  if (!gst_element_query_position(player, GST_FORMAT_TIME, &length) || length < 0) return 0;
+  return length / kNanoseconds;
+}
+
 GstElement* volume_filter(double linear) {
   GstElement* filter = gst_element_factory_make("volume", nullptr);
   if (filter) g_object_set(filter, "volume", linear, nullptr);
@@ -170,12 +186,11 @@ void GstMedia::set_file(std::string_view path) {
   if (!uri) return;
   uri_ = uri;
   g_free(uri);
-  const Player trial = make_player(fake_sink());
-  gint64 length = 0;
+  const Player trial = make_player(fake_sink(false));
   if (!trial || !preroll(trial.get()))
     uri_.clear();
-  else if (gst_element_query_duration(trial.get(), GST_FORMAT_TIME, &length) && length > 0)
-    duration_ = std::min(static_cast<double>(length) / kNanoseconds, static_cast<double>(kSecondsPerDay));
+  else
+    duration_ = std::min(length_of(trial.get()), static_cast<double>(kSecondsPerDay));
 }
 
 void GstMedia::play() {
@@ -260,7 +275,7 @@ GstElement* GstMedia::real_sink() {
   GstElement* sink = make_sink(setup_, why);
   if (sink) return sink;
   tell("Звук не настроен: " + why);
-  return fake_sink();
+  return fake_sink(true);
 }
 
 void GstMedia::jump(double seconds) {
