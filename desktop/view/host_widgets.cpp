@@ -8,7 +8,7 @@
 namespace evac::desktop {
 
 FiresView::FiresView(std::vector<Picture*> lamps, Screen& screen, const Node& node, QWidget* parent)
-    : QLabel(parent), lamps_(std::move(lamps)), screen_(screen) {
+    : QLabel(parent), lamps_(std::move(lamps)), screen_(screen), burning_(lamps_.size()) {
   setFont(font_of(Look::kTitle, font()));
   setObjectName("fires");
   const int line = QFontMetrics(QApplication::font()).height();
@@ -23,8 +23,12 @@ FiresView::~FiresView() {
 
 void FiresView::refresh() {
   QStringList zones;
-  for (const Picture* lamp : lamps_)
-    if (lamp->picture() == "PctD4") zones << QString::number(lamp->index().value_or(0));
+  for (std::size_t i = 0; i < lamps_.size(); ++i) {
+    const std::string& picture = lamps_[i]->picture();
+    if (picture == "PctD4") burning_[i] = true;
+    if (picture == "PctD2") burning_[i] = false;
+    if (burning_[i]) zones << QString::number(lamps_[i]->index().value_or(0));
+  }
   const QString text = zones.isEmpty()
                            ? QString()
                            : QStringLiteral("ПОЖАР  ") +
