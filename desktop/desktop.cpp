@@ -10,10 +10,7 @@ namespace {
 
 constexpr const char* kTrainingTitle = " — учебный режим";
 
-class SystemTone : public Tone {
- public:
-  void beep(int, int) override { QApplication::beep(); }
-};
+constexpr std::chrono::seconds kDeviceWatch{1};
 
 std::map<int, QString> devices(const HostSetup& setup) {
   std::map<int, QString> names;
@@ -21,10 +18,10 @@ std::map<int, QString> devices(const HostSetup& setup) {
   return names;
 }
 
-std::unique_ptr<Cards> cards_of(TrainingLine* training) {
-  if (!training) return std::make_unique<NoCards>();
-  return std::make_unique<SimulatedCards>(
-      [training](int card, int port) { return training->rack().contact_word(card, port); });
+QString joined(const std::vector<std::string>& lines) {
+  QStringList list;
+  for (const auto& line : lines) list << QString::fromStdString(line);
+  return list.join(QStringLiteral("; "));
 }
 
 }  // namespace
@@ -33,23 +30,32 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     : training_(std::move(training)),
       files_(setup.drives),
       line_(loop_, devices(setup), notices_),
-      mp_(files_),
-      mp1_(files_),
-      mp2_(files_),
-      mp3_(files_),
-      cards_(cards_of(training_.get())),
-      tone_(std::make_unique<SystemTone>()),
+      sound_{setup.sound_sink, setup.sound_font},
+      missing_sound_(joined(missing_sound(sound_))),
+      mp_([this](std::string_view path) { return files_.locate(path); }, sound_),
+      mp1_([this](std::string_view path) { return files_.locate(path); }, sound_),
+      mp2_([this](std::string_view path) { return files_.locate(path); }, sound_),
+      mp3_([this](std::string_view path) { return files_.locate(path); }, sound_),
+      comedi_(setup.cards),
+      tone_(sound_),
       process_(setup.restart_armed, notices_),
       screen_(loop_),
       windows_(
           screen_,
           {notices_, [this](const std::string& name, QWidget* parent) { return make_extra(name, parent); }},
           training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
+  if (training_)
+    simulated_cards_ = std::make_unique<SimulatedCards>(
+        [this](int card, int port) { return training_->rack().contact_word(card, port); });
   files_.make_folder(kProgramFolder);
   host_.before_wait = [this] { screen_.flush(); };
   boxes_.before_box = [this] { screen_.flush(); };
+  Cards& cards = simulated_cards_ ? static_cast<Cards&>(*simulated_cards_) : comedi_;
   console_ = std::make_unique<Console>(
-      Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, *cards_, boxes_, *tone_, process_});
+      Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
+  QObject::connect(&device_watch_, &QTimer::timeout, &device_watch_, [this] { look_after_devices(); });
+  device_watch_.start(kDeviceWatch);
+  look_after_devices();
 }
 
 Desktop::~Desktop() {
@@ -70,6 +76,18 @@ void Desktop::start() {
 
 void Desktop::run() {
   while (true) loop_.pump();
+}
+
+void Desktop::look_after_devices() {
+  QStringList sound;
+  if (!missing_sound_.isEmpty()) sound << missing_sound_;
+  for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) {
+    media->release_when_ended();
+    const QString trouble = QString::fromStdString(media->trouble());
+    if (!trouble.isEmpty() && !sound.contains(trouble)) sound << trouble;
+  }
+  notices_.tell(Notices::kSound, sound.join(QStringLiteral("; ")));
+  notices_.tell(Notices::kCards, QString::fromStdString(comedi_.trouble()));
 }
 
 QWidget* Desktop::make_extra(const std::string& name, QWidget* parent) {

@@ -2,18 +2,20 @@
 // virtual rack and its window too.
 #pragma once
 
+#include <QTimer>
 #include <memory>
 #include <optional>
 
 #include "app/console.h"
 #include "desktop/boxes.h"
+#include "desktop/cards_comedi.h"
 #include "desktop/form_windows.h"
 #include "desktop/host_ini.h"
+#include "desktop/media_gst.h"
 #include "desktop/process.h"
 #include "desktop/qt_loop.h"
 #include "desktop/serial_line.h"
 #include "desktop/simulated_cards.h"
-#include "desktop/timed_media.h"
 #include "desktop/training_line.h"
 #include "machine/synced_files.h"
 
@@ -47,6 +49,8 @@ class Desktop {
 
  private:
   QWidget* make_extra(const std::string& name, QWidget* parent);
+  // Once a second: what sound and cards have to say goes to the header strip.
+  void look_after_devices();
 
   Notices notices_;
   QtLoop host_;
@@ -54,15 +58,19 @@ class Desktop {
   std::unique_ptr<TrainingLine> training_;
   SyncedFiles files_;
   SerialLine line_;
-  TimedMedia mp_, mp1_, mp2_, mp3_;
-  std::unique_ptr<Cards> cards_;
+  const SoundSetup sound_;
+  const QString missing_sound_;  // what this machine lacks to be heard; found out once
+  GstMedia mp_, mp1_, mp2_, mp3_;
+  ComediCards comedi_;
+  std::unique_ptr<SimulatedCards> simulated_cards_;  // of the training mode
   QtBoxes boxes_;
-  std::unique_ptr<Tone> tone_;
+  GstTone tone_;
   DesktopProcess process_;
   Screen screen_;
   FormWindows windows_;
   std::unique_ptr<Console> console_;
   std::unique_ptr<Stand> stand_;
+  QTimer device_watch_;
 };
 
 // The machine of the training mode, with its data under `folder`, which is made as needed.

@@ -19,6 +19,9 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
+// The training set has an algorithm for it.
+constexpr int kZoneOfFire = 15;
+
 class Rehearsal {
  public:
   Rehearsal(Desktop& desktop, fs::path folder) : desktop_(desktop), folder_(std::move(folder)) {}
@@ -34,6 +37,7 @@ class Rehearsal {
     desktop_.stand()->show();
     const auto end = desktop_.loop().now() + std::chrono::seconds(seconds);
     act();
+    fire();
     while (desktop_.loop().now() < end) desktop_.pump();
     save(*desktop_.stand(), "stand.png");
     report();
@@ -54,6 +58,22 @@ class Rehearsal {
     desktop_.screen().act([&tabs] { user::turn_to(tabs, 0); });
     pass(milliseconds(250));
     save(main_window(), "window.png");
+  }
+
+  // The console's main job: a contact closes, and opens again after a while.
+  void fire() {
+    set_contact(true);
+    pass(milliseconds(2500));
+    save(main_window(), "fire.png");
+    save(*desktop_.stand(), "stand_fire.png");
+    set_contact(false);
+    pass(milliseconds(500));
+  }
+
+  void set_contact(bool closed) {
+    desktop_.training()->change([closed](rack::Rack& rack) { rack.set_contact(kZoneOfFire, closed); });
+    frames_.push_back(join(QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")).toStdString(),
+                           "  contact of zone ", kZoneOfFire, closed ? " closes" : " opens"));
   }
 
   FormWindow& main_window() { return desktop_.windows().window(desktop_.console().form1()); }

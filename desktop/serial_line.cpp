@@ -124,6 +124,9 @@ void SerialLine::apply_settings() {
 void SerialLine::write_line(std::span<const std::uint8_t> bytes) {
   if (!device_.isOpen()) return;
   device_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+  // To the system at once, as far as it takes it without waiting: the handler that sends may go on for a
+  // while.
+  device_.flush();
   free_ = std::max(free_, Clock::now()) + character_ * static_cast<int>(bytes.size());
   if (free_ - Clock::now() > kLongBacklog && !backlog_.isActive()) {
     show_backlog();

@@ -23,12 +23,4 @@ class SimulatedCards : public Cards {
   const Inputs inputs_;
 };
 
-// A machine without cards.
-class NoCards : public Cards {
- public:
-  std::int16_t register_card(int, int) override { return -1; }
-  void release_card(std::int16_t) override {}
-  void read_port(std::int16_t, int, std::int32_t&) override {}
-};
-
 }  // namespace evac::desktop

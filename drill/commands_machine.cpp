@@ -62,35 +62,40 @@ void Drill::make_file(std::string_view path, std::string_view bytes) {
 
 void Drill::do_sound(const Words& words) {
   want(words, 3, "sound \"C:\\...\\a.wav\" 10");
+  const std::string path = path_of(words[1]);
   const double seconds = parse_number(words[2].text);
-  make_file(words[1].text, "sound");
-  machine_.set_sound(words[1].text, seconds);
+  make_file(path, "sound");
+  machine_.set_sound(path, seconds);
 }
 
 void Drill::do_nosound(const Words& words) {
   want(words, 2, "nosound \"C:\\...\\b.wav\"");
-  make_file(words[1].text, "no sound");
-  machine_.unset_sound(words[1].text);
+  const std::string path = path_of(words[1]);
+  make_file(path, "no sound");
+  machine_.unset_sound(path);
 }
 
 void Drill::do_file(const Words& words) {
   want(words, 3, "file \"C:\\...\\x\" \"text\"");
-  make_file(words[1].text, to_code_page(words[2].text));
+  const std::string path = path_of(words[1]);
+  make_file(path, to_code_page(words[2].text));
 }
 
 void Drill::do_hex(const Words& words) {
   if (words.size() < 2) want(words, 3, "hex \"C:\\...\\x\" 01 00 31");
+  const std::string path = path_of(words[1]);
   std::string bytes;
   for (std::size_t i = 2; i < words.size(); ++i) bytes += static_cast<char>(parse_byte(words[i]));
-  make_file(words[1].text, bytes);
+  make_file(path, bytes);
 }
 
 void Drill::do_remove(const Words& words) {
   want(words, 2, "remove \"C:\\...\"");
-  const auto place = machine_.files().locate(words[1].text);
+  const std::string path = path_of(words[1]);
+  const auto place = machine_.files().locate(path);
   std::error_code error;
   if (place.empty() || std::filesystem::remove_all(place, error) == 0 || error)
-    throw CommandError("nothing to remove at " + words[1].text);
+    throw CommandError("nothing to remove at " + path);
 }
 
 void Drill::do_drive(const Words& words) {
@@ -113,17 +118,19 @@ void Drill::do_port(const Words& words) {
 
 void Drill::do_ls(const Words& words) {
   want(words, 2, "ls \"C:\\...\"");
+  const std::string path = path_of(words[1]);
   Files& files = machine_.files();
-  if (!files.is_folder(words[1].text)) throw CommandError("no folder " + words[1].text);
-  auto names = files.folders(words[1].text);
-  for (auto& name : files.files(words[1].text)) names.push_back(std::move(name));
+  if (!files.is_folder(path)) throw CommandError("no folder " + path);
+  auto names = files.folders(path);
+  for (auto& name : files.files(path)) names.push_back(std::move(name));
   std::sort(names.begin(), names.end(), listed_before);
   for (const auto& name : names) print("= " + name);
 }
 
 void Drill::do_cat(const Words& words) {
   want(words, 2, "cat \"C:\\...\"");
-  const std::string text = from_code_page(bytes_of(machine_.files(), words[1].text));
+  const std::string path = path_of(words[1]);
+  const std::string text = from_code_page(bytes_of(machine_.files(), path));
   for (std::size_t at = 0; at < text.size();) {
     const auto end = std::min(text.find('\n', at), text.size());
     std::string line = text.substr(at, end - at);
@@ -135,7 +142,8 @@ void Drill::do_cat(const Words& words) {
 
 void Drill::do_dump(const Words& words) {
   want(words, 2, "dump \"C:\\...\"");
-  const std::string bytes = bytes_of(machine_.files(), words[1].text);
+  const std::string path = path_of(words[1]);
+  const std::string bytes = bytes_of(machine_.files(), path);
   for (std::size_t at = 0; at < bytes.size(); at += kDumpWidth) {
     std::string line = "=";
     for (const char byte : bytes.substr(at, kDumpWidth))

@@ -55,6 +55,16 @@ std::vector<Word> split_words(std::string_view line) {
   return words;
 }
 
+std::string path_of(const Word& word) {
+  std::string path;
+  for (const char c : word.text)
+    if (c == '\t')
+      path += "\\t";
+    else
+      path += c;
+  return path;
+}
+
 std::string in_quotes(std::string_view text) {
   std::string out = "\"";
   for (std::size_t i = 0; i < text.size(); ++i) {

@@ -25,6 +25,9 @@ struct Word {
 // Words are separated by blanks. In double quotes `\"` is a quote, `\\` a backslash, `\t` a tab, any other
 // backslash stands for itself; in the text of a `file` command `\n` is a line end.
 std::vector<Word> split_words(std::string_view line);
+// A path as it was meant: no path holds a tab, so that "C:\\ZEF_DAT\\timer" needs no doubled backslash
+// either.
+std::string path_of(const Word& word);
 // The text in double quotes, as traces print it.
 std::string in_quotes(std::string_view text);
 

@@ -87,6 +87,7 @@ fs::path PosixFiles::locate(std::string_view path) const {
     const std::string part(path.substr(0, end));
     path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
     if (part.empty() || part == ".") continue;
+    if (part == ".." || part.find('/') != std::string::npos) return {};  // nothing leads out of a drive
     std::error_code error;
     fs::path next = place / part;
     if (!fs::exists(next, error)) {

@@ -2,6 +2,9 @@
 // group buttons over many zones.
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+
 #include "app/console.h"
 #include "drill/virtual_machine.h"
 #include "tests/scratch.h"
@@ -162,6 +165,45 @@ TEST_F(ConsoleRooms, ANumberThatDoesNotFitEndsTheReaderAndKeepsWhatWasRead) {
   EXPECT_EQ(model.power.SeqSavedMask[1], 0);
   EXPECT_EQ(machine.machine().port.port(), 1);
   EXPECT_EQ(last_box(), "");
+}
+
+TEST_F(ConsoleRooms, FilesDamagedAtRandomLoadAndCanBeWorkedWith) {
+  write_zones("4");
+  write_computer("25");
+  std::vector<CellRecord> terminals(kTerminals, {"9", "2"});
+  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
+  ASSERT_EQ(write_names(machine.files(), terminal_names_file(settings), {"1\tA", "2\tB"}), kNoError);
+  const std::string paths[] = {zone_file(settings), preset_file(settings, 1), settings.data_path("F_ust.dat"),
+                               terminal_names_file(settings)};
+  std::map<std::string, std::string> whole;
+  for (const auto& path : paths) ASSERT_EQ(machine.files().read(path, whole[path]), kNoError);
+  for (unsigned seed = 1; seed <= 40; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    for (const auto& path : paths) {
+      std::string bytes = whole[path];
+      // Texts and lengths alike: mostly digits and signs, some bytes of any kind.
+      for (int n = 0; n < 60; ++n) {
+        const char byte = n % 4 == 0 ? static_cast<char>(random()) : "0123456789-\t"[random() % 12];
+        bytes[random() % 40 * (bytes.size() / 40) + random() % 8] = byte;
+      }
+      bytes.resize(bytes.size() - random() % bytes.size() / 2);
+      ASSERT_EQ(machine.files().replace(path, bytes), kNoError);
+    }
+    Form1& form1 = start();
+    console->model().settings.SettingsLine[kBlockSource] = "1";
+    const auto press_all = [&] {
+      for (Button* button : {&form1.CmdAllZ, &form1.CmdGr2, &form1.CmdGrK, &form1.CmdAG, &form1.CmdTG})
+        button->click();
+      form1.Option1.press();
+      form1.CmdU.click();
+      for (const auto name : {"Form22", "Form33", "Form55"}) window(name).find("Command1")->click();
+      window("Form4").find("CmdSave")->click();
+    };
+    ASSERT_NO_THROW(press_all());
+    console.reset();
+    machine.clear_process();
+  }
 }
 
 TEST_F(ConsoleRooms, NamesPastTheLastButtonKeepTheirRecords) {

@@ -56,7 +56,6 @@ class AlertSettings {
   bool take_source();
   // False when the period of the scan is nothing.
   bool take_scan();
-  void set_auto_mode(bool on);
   void show_on_main_window();
 
   SettingsState& settings_;

@@ -10,7 +10,10 @@ struct Form22 : Form {
   static constexpr std::string_view kSources[] = {"Дополнительно", "CD/MP3",    "Тюнер",       "mp3",
                                                   "Цифровой магн", "Компьютер", "Не подключен"};
 
-  explicit Form22(Windows& windows) : Form(windows, "Form22", "Оборудование") {}
+  explicit Form22(Windows& windows) : Form(windows, "Form22", "Оборудование") {
+    // The port that is in use until another is saved.
+    Opt1.set_value(true);
+  }
 
   // Row i is channel i; row 0 stands lowest, as channel 6.
   ControlArray<Label> LblC{0, kSourceRows, [this](auto& items, int i) {

@@ -60,7 +60,7 @@ std::optional<Instant> EventLoop::next_due() const {
 void EventLoop::arm(Timer& timer) {
   disarm(timer);
   if (timer.interval() < 1) return;
-  timers_.push_back({&timer, first_tick(timer.interval()), ++order_});
+  timers_.push_back({&timer, host_.now() + milliseconds(timer.interval()), ++order_});
 }
 
 void EventLoop::disarm(Timer& timer) {
@@ -74,15 +74,6 @@ std::size_t EventLoop::oldest_timer() const {
     if (a.due < b.due || (a.due == b.due && a.order < b.order)) oldest = i;
   }
   return oldest;
-}
-
-Instant EventLoop::first_tick(int interval) const {
-  const Instant due = host_.now() + milliseconds(interval);
-  if (interval != kSecondTimer) return due;
-  // Armed on the full second, it is in phase from the start; otherwise it comes into phase with its second
-  // tick.
-  const auto into_second = (host_.wall().time_since_epoch() % milliseconds(kSecondTimer));
-  return into_second < kSecondPhase ? due + (kSecondPhase - into_second) : due;
 }
 
 Instant EventLoop::tick_after(const Armed& armed) const {

@@ -61,7 +61,6 @@ class EventLoop {
     std::uint64_t order;
   };
   std::size_t oldest_timer() const;
-  Instant first_tick(int interval) const;
   Instant tick_after(const Armed& armed) const;
   Instant next_full_second(Instant after) const;
 

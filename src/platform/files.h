@@ -31,8 +31,8 @@ class Files {
   virtual int read(std::string_view path, std::string& bytes) = 0;
   // The whole file, old or new: never a torn one, whenever the power goes. Creates it when it is missing.
   virtual int replace(std::string_view path, std::string_view bytes) = 0;
-  // In the file when it returns; it need not survive a power cut yet, so that a journal line does not wait for the
-  // disk while zones are being switched. Creates the file when it is missing.
+  // In the file when it returns; it need not survive a power cut yet, so that a journal line does not wait
+  // for the disk while zones are being switched. Creates the file when it is missing.
   virtual int append(std::string_view path, std::string_view bytes) = 0;
   virtual int remove(std::string_view path) = 0;
   virtual int copy(std::string_view from, std::string_view to) = 0;

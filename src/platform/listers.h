@@ -8,7 +8,7 @@
 
 namespace evac {
 
-// The drives that exist, as "c:" and so on; `drive` is the chosen one.
+// The drives that exist, as "C:" and so on.
 class DriveLister : public RowControl {
  public:
   DriveLister(const Place& place, std::string_view name, Files& files)
