@@ -9,14 +9,14 @@ namespace {
 Node header_strip() {
   const Node left = column({use("LblDate").shown(Look::kTitle).wide(26),
                             row({use("PctD1"), use("LblCon").wide(13), use("PctD0"), use("LblSs").wide(13)}),
-                            row({use("Picture2").wide(12), notices().grow(1), extra("Стенд")})});
+                            row({use("Picture2").wide(12), space(), extra("Стенд")})});
   const Node right = column({use("LblU", 5).shown(Look::kBig).wide(26),
                              row({use("LblU", 0).shown(Look::kBig).wide(18).grow(1),
                                   use("LblT").of("AlarmTab").shown(Look::kBig).wide(5).called("Осталось")}),
                              fires("PctA").wide(20)})
                          .shown(Look::kValue)
                          .packed();
-  return row({Node(left).grow(1), Node(right).grow(1)});
+  return column({row({Node(left).grow(1), Node(right).grow(1)}), notices()}).packed();
 }
 
 Node alarm_tab() {

@@ -4,6 +4,7 @@
 
 #include "desktop/notices.h"
 #include "desktop/view/palette.h"
+#include "desktop/view/pictures.h"
 
 namespace evac::desktop {
 
@@ -71,6 +72,17 @@ void NoticesView::show_notices() {
   setText(text);
   setToolTip(text);
   setAccessibleName(text);
+}
+
+void NoticesView::paintEvent(QPaintEvent*) {
+  if (text().isEmpty()) return;
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  const double side = height() * 0.8;
+  draw_picture(p, QRectF(2, (height() - side) / 2, side, side), "PctD4");
+  const QRect area = rect().adjusted(height() + 4, 0, -2, 0);
+  p.setPen(grey::kText);
+  p.drawText(area, Qt::AlignVCenter, fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
 }
 
 }  // namespace evac::desktop

@@ -33,6 +33,9 @@ class NoticesView : public QLabel {
  public:
   NoticesView(Notices& notices, QWidget* parent);
 
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
  private:
   void show_notices();
   Notices& notices_;
