@@ -169,7 +169,7 @@ QWidget* Stand::network_panel() {
   network_ = new QLabel;
   network_->setWordWrap(true);
   network_->setTextFormat(Qt::PlainText);
-  network_->setMinimumHeight(fontMetrics().height() * 7);
+  network_->setMinimumHeight(fontMetrics().height() * 6);
   network_->setAlignment(Qt::AlignTop);
   auto* layout = new QVBoxLayout;
   layout->addWidget(new QLabel(QStringLiteral("Зоны")));
@@ -194,7 +194,7 @@ QWidget* Stand::log_panel() {
   table_->setColumnWidth(FrameLog::kFrom, line * 8);
   table_->setColumnWidth(FrameLog::kBytes, line * 13);
   table_->horizontalHeader()->setStretchLastSection(true);
-  table_->setMinimumHeight(line * 9);
+  table_->setMinimumHeight(line * 6);
   auto* polls = new QCheckBox(QStringLiteral("Без опросов и ответов на них"));
   polls->setChecked(true);
   connect(polls, &QCheckBox::toggled, this, [this](bool on) { log_.hide_polls(on); });

@@ -9,14 +9,14 @@ namespace {
 Node header_strip() {
   const Node left = column({use("LblDate").shown(Look::kTitle).wide(26),
                             row({use("PctD1"), use("LblCon").wide(13), use("PctD0"), use("LblSs").wide(13)}),
-                            row({use("Picture2").wide(12), notices().grow(1), extra("Стенд")})});
+                            row({use("Picture2").wide(12), space(), extra("Стенд")})});
   const Node right = column({use("LblU", 5).shown(Look::kBig).wide(26),
                              row({use("LblU", 0).shown(Look::kBig).wide(18).grow(1),
-                                  use("LblT").of("AlarmTab").shown(Look::kBig).wide(4).called("Осталось")}),
+                                  use("LblT").of("AlarmTab").shown(Look::kBig).wide(5).called("Осталось")}),
                              fires("PctA").wide(20)})
                          .shown(Look::kValue)
                          .packed();
-  return row({Node(left).grow(1), Node(right).grow(1)});
+  return column({row({Node(left).grow(1), Node(right).grow(1)}), notices()}).packed();
 }
 
 Node alarm_tab() {
@@ -38,9 +38,10 @@ Node alarm_tab() {
   const Node lamps =
       frame("Frm8", board("PctA", 1, kZones, 12).shown(Look::kLamp).wide(2.6).high(1.9).called("Зона"));
   const Node status =
-      column({use("LblU", 5).shown(Look::kHuge).wide(20).high(3.2),
-              row({use("LblU", 0).shown(Look::kHuge).wide(14).high(2).grow(1),
-                   use("LblT").of("AlarmTab").shown(Look::kHuge).wide(6).called("Осталось")})})
+      column(
+          {use("LblU", 5).shown(Look::kHuge).wide(20).high(3.2),
+           use("LblU", 0).shown(Look::kHuge).wide(20).high(1.8),
+           row({words("Осталось").wide(5), use("LblT").of("AlarmTab").shown(Look::kHuge).wide(8), space()})})
           .shown(Look::kValue)
           .packed();
   return row({column({Node(lamps).grow(1), groups}).grow(5), column({status, Node(manual).grow(1)}).grow(3)});

@@ -53,9 +53,9 @@ Node cells_and_legend(int cells, int columns, Nodes legend_foot) {
 
 Node name_window() {
   return column({use("List1").cut_at({4}).wide(22).high(18).grow(1),
-                 row({words("Номер").wide(6), use("VS1").called("Номер").grow(1),
+                 row({words("Номер").wide(7.5), use("VS1").called("Номер").grow(1),
                       use("LblZ").shown(Look::kValue).wide(3)}),
-                 row({words("Наименование").wide(6), use("Txt1").called("Наименование").grow(1)}),
+                 row({words("Наименование").wide(7.5), use("Txt1").called("Наименование").grow(1)}),
                  row({use("CmdAdd").high(2.2).grow(1), use("CmdDel").high(2.2).grow(1),
                       use("CmdSave").high(2.2).grow(1)})});
 }

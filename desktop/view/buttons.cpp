@@ -89,7 +89,7 @@ void ButtonView::paintEvent(QPaintEvent*) {
   p.setBrush(back);
   p.drawRoundedRect(box, 3, 3);
 
-  QRectF text_area = box.adjusted(2, 0, -2, 0);
+  QRectF text_area = box.adjusted(tight_ ? 1 : 5, 0, tight_ ? -1 : -5, 0);
   const QString caption = qt(control_.caption());
   if (const auto shown = picture(); !shown.empty()) {
     const double side = std::min(box.height() * 0.72, 1.8 * line_);

@@ -4,11 +4,12 @@
 
 #include "desktop/notices.h"
 #include "desktop/view/palette.h"
+#include "desktop/view/pictures.h"
 
 namespace evac::desktop {
 
 FiresView::FiresView(std::vector<Picture*> lamps, Screen& screen, const Node& node, QWidget* parent)
-    : QLabel(parent), lamps_(std::move(lamps)), screen_(screen) {
+    : QLabel(parent), lamps_(std::move(lamps)), screen_(screen), burning_(lamps_.size()) {
   setFont(font_of(Look::kTitle, font()));
   setObjectName("fires");
   const int line = QFontMetrics(QApplication::font()).height();
@@ -23,8 +24,12 @@ FiresView::~FiresView() {
 
 void FiresView::refresh() {
   QStringList zones;
-  for (const Picture* lamp : lamps_)
-    if (lamp->picture() == "PctD4") zones << QString::number(lamp->index().value_or(0));
+  for (std::size_t i = 0; i < lamps_.size(); ++i) {
+    const std::string& picture = lamps_[i]->picture();
+    if (picture == "PctD4") burning_[i] = true;
+    if (picture == "PctD2") burning_[i] = false;
+    if (burning_[i]) zones << QString::number(lamps_[i]->index().value_or(0));
+  }
   const QString text = zones.isEmpty()
                            ? QString()
                            : QStringLiteral("ПОЖАР  ") +
@@ -67,6 +72,17 @@ void NoticesView::show_notices() {
   setText(text);
   setToolTip(text);
   setAccessibleName(text);
+}
+
+void NoticesView::paintEvent(QPaintEvent*) {
+  if (text().isEmpty()) return;
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  const double side = height() * 0.8;
+  draw_picture(p, QRectF(2, (height() - side) / 2, side, side), "PctD4");
+  const QRect area = rect().adjusted(height() + 4, 0, -2, 0);
+  p.setPen(grey::kText);
+  p.drawText(area, Qt::AlignVCenter, fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
 }
 
 }  // namespace evac::desktop

@@ -9,7 +9,9 @@ namespace evac::desktop {
 
 class Notices;
 
-// The numbers of those pictures of an array that show a fire, white on red; empty and quiet without one.
+// The zones of fire by their lamps, white on red; empty and quiet without one. A lamp that has shown the
+// fire's picture counts until it is dark: the next step of an alert lights the zone of fire like its
+// neighbours.
 class FiresView : public QLabel, public Face {
  public:
   FiresView(std::vector<Picture*> lamps, Screen& screen, const Node& node, QWidget* parent);
@@ -23,12 +25,16 @@ class FiresView : public QLabel, public Face {
  private:
   std::vector<Picture*> lamps_;
   Screen& screen_;
+  std::vector<bool> burning_;
   QString shown_;
 };
 
 class NoticesView : public QLabel {
  public:
   NoticesView(Notices& notices, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void show_notices();

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
@@ -80,6 +81,13 @@ ListView::ListView(RowControl& control, Screen& screen, const Node& node, QWidge
           [this](const QModelIndex&) { screen_.act([&list = control_] { user::double_click(list); }); });
 }
 
+void ListView::keyPressEvent(QKeyEvent* event) {
+  // Only a key chooses by moving: a click of the mouse is told by its own signal, and the toolkit moves its
+  // cursor for reasons of its own, such as a coming focus.
+  const QScopedValueRollback keyed(keyed_, true);
+  QListView::keyPressEvent(event);
+}
+
 void ListView::choose(int row) {
   screen_.act([&list = control_, row] {
     if (row < list.count()) user::pick(list, row);
@@ -88,13 +96,10 @@ void ListView::choose(int row) {
 
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QListView::currentChanged(current, previous);
-  // By the keyboard: a click of the mouse is told by its own signal.
-  const bool by_key = !showing_ && current.isValid() && QGuiApplication::mouseButtons() == Qt::NoButton;
-  if (by_key) choose(current.row());
+  if (keyed_ && current.isValid()) choose(current.row());
 }
 
 void ListView::show_state() {
-  showing_ = true;
   if (shown_rows_ != control_.rows()) {
     const int at = verticalScrollBar()->value();
     shown_rows_ = control_.rows();
@@ -108,7 +113,6 @@ void ListView::show_state() {
     else
       selectionModel()->clear();
   }
-  showing_ = false;
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {

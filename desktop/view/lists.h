@@ -25,6 +25,7 @@ class ListView : public BoundWidget<QListView, RowControl> {
   ListView(RowControl& control, Screen& screen, const Node& node, QWidget* parent);
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
@@ -33,7 +34,7 @@ class ListView : public BoundWidget<QListView, RowControl> {
 
   RowModel model_;
   std::vector<std::string> shown_rows_;
-  bool showing_ = false;
+  bool keyed_ = false;
 };
 
 class GridModel : public QAbstractTableModel {

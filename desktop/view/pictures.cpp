@@ -78,7 +78,7 @@ void draw_emblem(QPainter& p, const QRectF& box, const QColor& ink) {
       polygon(box, {{0.05, 0.38}, {0.22, 0.38}, {0.48, 0.14}, {0.48, 0.86}, {0.22, 0.62}, {0.05, 0.62}}));
   p.setBrush(Qt::NoBrush);
   p.setPen(QPen(ink, box.width() * 0.06, Qt::SolidLine, Qt::RoundCap));
-  for (const double reach : {0.16, 0.3, 0.44}) {
+  for (const double reach : {0.14, 0.26, 0.38}) {
     const QRectF circle = part(box, 0.5 - reach, 0.5 - reach, 2 * reach, 2 * reach);
     p.drawArc(circle.translated(box.width() * 0.06, 0), -45 * 16, 90 * 16);
   }

@@ -129,8 +129,12 @@ TEST_F(Views, OneControlShowsOnSeveralWidgetsAndKeepsTheirPlace) {
   EXPECT_EQ(lines[0]->geometry(), line_place);
   EXPECT_EQ(lamp->geometry(), place);
   EXPECT_EQ(window("Form1").findChild<QWidget*>("fires")->accessibleName(), "ПОЖАР  зоны 1, 120");
+  form1().PctA[1].set_picture("PctD3");
+  form1().PctA[120].set_picture("PctD2");
+  settle();
+  EXPECT_EQ(window("Form1").findChild<QWidget*>("fires")->accessibleName(), "ПОЖАР  зона 1")
+      << "a fire until its lamp is dark";
   form1().PctA[1].set_picture("PctD2");
-  form1().PctA[120].set_picture("PctD3");
   settle();
   EXPECT_EQ(window("Form1").findChild<QWidget*>("fires")->accessibleName(), "Пожара нет");
 }

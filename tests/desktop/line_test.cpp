@@ -1,0 +1,140 @@
+// The desktop on its line: the polls of the rack behind a real pseudo-terminal, a line that comes and goes, a
+// port that cannot be opened, frames that wait.
+#include <QDialog>
+
+#include "desktop/stand.h"
+#include "platform/user.h"
+#include "training_desktop.h"
+
+namespace evac::desktop {
+namespace {
+
+using namespace std::chrono_literals;
+using rack::Rack;
+
+class Line : public TrainingDesktop {
+ protected:
+  // Polls once and waits for the answer.
+  bool poll_is_answered() {
+    const int before = rack().polls_answered();
+    line_->change([](Rack& rack) { rack.send_poll(); });
+    return until([&] { return rack().polls_answered() > before; });
+  }
+};
+
+TEST_F(Line, FirstPollsSetTheCalendarAndTheClockOfTheController) {
+  desktop->start();
+  ASSERT_TRUE(until([&] { return heard.size() == 8; })) << "the matrix";
+  for (int poll = 0; poll < 3; ++poll) ASSERT_TRUE(poll_is_answered());
+  EXPECT_TRUE(heard[8].starts_with("Дата "));
+  EXPECT_TRUE(heard[9].starts_with("Время "));
+  EXPECT_EQ(heard[10], "Ответ на опрос");
+  EXPECT_EQ(form1().LblCon.caption(), "Соединение установленно");
+  line_->change([](Rack& rack) { rack.set_status(false, false); });
+  ASSERT_TRUE(poll_is_answered());
+  EXPECT_EQ(form1().LblSs.caption(), "Программа приостановленна");
+}
+
+TEST_F(Line, APollIsAnsweredUnderAModalWindowButHeldByABox) {
+  desktop->start();
+  // What goes on while the handler that opened the window, or the box, is still inside.
+  int answered_inside = -1;
+  bool seen = false, reached_below = true;
+  const auto poll_and_look = [&](std::function<void()> close) {
+    QTimer::singleShot(100, [this] { line_->change([](Rack& rack) { rack.send_poll(); }); });
+    QTimer::singleShot(600, [this, &answered_inside, close] {
+      answered_inside = rack().polls_answered();
+      close();
+    });
+  };
+  poll_and_look([&] {
+    seen = window("Form2").isVisible();
+    reached_below = user::reaches(form1().CmdTW1[0]);
+    window("Form2").close();
+  });
+  desktop->screen().act([this] { user::click(form1().M_o_p); });
+  settle();
+  EXPECT_TRUE(seen);
+  EXPECT_FALSE(reached_below);
+  EXPECT_EQ(answered_inside, 1);
+  EXPECT_FALSE(window("Form2").isVisible());
+
+  poll_and_look([] { dynamic_cast<QDialog&>(*QApplication::activeModalWidget()).accept(); });
+  desktop->screen().act([this] { user::click(form1().M_op); });
+  settle();
+  EXPECT_EQ(answered_inside, 1) << "a box holds everything";
+  EXPECT_TRUE(until([&] { return rack().polls_answered() == 2; })) << "and the answer comes after it";
+}
+
+TEST_F(Line, ALineThatComesAndGoesTwentyTimesIsTakenUpEachTime) {
+  desktop->start();
+  ASSERT_TRUE(poll_is_answered());
+  for (int time = 0; time < 20; ++time) {
+    line_->unplug();
+    ASSERT_TRUE(until([&] { return desktop->line().is_lost(); })) << time;
+    EXPECT_TRUE(desktop->notices().text().startsWith("Линия потеряна: COM1")) << time;
+    desktop->screen().act([this] { user::click(form1().Opt1[3]); });  // sent into nothing, no harm
+    settle();
+    line_->plug();
+    ASSERT_TRUE(until([&] { return !desktop->line().is_lost(); })) << time;
+    EXPECT_TRUE(desktop->notices().text().isEmpty()) << time;
+    ASSERT_TRUE(poll_is_answered()) << time;
+  }
+}
+
+TEST_F(Line, APortThatCannotBeOpenedAtStartIsAFaultWithItsNameAndAReason) {
+  HostSetup setup = training_setup(folder_.path().toStdString());
+  setup.ports = {{1, "/dev/no-such-port"}};
+  Desktop lonely(setup, nullptr);
+  try {
+    lonely.start();
+    FAIL() << "started without a port";
+  } catch (const Fault& fault) {
+    EXPECT_EQ(fault.number(), 8002);
+    EXPECT_STREQ(fault.what(), "Invalid port number: COM1: /dev/no-such-port: такого устройства нет");
+  }
+}
+
+TEST_F(Line, FramesThatWaitAreShownAndAllArrive) {
+  line_->change([](Rack& rack) { rack.set_paced(true); });
+  desktop->start();
+  ASSERT_TRUE(until([&] { return heard.size() == 8; }));
+  // The matrix is clicked sixty times at once: more than a second of line time.
+  desktop->screen().act([this] {
+    for (int click = 0; click < 60; ++click) user::click(form1().Opt1[click % 8]);
+  });
+  settle();
+  EXPECT_TRUE(desktop->notices().text().startsWith("Очередь на линию: "))
+      << desktop->notices().text().toStdString();
+  EXPECT_LT(heard.size(), 30u) << "they take their time";
+  ASSERT_TRUE(until([&] { return heard.size() == 68; }));
+  EXPECT_TRUE(until([&] { return desktop->notices().text().isEmpty(); }));
+}
+
+TEST_F(Line, TheStandChangesTheRackAndShowsWhatItHeard) {
+  desktop->start();
+  Stand& stand = *desktop->stand();
+  stand.show();
+  const auto boxes = stand.findChildren<QCheckBox*>();
+  const auto box = [&](const char* text) {
+    return *std::find_if(boxes.begin(), boxes.end(), [&](auto* each) { return each->text() == text; });
+  };
+  box("Бит «программа в работе»")->click();
+  ASSERT_TRUE(poll_is_answered());
+  EXPECT_EQ(form1().LblSs.caption(), "Программа приостановленна");
+  box("Линия подключена")->click();
+  EXPECT_TRUE(until([&] { return desktop->line().is_lost(); }));
+  box("Линия подключена")->click();
+  EXPECT_TRUE(until([&] { return !desktop->line().is_lost(); }));
+
+  auto* contacts = stand.findChild<CellBoard*>("contacts");
+  emit contacts->pressed(65);
+  EXPECT_TRUE(rack().contact(65));
+  EXPECT_EQ(rack().contact_word(1, 0), 1u);
+  auto* table = stand.findChild<QTableView*>("frames");
+  EXPECT_TRUE(until([&] { return table->model()->rowCount() > 8; }));
+  EXPECT_EQ(table->model()->index(7, FrameLog::kBytes).data().toString(), "AA AA 05 EE 11 11 11 11 37");
+}
+
+}  // namespace
+}  // namespace evac::desktop
