@@ -9,18 +9,18 @@ QString direction(const rack::Passed& frame) {
   return frame.from_console ? QStringLiteral("пульт → стойка") : QStringLiteral("стойка → пульт");
 }
 
-bool is_poll(const rack::Passed& passed) {
-  constexpr std::uint8_t kPoll = 0x10;
-  if (!passed.from_console) return passed.frame[2] == kPoll;
-  return std::holds_alternative<rack::PollAnswer>(rack::order_of(passed.frame));
-}
-
 }  // namespace
 
 QString line_of(const QTime& time, const rack::Passed& frame) {
   return QStringLiteral("%1  %2  %3  %4")
       .arg(time.toString(kTimeForm), direction(frame), QString::fromStdString(rack::hexadecimal(frame.frame)),
            QString::fromStdString(frame.words()));
+}
+
+bool FrameLog::is_poll(const rack::Passed& passed) {
+  constexpr std::uint8_t kPoll = 0x10;
+  if (!passed.from_console) return passed.frame[2] == kPoll;
+  return std::holds_alternative<rack::PollAnswer>(rack::order_of(passed.frame));
 }
 
 void FrameLog::add(const rack::Passed& frame) {

@@ -17,6 +17,8 @@ class FrameLog : public QAbstractTableModel {
 
   // Kept aside until `show_new`.
   void add(const rack::Passed& frame);
+  // A poll, or the steady answer to one: it changes nothing.
+  static bool is_poll(const rack::Passed& frame);
   // Polls and their answers are passed over while this is on.
   void hide_polls(bool on) { without_polls_ = on; }
   void show_new();

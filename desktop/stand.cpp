@@ -13,7 +13,7 @@
 namespace evac::desktop {
 namespace {
 
-constexpr int kRefresh = 200;  // milliseconds
+constexpr int kRefresh = 500;  // milliseconds
 constexpr int kZones = 120, kTerminals = 255;
 
 CellLook output_look(const rack::Output& output, const QString& what, int number) {
@@ -48,7 +48,7 @@ Stand::Stand(TrainingLine& line) : line_(line) {
   all->addLayout(top);
   all->addWidget(log_panel(), 1);
   connect(&line_, &TrainingLine::passed, this, [this](const rack::Passed& frame) {
-    changed_ = true;
+    changed_ = changed_ || !FrameLog::is_poll(frame);
     log_.add(frame);
   });
   refresh_.setInterval(kRefresh);
@@ -232,11 +232,11 @@ void Stand::show_changes() {
                       .arg(clock.seconds().count(), 2, 10, QChar('0'))
                       .arg(set(network.time_set())));
   polls_->setText(QStringLiteral("Опросов %1, ответов %2").arg(rack.polls_sent()).arg(rack.polls_answered()));
-  if (!std::exchange(changed_, false)) return;
   const auto* scroll = table_->verticalScrollBar();
   const bool at_end = scroll->value() >= scroll->maximum();
   log_.show_new();
   if (at_end) table_->scrollToBottom();
+  if (!std::exchange(changed_, false)) return;
   zones_->update();
   terminals_->update();
   network_->setText(network_words());

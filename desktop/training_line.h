@@ -25,8 +25,6 @@ class TrainingLine : public QObject {
   void plug();
   // The line is pulled out: its device vanishes.
   void unplug();
-  // The rack's end of the pseudo-terminal, for who measures; -1 while it is unplugged.
-  int descriptor() const { return line_.descriptor(); }
   bool plugged() const { return line_.is_open(); }
   // Whoever changes something at the rack brings its time up to date first, and lets it work on after.
   void change(const std::function<void(rack::Rack&)>& what);

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "desktop/view/palette.h"
@@ -82,6 +83,14 @@ void BarView::mouseReleaseEvent(QMouseEvent*) {
   setRepeatAction(SliderNoAction);
   setSliderDown(false);
   update();
+}
+
+void BarView::wheelEvent(QWheelEvent* event) {
+  // A wheel that is turned in passing must change no volume.
+  if (hasFocus())
+    QAbstractSlider::wheelEvent(event);
+  else
+    event->ignore();
 }
 
 void BarView::paintEvent(QPaintEvent*) {

@@ -16,6 +16,7 @@ class BarView : public BoundWidget<QAbstractSlider, ScrollBar> {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   void show_state() override;

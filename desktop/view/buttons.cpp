@@ -74,7 +74,6 @@ void ButtonView::leaveEvent(QEvent* event) {
 
 void ButtonView::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  p.setRenderHint(QPainter::Antialiasing);
   const bool says = is_signal(control_.back_color());
   QColor back = isEnabled() || says ? screen_color(control_.back_color()) : grey::kWindow;
   if (look_ == Look::kStop && !says) back = QColor(0xF2, 0xD4, 0xD0);
@@ -83,12 +82,10 @@ void ButtonView::paintEvent(QPaintEvent*) {
   else if (underMouse() && isEnabled())
     back = back.lighter(104);
   const bool stands_out = says && look_ != Look::kValue;
-  const double edge = stands_out ? 2 : 1;
-  const QRectF box = QRectF(rect()).adjusted(edge / 2 + 1, edge / 2 + 1, -edge / 2 - 1, -edge / 2 - 1);
-  p.setPen(QPen(!isEnabled() ? grey::kLine.lighter(115) : stands_out ? grey::kText : grey::kLine, edge));
-  p.setBrush(back);
-  p.drawRoundedRect(box, 3, 3);
+  const QColor edge = !isEnabled() ? grey::kLine.lighter(115) : stands_out ? grey::kText : grey::kLine;
+  draw_box(p, rect(), back, edge, stands_out ? 2 : 1);
 
+  const QRectF box = QRectF(rect()).adjusted(2, 2, -2, -2);
   QRectF text_area = box.adjusted(tight_ ? 1 : 5, 0, tight_ ? -1 : -5, 0);
   const QString caption = qt(control_.caption());
   if (const auto shown = picture(); !shown.empty()) {
@@ -107,6 +104,7 @@ void ButtonView::paintEvent(QPaintEvent*) {
     if (look_ == Look::kCell) draw_channel_sign(p, box, channel_of(control_.back_color()));
   }
   if (hasFocus()) {
+    p.setRenderHint(QPainter::Antialiasing);
     p.setBrush(Qt::NoBrush);
     p.setPen(QPen(grey::kFocus, 2));
     p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);

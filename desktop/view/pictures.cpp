@@ -1,6 +1,7 @@
 #include "desktop/view/pictures.h"
 
 #include <QPainterPath>
+#include <QPixmapCache>
 #include <algorithm>
 #include <array>
 #include <span>
@@ -142,39 +143,62 @@ bool draw_picture(QPainter& p, const QRectF& area, std::string_view name, bool e
   return true;
 }
 
-void draw_lamp(QPainter& p, const QRectF& area, std::string_view name, const QString& number) {
-  p.save();
-  p.setRenderHint(QPainter::Antialiasing);
-  const QRectF box = area.adjusted(2, 2, -2, -2);
-  if (name == "PctD4") {
-    // A full red shield with a flame's point, white on red: nothing else on the screen looks like it.
-    p.setPen(QPen(QColor(0x5A, 0, 0), 2));
-    p.setBrush(signal::kFire);
-    const double cut = std::min(box.width(), box.height()) * 0.28;
-    QPainterPath path;
-    path.moveTo(box.left() + cut, box.top());
-    path.lineTo(box.right() - cut, box.top());
-    path.lineTo(box.right(), box.top() + cut);
-    path.lineTo(box.right(), box.bottom() - cut);
-    path.lineTo(box.right() - cut, box.bottom());
-    path.lineTo(box.left() + cut, box.bottom());
-    path.lineTo(box.left(), box.bottom() - cut);
-    path.lineTo(box.left(), box.top() + cut);
-    path.closeSubpath();
-    p.drawPath(path);
-    draw_number(p, box, number, Qt::white, true);
-  } else if (name == "PctD3") {
-    p.setPen(QPen(grey::kText, 2));
-    p.setBrush(signal::kLit);
-    p.drawRoundedRect(box, box.height() / 2, box.height() / 2);
-    draw_number(p, box, number, grey::kText, true);
-  } else {
-    p.setPen(QPen(grey::kLine, 1));
-    p.setBrush(grey::kFace);
-    p.drawRect(box.adjusted(2, 2, -2, -2));
-    draw_number(p, box, number, grey::kFaint, false);
+void draw_cached(QPainter& p, const QRect& area, const QString& key,
+                 const std::function<void(QPainter&, const QRectF&)>& draw) {
+  const double ratio = p.device()->devicePixelRatioF();
+  const QString whole_key =
+      QStringLiteral("%1/%2x%3@%4").arg(key).arg(area.width()).arg(area.height()).arg(ratio);
+  QPixmap picture;
+  if (!QPixmapCache::find(whole_key, &picture)) {
+    picture = QPixmap(area.size() * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    draw(painter, QRectF(QPointF(0, 0), QSizeF(area.size())));
+    painter.end();
+    QPixmapCache::insert(whole_key, picture);
   }
-  p.restore();
+  p.drawPixmap(area.topLeft(), picture);
+}
+
+void draw_box(QPainter& p, const QRect& area, const QColor& ground, const QColor& edge, double width) {
+  const QString key = QStringLiteral("box %1 %2 %3").arg(ground.rgb()).arg(edge.rgb()).arg(width);
+  draw_cached(p, area, key, [&](QPainter& painter, const QRectF& box) {
+    const double inset = width / 2 + 1;
+    painter.setPen(QPen(edge, width));
+    painter.setBrush(ground);
+    painter.drawRoundedRect(box.adjusted(inset, inset, -inset, -inset), 3, 3);
+  });
+}
+
+void draw_lamp(QPainter& p, const QRect& area, std::string_view name, const QString& number) {
+  const bool fire = name == "PctD4", lit = name == "PctD3";
+  draw_cached(p, area,
+              fire  ? "lamp of fire"
+              : lit ? "lamp lit"
+                    : "lamp dark",
+              [&](QPainter& painter, const QRectF& whole) {
+                const QRectF box = whole.adjusted(2, 2, -2, -2);
+                if (fire) {
+                  // A full red shield, white on red: nothing else on the screen looks like it.
+                  const double x = 0.28 * std::min(1.0, box.height() / box.width());
+                  const double y = 0.28 * std::min(1.0, box.width() / box.height());
+                  painter.setPen(QPen(QColor(0x5A, 0, 0), 2));
+                  painter.setBrush(signal::kFire);
+                  painter.drawPath(polygon(
+                      box, {{x, 0}, {1 - x, 0}, {1, y}, {1, 1 - y}, {1 - x, 1}, {x, 1}, {0, 1 - y}, {0, y}}));
+                } else if (lit) {
+                  painter.setPen(QPen(grey::kText, 2));
+                  painter.setBrush(signal::kLit);
+                  painter.drawRoundedRect(box, box.height() / 2, box.height() / 2);
+                } else {
+                  painter.setPen(QPen(grey::kLine, 1));
+                  painter.setBrush(grey::kFace);
+                  painter.drawRect(box.adjusted(2, 2, -2, -2));
+                }
+              });
+  draw_number(p, area, number, fire ? QColor(Qt::white) : lit ? grey::kText : grey::kFaint, fire || lit);
 }
 
 void draw_channel_sign(QPainter& p, const QRectF& area, int channel) {

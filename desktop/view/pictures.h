@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QString>
+#include <functional>
 #include <string_view>
 
 namespace evac::desktop {
@@ -12,7 +13,13 @@ namespace evac::desktop {
 bool draw_picture(QPainter& painter, const QRectF& area, std::string_view name, bool enabled = true);
 bool is_picture(std::string_view name);
 // A lamp of a zone, with its number in it.
-void draw_lamp(QPainter& painter, const QRectF& area, std::string_view name, const QString& number);
+void draw_lamp(QPainter& painter, const QRect& area, std::string_view name, const QString& number);
+// What a picture drawn once is drawn from again: `key` tells everything about it but its size. Smooth shapes
+// cost far more than the copying of their points, and boards have hundreds of the same.
+void draw_cached(QPainter& painter, const QRect& area, const QString& key,
+                 const std::function<void(QPainter&, const QRectF&)>& draw);
+// A box with round corners: its ground, its edge and how wide that is.
+void draw_box(QPainter& painter, const QRect& area, const QColor& ground, const QColor& edge, double width);
 // A small channel number in the lower right corner of something that has the channel's colour.
 void draw_channel_sign(QPainter& painter, const QRectF& area, int channel);
 // What the picture says, for assistive technology; empty for one that says nothing.

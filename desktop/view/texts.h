@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QWheelEvent>
 
 #include "desktop/view/bound_widget.h"
 
@@ -26,6 +27,8 @@ class ComboView : public BoundWidget<QComboBox, ComboBox> {
   ComboView(ComboBox& control, Screen& screen, const Node& node, QWidget* parent);
 
  protected:
+  // A wheel that is turned in passing must choose nothing.
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
   void paintEvent(QPaintEvent* event) override;
 
  private:
