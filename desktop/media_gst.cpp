@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/wave_length.h"
 #include "model/text.h"
 #include "model/time.h"
 
@@ -25,17 +26,16 @@ void start_gstreamer() {
   (void)started;
 }
 
-// Swallows the sound, in its own time or as fast as it comes.
-GstElement* fake_sink(bool in_time) {
+GstElement* fake_sink() {
   GstElement* sink = gst_element_factory_make("fakesink", nullptr);
-  if (sink) g_object_set(sink, "sync", in_time ? TRUE : FALSE, nullptr);
+  if (sink) g_object_set(sink, "sync", TRUE, nullptr);
   return sink;
 }
 
 // The sink of the setup, floating; null, with the reason, when its description is wrong or its module
 // missing.
 GstElement* make_sink(const SoundSetup& setup, std::string& why) {
-  if (setup.sink == "fake") return fake_sink(true);
+  if (setup.sink == "fake") return fake_sink();
   std::string description = setup.sink.empty() || setup.sink == "auto" ? "autoaudiosink" : setup.sink;
   if (description.starts_with(kAlsaPrefix))
     description = "alsasink device=\"" + description.substr(kAlsaPrefix.size()) + "\"";
@@ -114,19 +114,12 @@ bool preroll(GstElement* player) {
          gst_element_get_state(player, nullptr, nullptr, kPrerollLimit) == GST_STATE_CHANGE_SUCCESS;
 }
 
-// Seconds of what a player that swallows all sound at once is ready to play; 0 when that can't be told.
-double length_of(GstElement* player) {
+// Seconds of what the player is ready to play; 0 when that can't be told.
+double length_of(GstElement* player, const std::filesystem::path& file) {
   gint64 length = 0;
   if (gst_element_query_duration(player, GST_FORMAT_TIME, &length) && length > 0)
     return length / kNanoseconds;
-  // Some files, waves with an odd number of bytes among them, tell their length only by being played through.
-  gst_element_set_state(player, GST_STATE_PLAYING);
-  GstBus* bus = gst_element_get_bus(player);
-  const auto ends = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR);
-  if (GstMessage* end = gst_bus_timed_pop_filtered(bus, kPrerollLimit, ends)) gst_message_unref(end);
-  gst_object_unref(bus);
-  if (!gst_element_query_position(player, GST_FORMAT_TIME, &length) || length < 0) return 0;
-  return length / kNanoseconds;
+  return wave_length(file);
 }
 
 GstElement* volume_filter(double linear) {
@@ -186,11 +179,11 @@ void GstMedia::set_file(std::string_view path) {
   if (!uri) return;
   uri_ = uri;
   g_free(uri);
-  const Player trial = make_player(fake_sink(false));
-  if (!trial || !preroll(trial.get()))
-    uri_.clear();
-  else
-    duration_ = std::min(length_of(trial.get()), static_cast<double>(kSecondsPerDay));
+  const Player trial = make_player(fake_sink());
+  if (trial && preroll(trial.get()))
+    duration_ = std::min(length_of(trial.get(), file), static_cast<double>(kSecondsPerDay));
+  // What has no length can't be followed by the clock: an alert would start it again every second.
+  if (duration_ <= 0) uri_.clear();
 }
 
 void GstMedia::play() {
@@ -275,7 +268,7 @@ GstElement* GstMedia::real_sink() {
   GstElement* sink = make_sink(setup_, why);
   if (sink) return sink;
   tell("Звук не настроен: " + why);
-  return fake_sink(true);
+  return fake_sink();
 }
 
 void GstMedia::jump(double seconds) {

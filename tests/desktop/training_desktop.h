@@ -14,7 +14,8 @@ namespace evac::desktop {
 class TrainingDesktop : public ::testing::Test {
  protected:
   TrainingDesktop() {
-    const HostSetup setup = training_setup(folder_.path().toStdString());
+    HostSetup setup = training_setup(folder_.path().toStdString());
+    setup.sound_sink = "fake";
     auto line = std::make_unique<TrainingLine>(setup.ports.at(1));
     line_ = line.get();
     desktop = std::make_unique<Desktop>(setup, std::move(line));
