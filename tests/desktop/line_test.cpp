@@ -14,6 +14,7 @@ using rack::Rack;
 
 class Line : public TrainingDesktop {
  protected:
+  bool says(const char* message) { return desktop->notices().text().contains(QString::fromUtf8(message)); }
   // Polls once and waits for the answer.
   bool poll_is_answered() {
     const int before = rack().polls_answered();
@@ -72,12 +73,12 @@ TEST_F(Line, ALineThatComesAndGoesTwentyTimesIsTakenUpEachTime) {
   for (int time = 0; time < 20; ++time) {
     line_->unplug();
     ASSERT_TRUE(until([&] { return desktop->line().is_lost(); })) << time;
-    EXPECT_TRUE(desktop->notices().text().startsWith("Линия потеряна: COM1")) << time;
+    EXPECT_TRUE(says("Линия потеряна: COM1")) << time;
     desktop->screen().act([this] { user::click(form1().Opt1[3]); });  // sent into nothing, no harm
     settle();
     line_->plug();
     ASSERT_TRUE(until([&] { return !desktop->line().is_lost(); })) << time;
-    EXPECT_FALSE(desktop->notices().text().contains("Линия потеряна")) << time;
+    EXPECT_FALSE(says("Линия")) << time;
     ASSERT_TRUE(poll_is_answered()) << time;
   }
 }
@@ -104,11 +105,10 @@ TEST_F(Line, FramesThatWaitAreShownAndAllArrive) {
     for (int click = 0; click < 60; ++click) user::click(form1().Opt1[click % 8]);
   });
   settle();
-  EXPECT_TRUE(desktop->notices().text().startsWith("Очередь на линию: "))
-      << desktop->notices().text().toStdString();
+  EXPECT_TRUE(says("Очередь на линию: "));
   EXPECT_LT(heard.size(), 30u) << "they take their time";
   ASSERT_TRUE(until([&] { return heard.size() == 68; }));
-  EXPECT_TRUE(until([&] { return !desktop->notices().text().contains("Очередь на линию"); }));
+  EXPECT_TRUE(until([&] { return !says("Очередь"); }));
 }
 
 TEST_F(Line, TheStandChangesTheRackAndShowsWhatItHeard) {
