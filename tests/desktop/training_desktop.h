@@ -38,6 +38,20 @@ class TrainingDesktop : public ::testing::Test {
     until([&] { return reached; });
     desktop->screen().flush();
   }
+  // Opens a modal window by `open` and works it from outside the console, one step after another, as a user
+  // would; the last step must close it. Returns when the handler that opened it is through.
+  void work_modal(std::function<void()> open, std::vector<std::function<void()>> steps) {
+    std::size_t next = 0;
+    QTimer user;
+    user.setInterval(60);
+    QObject::connect(&user, &QTimer::timeout, &user, [&] {
+      if (next < steps.size()) steps[next++]();
+    });
+    user.start();
+    desktop->screen().act(std::move(open));
+    settle();
+    EXPECT_EQ(next, steps.size());
+  }
   Form1& form1() { return desktop->console().form1(); }
   FormWindow& window(const char* form) {
     return desktop->windows().window(*desktop->console().windows().find(form));
