@@ -188,7 +188,8 @@ void GstMedia::set_file(std::string_view path) {
 
 void GstMedia::play() {
   if (uri_.empty()) return;
-  if (ended_) stop();
+  // At its end it starts over, also when the news of the end is still on its way.
+  if (position() >= duration_) stop();
   if (!player_) {
     player_ = make_player(real_sink());
     if (!player_) return;
