@@ -71,6 +71,12 @@ class Measure {
     pass(milliseconds(400));
     desktop_->screen().act([&form] { user::set_value(form.VsUs, 2); });
     report("changing the preset", longest_step(milliseconds(500)));
+    // The preset again, back and forth, and all that it changed painted on the two tabs that show it.
+    for (const int tab : {1, 2}) {
+      desktop_->screen().act([&form, tab] { user::turn_to(form.SSTab1, tab); });
+      pass(milliseconds(400));
+      std::printf("painting tab %d after a change of preset: %.1f ms\n", tab + 1, paint_presets(form));
+    }
     desktop_->screen().act([&form] { user::click(form.CmdAG); });
     pass(milliseconds(6000));
   }
@@ -119,6 +125,21 @@ class Measure {
  private:
   void report(const char* what, double longest) {
     std::printf("%-28s longest hold %6.1f ms\n", what, longest);
+  }
+
+  // Milliseconds that one change of preset takes with the painting of the whole window behind it.
+  double paint_presets(Form1& form) {
+    constexpr int kChanges = 50;
+    FormWindow& window = desktop_->windows().window(form);
+    const auto start = Clock::now();
+    for (int i = 0; i < kChanges; ++i) {
+      form.VsUs.set_value(1 + i % 2);
+      form.Option1.press();
+      form.CmdGr2.click();
+      desktop_->screen().flush();
+      window.repaint();
+    }
+    return ms_since(start) / kChanges;
   }
 
   double longest_step(milliseconds time) {
