@@ -60,7 +60,7 @@ class Console {
   void load_settings();
   void take_alert_settings();
   void register_cards();
-  void paint_legend();
+  void paint_legends();
   void set_timers();
 
   Machine machine_;

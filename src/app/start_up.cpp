@@ -71,7 +71,7 @@ void Console::load() {
   register_cards();
   for (std::size_t i = 0; i < model_.alert.bit_mask.size(); ++i)
     model_.alert.bit_mask[i] = static_cast<std::int32_t>(std::uint32_t{1} << i);
-  paint_legend();
+  paint_legends();
   audio_matrix_.choose_defaults();
   auto& calendar = model_.calendar;
   calendar.MonthName[0] = calendar.WeekDayName[0] = "0";
@@ -161,9 +161,9 @@ void Console::register_cards() {
   alert.di_card1 = machine_.cards.register_card(kCardType, 1);
 }
 
-void Console::paint_legend() {
-  evac::paint_legend(form1_.L1);
-  evac::paint_legend(form1_.L2);
+void Console::paint_legends() {
+  paint_legend(form1_.L1);
+  paint_legend(form1_.L2);
 }
 
 void Console::set_timers() {

@@ -18,7 +18,7 @@ inline bool is_channel(int channel) {
 void pick_channel_color(PaintState& paint, int channel);
 // Picks the channel's colour and paints the control with the colour picked last.
 void SetChannelColor(PaintState& paint, Control& control, int channel);
-// The six samples of a legend: channels 1 to 5 and "Не выбран".
+// The samples of a legend: channels 1 to 5 and, where there is a sixth, "Не выбран".
 void paint_legend(ControlArray<Label>& samples);
 
 enum class SourceLamp { kPlaying, kStopped };  // "P" and "S"
