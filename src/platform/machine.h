@@ -43,8 +43,6 @@ class Cards {
   virtual void read_port(std::int16_t handle, int port, std::int32_t& word) = 0;
 };
 
-enum class BoxIcon { kInformation, kQuestion };
-
 // Boxes hold everything: no tick and no byte is handled until they are answered.
 class Boxes {
  public:
