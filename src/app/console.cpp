@@ -23,8 +23,13 @@ Console::Console(const Machine& machine)
       form5_(windows_),
       form7_(windows_),
       journal_(model_.calendar, model_.settings, machine.loop, machine.files),
-      link_(model_.link, machine.port),
-      dispatcher_(model_.link, link_, machine.loop, form1_, form1_),
+      link_({.state = model_.link, .port = machine.port}),
+      dispatcher_({.state = model_.link,
+                   .wait = reply_wait_,
+                   .link = link_,
+                   .loop = machine.loop,
+                   .strip = form1_,
+                   .stores = form1_}),
       clock_line_(model_.calendar, form1_, machine.loop),
       audio_matrix_(model_.sources, form1_, link_),
       equipment_(model_.sources, model_.power, model_.settings, machine.files, machine.port, form22_, form1_,
@@ -79,7 +84,8 @@ void Console::wire() {
   // Link.
   machine_.port.receive = [this] { link_.receive(); };
   link_.frame_received = [this] { dispatcher_.dispatch(); };
-  form1_.Timer1.tick = [this] { dispatcher_.tick(); };
+  reply_wait_.answer = [this] { dispatcher_.answer_poll(); };
+  form1_.Timer1.tick = [this] { reply_wait_.tick(); };
 
   // Clock.
   form1_.Timer3.tick = [this] { clock_line_.tick(); };
