@@ -239,14 +239,14 @@ void Console::open_settings(void (Console::*open)()) {
 }
 
 void Console::open_equipment() {
-  equipment_.load();
+  equipment_.load(EquipmentSettings::Reading::kByWindow);
   equipment_.show_cards(model_.alert);
   windows_.show_modal(form22_);
 }
 
 void Console::open_zones() {
   zone_names_.load();
-  equipment_.load();
+  equipment_.load(EquipmentSettings::Reading::kByWindow);
   zone_settings_.prepare();
   windows_.show_modal(form33_);
 }
@@ -257,7 +257,7 @@ void Console::open_alert_settings() {
 
 void Console::open_terminals() {
   terminal_names_.load();
-  equipment_.load();
+  equipment_.load(EquipmentSettings::Reading::kByWindow);
   terminal_settings_.prepare();
   windows_.show_modal(form55_);
 }

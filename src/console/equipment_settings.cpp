@@ -23,7 +23,7 @@ void fill(ComboBox& combo, std::string_view text) {
 
 }  // namespace
 
-void EquipmentSettings::load() {
+void EquipmentSettings::load(Reading reading) {
   clear_sources();
   const auto records = read_equipment(files_, settings_);
   if (!records) {
@@ -32,11 +32,12 @@ void EquipmentSettings::load() {
   }
   for (int i = 0; i < kSourceRows; ++i)
     if (!read_row(i, records->rows[static_cast<std::size_t>(i)])) return;
+  const auto open = reading == Reading::kAtStart ? &SerialPort::open : &SerialPort::reopen;
   if (records->port == "1") {
-    use_port(1);
+    use_port(1, open);
     form_.Opt1.set_value(true);
   } else if (records->port == "2") {
-    use_port(2);
+    use_port(2, open);
     form_.Opt2.set_value(true);
   }
   for (int n = 1; n <= kSequencers; ++n)
@@ -81,7 +82,7 @@ void EquipmentSettings::save() {
   }
   if (form_.Opt1.value() || form_.Opt2.value()) {
     const int number = form_.Opt1.value() ? 1 : 2;
-    use_port(number);
+    use_port(number, &SerialPort::open);
     records.port = std::to_string(number);
   }
   for (int n = 1; n <= kSequencers; ++n) {
@@ -143,10 +144,10 @@ void EquipmentSettings::take_source(int i) {
   }
 }
 
-void EquipmentSettings::use_port(int number) {
+void EquipmentSettings::use_port(int number, void (SerialPort::*open)()) {
   port_.close();
   port_.set_port(number);
-  port_.open();
+  (port_.*open)();
 }
 
 }  // namespace evac

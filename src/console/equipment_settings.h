@@ -24,9 +24,12 @@ class EquipmentSettings {
         sources_tab_(sources_tab),
         legends_{&zone_legend, &terminal_legend} {}
 
+  // Who asks for a reading decides what a port that cannot be opened is: at the start a fault, by a settings
+  // window that shows what is there a lost line.
+  enum class Reading { kAtStart, kByWindow };
   // Reads the file into the window and the model; closes the port and opens the one that the file names. A
-  // number that does not fit ends it silently. Faults when the port cannot be opened.
-  void load();
+  // number that does not fit ends it silently.
+  void load(Reading reading);
   // Command1. The port is opened before the file is touched, so that one that cannot be opened is never kept.
   void save();
   // Indicators of the digital-input cards.
@@ -39,7 +42,7 @@ class EquipmentSettings {
   void show_volume(int i);
   void clear_sources();
   void take_source(int i);
-  void use_port(int number);
+  void use_port(int number, void (SerialPort::*open)());
 
   SourceState& sources_;
   PowerState& power_;
