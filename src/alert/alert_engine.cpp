@@ -28,12 +28,12 @@ void AlertEngine::tick() {
 }
 
 void AlertEngine::scan_inputs() {
-  // A card that is missing leaves its words at 0.
+  // A card that is missing leaves its words at 0; one that fails neither raises nor ends an alert.
   Words words{};
   if (!alert_.fire_sim)
     for (std::size_t i = 0; i < kBankTable.size(); ++i)
-      cards_.read_port(kBankTable[i].card == 0 ? alert_.di_card0 : alert_.di_card1, kBankTable[i].port,
-                       words[i]);
+      (void)cards_.read_port(kBankTable[i].card == 0 ? alert_.di_card0 : alert_.di_card1, kBankTable[i].port,
+                             words[i]);
   const Words& present = alert_.fire_sim ? alert_.fire_bits : words;
   for (std::size_t i = 0; i < kLastOrder.size(); ++i) alert_.di_last[i] = present[kLastOrder[i]];
 
