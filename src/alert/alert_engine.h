@@ -15,16 +15,17 @@ namespace evac {
 
 class AlertEngine {
  public:
-  AlertEngine(AlertState& alert, const SettingsState& settings, AlarmTab& tab, Cards& cards,
-              BlockAlert& block, AlgorithmRun& algorithm, AlertEnd& end, Journal& journal)
-      : alert_(alert),
-        settings_(settings),
-        tab_(tab),
-        cards_(cards),
-        block_(block),
-        algorithm_(algorithm),
-        end_(end),
-        journal_(journal) {}
+  struct Doors {
+    AlertState& alert;
+    const SettingsState& settings;
+    AlarmTab& tab;
+    Cards& cards;
+    BlockAlert& block;
+    AlgorithmRun& algorithm;
+    AlertEnd& end;
+    Journal& journal;
+  };
+  explicit AlertEngine(const Doors& doors) : doors_(doors) {}
 
   // Timer4. Touches no file and not the line unless there is a new fire.
   void tick();
@@ -36,17 +37,9 @@ class AlertEngine {
   void scan_inputs();
   // False when a zone of fire has no algorithm: the tick ends there.
   bool scan_bank(int bank, const Words& words);
-  void keep_bank4_bit(const Words& words);
   std::int32_t masked_input(int bank, int zone, const Words& words) const;
 
-  AlertState& alert_;
-  const SettingsState& settings_;
-  AlarmTab& tab_;
-  Cards& cards_;
-  BlockAlert& block_;
-  AlgorithmRun& algorithm_;
-  AlertEnd& end_;
-  Journal& journal_;
+  const Doors doors_;
 };
 
 }  // namespace evac

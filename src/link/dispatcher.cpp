@@ -75,7 +75,7 @@ void Dispatcher::dispatch() {
 
 void Dispatcher::show_link(bool up) {
   strip_.LblCon.set_caption(up ? "Соединение установленно" : "Соединение не установленно");
-  strip_.PctD1.set_picture(up ? stores_.PctD3 : stores_.PctD2);
+  strip_.PctD1.set_picture(up ? picture::kYes : picture::kNo);
 }
 
 void Dispatcher::report_link(bool up) {
@@ -85,7 +85,7 @@ void Dispatcher::report_link(bool up) {
 
 void Dispatcher::report_programme(bool running) {
   strip_.LblSs.set_caption(running ? "Программа в работе" : "Программа приостановленна");
-  strip_.PctD0.set_picture(running ? stores_.PctD3 : stores_.PctD4);
+  strip_.PctD0.set_picture(running ? picture::kYes : picture::kPause);
   state_.prog_state = running ? kRunning : kSuspended;
 }
 

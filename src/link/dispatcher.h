@@ -11,8 +11,8 @@ namespace evac {
 
 class Dispatcher {
  public:
-  Dispatcher(LinkState& state, Link& link, EventLoop& loop, HeaderStrip& strip, const PictureStores& stores)
-      : state_(state), link_(link), loop_(loop), strip_(strip), stores_(stores) {}
+  Dispatcher(LinkState& state, Link& link, EventLoop& loop, HeaderStrip& strip)
+      : state_(state), link_(link), loop_(loop), strip_(strip) {}
 
   // The frame in `r_buf`. A poll's answer waits inside for two ticks of Timer1, with the event pump running.
   void dispatch();
@@ -30,7 +30,6 @@ class Dispatcher {
   Link& link_;
   EventLoop& loop_;
   HeaderStrip& strip_;
-  const PictureStores& stores_;
 };
 
 }  // namespace evac

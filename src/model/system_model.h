@@ -37,7 +37,8 @@ struct LinkState {
   std::uint8_t link_state = 0;         // 1 down, 2 up; written only
   std::uint8_t prog_state = 0;         // 1 suspended, 2 running; written only
   std::uint8_t status_line_count = 0;  // frames since the line of polling text was cleared
-  std::string link_mode_text;  // the dispatcher keeps that line while this is "Данные каналов"
+  std::string link_mode_text =
+      "Данные каналов";  // the dispatcher keeps that line while this is "Данные каналов"
 };
 
 // Zones and terminals. Channels: 1..5, 0 none. Indexed by number.
@@ -105,7 +106,10 @@ enum SettingsIndex {
 };
 
 struct SettingsState {
-  std::string data_drive, data_folder, protocol_base;
+  SettingsState() { SettingsLine[kScanCycles] = "1"; }
+
+  std::string data_drive = "C", data_folder = "ZEF_DAT";
+  std::string protocol_base;  // the working folder at start, where the journal lives
   BoundedArray<std::string, 0, kSettingsLines - 1> SettingsLine;
 
   // "C:\ZEF_DAT\" and the rest of a path in the data folder.
@@ -128,11 +132,8 @@ struct AlertState {
   bool msg_cancel = false;
   bool al_all_on = false;
   std::array<std::int32_t, kBanks> fire_bits{};
-  std::array<std::int32_t, 32> bit_mask{};
   BoundedArray<std::array<std::int32_t, kSeenEntries>, 1, kBanks> fire_seen;
-  std::int32_t bank4_bit = 0;
   std::int16_t di_card0 = -1, di_card1 = -1;
-  std::array<std::int32_t, kBanks> di_last{};
   std::int16_t alg_zone = 1;
   std::int32_t alg_step = 1;
   std::int32_t alg_rep = 0, al_rep = 0, man_rep = 0;
@@ -157,7 +158,7 @@ struct SupervisionState {
 };
 
 struct TimerState {
-  bool tm_on = false, tm_scan = false, tm_none = false;
+  bool tm_on = true, tm_scan = true, tm_none = false;
 };
 
 struct PlayerState {
@@ -166,10 +167,6 @@ struct PlayerState {
 
 struct CalendarState {
   Date journal_day{};  // day of the last header of the journal
-  // Index 0 holds "0", so that 1 is January and 1 is Monday.
-  std::array<std::string, 13> MonthName;
-  std::array<std::string, 8> WeekDayName;
-  WallTime started{};
 };
 
 struct SystemModel {

@@ -12,9 +12,14 @@ namespace evac {
 
 class FollowedMessage {
  public:
+  struct Doors {
+    Media& media;
+    std::int32_t& end;
+    const SettingsState& settings;
+    EventLoop& loop;
+  };
   // Keeps the end, a time of day in whole seconds, in `end`.
-  FollowedMessage(Media& media, std::int32_t& end, const SettingsState& settings, EventLoop& loop)
-      : media_(media), end_(end), settings_(settings), loop_(loop) {}
+  explicit FollowedMessage(const Doors& doors) : doors_(doors) {}
 
   // Plays a file of the folder "message". Returns the whole seconds to its end, one more than the file has;
   // none when it can't be opened, and then the end stays as it was.
@@ -25,10 +30,7 @@ class FollowedMessage {
   void end_in(int seconds);
 
  private:
-  Media& media_;
-  std::int32_t& end_;
-  const SettingsState& settings_;
-  EventLoop& loop_;
+  const Doors doors_;
 };
 
 // Path of a file in the folder "message".
