@@ -13,6 +13,9 @@ TerminalSettings::TerminalSettings(const Doors& doors)
       doors_(doors) {}
 
 void TerminalSettings::LoadTermSettings(int n) {
+  // A preset without a file has no terminal on; a file puts on what it has.
+  for (int t = 1; t <= count(); ++t)
+    if (is_on(t)) show_off(t);
   doors_.terminals.term_count = static_cast<std::int16_t>(load(preset_file(doors_.settings, n)));
 }
 

@@ -21,8 +21,9 @@ class FollowedMessage {
   // Keeps the end, a time of day in whole seconds, in `end`.
   explicit FollowedMessage(const Doors& doors) : doors_(doors) {}
 
-  // Plays a file of the folder "message". Returns the whole seconds to its end, one more than the file has;
-  // none when it can't be opened, and then the end stays as it was.
+  // Plays a file of the folder "message". A play takes a second more than its file, to the nearest second,
+  // ties up. Returns the whole part of that time, the figure for the journal; none when the file can't be
+  // opened, and then the end stays as it was.
   std::optional<int> play(std::string_view file);
   // Whole seconds from now to the end; negative once it is past, and until midnight where it lies behind it.
   int left() const;
