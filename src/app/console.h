@@ -17,6 +17,7 @@
 #include "journal/journal.h"
 #include "link/dispatcher.h"
 #include "link/link.h"
+#include "link/reply_wait.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
 #include "store/alert_store.h"
@@ -66,6 +67,7 @@ class Console {
   Forms forms_;
   Journal journal_;
   Link link_;
+  ReplyWait reply_wait_;
   Dispatcher dispatcher_;
   ClockLine clock_line_;
   AudioMatrix audio_matrix_;

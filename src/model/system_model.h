@@ -31,14 +31,10 @@ struct LinkState {
   Frame9 r_frame{};                      // the last frame as on the wire
   std::uint8_t rx_state = 0;             // 0 first sync byte, 1 second, 2 body
   std::int16_t rx_count = 0;             // body bytes so far, 0..6
-  std::int16_t reply_wait =
-      255;  // 255 idle, 0..242 scan waits, 243..244 poll answer waits, 245 over, 249 data came
-  std::uint8_t poll_answer_state = 0;  // 0 date next, 1 time next, 2 steady
-  std::uint8_t link_state = 0;         // 1 down, 2 up; written only
-  std::uint8_t prog_state = 0;         // 1 suspended, 2 running; written only
-  std::uint8_t status_line_count = 0;  // frames since the line of polling text was cleared
-  std::string link_mode_text =
-      "Данные каналов";  // the dispatcher keeps that line while this is "Данные каналов"
+  std::uint8_t poll_answer_state = 0;    // 0 date next, 1 time next, 2 steady
+  std::uint8_t link_state = 0;           // 1 down, 2 up; written only
+  std::uint8_t prog_state = 0;           // 1 suspended, 2 running; written only
+  std::uint8_t status_line_count = 0;    // frames since the line of polling text was cleared
 };
 
 // Zones and terminals. Channels: 1..5, 0 none. Indexed by number.

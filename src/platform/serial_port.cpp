@@ -31,7 +31,7 @@ std::optional<std::uint8_t> SerialPort::read() {
   if (in_.empty()) return std::nullopt;
   const std::uint8_t byte = in_.front();
   in_.pop_front();
-  // A handler that waits inside lets the bytes behind this one be read meanwhile.
+  // Whoever reads stops where it likes; what is behind is an event of its own.
   if (!in_.empty()) announce();
   return byte;
 }
