@@ -151,12 +151,13 @@ std::int16_t VirtualMachine::register_card(int, int number) {
 
 void VirtualMachine::release_card(std::int16_t) {}
 
-void VirtualMachine::read_port(std::int16_t handle, int port, std::int32_t& word) {
-  if (handle < 0) return;
+bool VirtualMachine::read_port(std::int16_t handle, int port, std::int32_t& word) {
+  if (handle < 0) return false;
   std::uint32_t bits = 0;
   const auto first = static_cast<std::size_t>(handle * 64 + port * 32);
   for (std::size_t i = 0; i < 32; ++i) bits |= std::uint32_t{contacts_.test(first + i)} << i;
   word = static_cast<std::int32_t>(bits);
+  return true;
 }
 
 void VirtualMachine::beep(int frequency, int duration) {

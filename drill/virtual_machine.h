@@ -100,7 +100,7 @@ class VirtualMachine : public LoopHost,
   // Cards
   std::int16_t register_card(int type, int number) override;
   void release_card(std::int16_t handle) override;
-  void read_port(std::int16_t handle, int port, std::int32_t& word) override;
+  bool read_port(std::int16_t handle, int port, std::int32_t& word) override;
   // Tone
   void beep(int frequency, int duration) override;
   // Process

@@ -21,6 +21,8 @@ void BlockAlert::check() {
 void BlockAlert::start() {
   doors_.alert.al_active = true;
   const int zone = doors_.link.r_frame[kZoneByte] + 1;
+  doors_.alert.block_zone = static_cast<std::int16_t>(zone);
+  message_.forget_outcome();
   doors_.lamps.fire(zone);
   doors_.journal.JournalLine(join("ПОЖАР! в Зоне: \t", zone));
   const auto tell = [this](std::string_view text) {

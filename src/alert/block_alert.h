@@ -37,6 +37,8 @@ class BlockAlert {
   // Timer5: repeats the message and ends its sound.
   void tick();
 
+  const FollowedMessage& message() const { return message_; }
+
  private:
   void start();
   void start_message();

@@ -5,6 +5,7 @@
 #include "alert/alert_engine.h"
 #include "alert/alert_settings.h"
 #include "alert/manual_alert.h"
+#include "alert/watch.h"
 #include "alert/zone_groups.h"
 #include "app/forms.h"
 #include "console/audio_matrix.h"
@@ -39,6 +40,7 @@ class Console {
   Form1& form1() { return forms_.form1; }
   SystemModel& model() { return model_; }
   Journal& journal() { return journal_; }
+  Watch& watch() { return watch_; }
 
  private:
   // The handlers of each wing, in a file of its own.
@@ -93,6 +95,7 @@ class Console {
   AlgorithmRun algorithm_run_;
   AlertEngine alert_engine_;
   ManualAlert manual_alert_;
+  Watch watch_;
 };
 
 }  // namespace evac

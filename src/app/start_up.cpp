@@ -33,6 +33,7 @@ void Console::load() {
   audio_matrix_.choose_defaults();
   journal_.JournalLine("Программа загружена");
 
+  watch_.begin();
   windows_.show(forms_.form1);
   start_timers();
 }

@@ -7,9 +7,13 @@
 namespace evac {
 
 TerminalSettings::TerminalSettings(const Doors& doors)
-    : CellSettings(
-          {doors.form, {doors.terminals.TermChan}, {doors.terminals.TermChanSet}, doors.tab.CmdAT, true},
-          doors.paint, doors.files),
+    : CellSettings({doors.form,
+                    {doors.terminals.TermChan},
+                    {doors.terminals.TermChanSet},
+                    doors.tab.CmdAT,
+                    nullptr,
+                    true},
+                   doors.paint, doors.files),
       doors_(doors) {}
 
 void TerminalSettings::LoadTermSettings(int n) {

@@ -7,7 +7,12 @@
 namespace evac {
 
 ZoneSettings::ZoneSettings(const Doors& doors)
-    : CellSettings({doors.form, {doors.zones.ZoneChan}, {doors.zones.ZoneChanSet}, doors.tab.CmdAZ, false},
+    : CellSettings({doors.form,
+                    {doors.zones.ZoneChan},
+                    {doors.zones.ZoneChanSet},
+                    doors.tab.CmdAZ,
+                    &doors.zones.in_use,
+                    false},
                    doors.paint, doors.files),
       doors_(doors) {}
 

@@ -38,6 +38,7 @@ void Dispatcher::dispatch() {
     case kRepPoll:
       report_status(frame[3]);
       if (frame[3] & kProgrammeBit) doors_.strip.Picture2.print("Опрос оборудования");
+      doors_.state.last_poll = doors_.loop.now();
       doors_.wait.poll_came();
       break;
     case kRepStatusA:
