@@ -18,8 +18,12 @@ constexpr milliseconds kLeastGap{100};
 
 }  // namespace
 
-void EventLoop::post(std::function<void()> event) {
-  posted_.push_back({host_.now(), ++order_, std::move(event)});
+void EventLoop::post_after(milliseconds delay, std::function<void()> event) {
+  const Instant due = host_.now() + delay;
+  const auto behind =
+      std::upper_bound(posted_.begin(), posted_.end(), due,
+                       [](Instant moment, const Posted& other) { return moment < other.due; });
+  posted_.insert(behind, {due, ++order_, std::move(event)});
 }
 
 void EventLoop::pump() {
@@ -30,7 +34,7 @@ bool EventLoop::run_due() {
   const Instant now = host_.now();
   const std::size_t at = oldest_timer();
   const bool timer_due = at < timers_.size() && timers_[at].due <= now;
-  const bool posted_due = !posted_.empty();
+  const bool posted_due = !posted_.empty() && posted_.front().due <= now;
   if (!timer_due && !posted_due) return false;
   const bool timer_first =
       timer_due && (!posted_due || timers_[at].due < posted_.front().due ||

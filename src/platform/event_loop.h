@@ -34,7 +34,8 @@ class EventLoop {
   WallTime wall() const { return host_.wall(); }
 
   // The event runs after all that are due before it, once.
-  void post(std::function<void()> event);
+  void post(std::function<void()> event) { post_after({}, std::move(event)); }
+  void post_after(std::chrono::milliseconds delay, std::function<void()> event);
   // One step: runs the oldest event that is due, or lets the host wait for the next one. A handler that has
   // to let the others in calls this until what it waits for has come.
   void pump();
@@ -65,7 +66,7 @@ class EventLoop {
   Instant next_full_second(Instant after) const;
 
   LoopHost& host_;
-  std::deque<Posted> posted_;
+  std::deque<Posted> posted_;  // the next one first
   std::vector<Armed> timers_;
   std::uint64_t order_ = 0;
 };
