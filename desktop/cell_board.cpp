@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/view/palette.h"
+#include "desktop/view/pictures.h"
 
 namespace evac::desktop {
 
@@ -61,11 +62,7 @@ void CellBoard::paintEvent(QPaintEvent*) {
     p.setFont(look.bold ? bold : font());
     p.setPen(text_upon(look.back));
     p.drawText(box, Qt::AlignCenter, QString::number(cell));
-    if (hasFocus() && cell == cursor_) {
-      p.setBrush(Qt::NoBrush);
-      p.setPen(QPen(grey::kFocus, 2));
-      p.drawRect(box);
-    }
+    if (hasFocus() && cell == cursor_) draw_focus_ring(p, box);
   }
 }
 

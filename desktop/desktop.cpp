@@ -1,8 +1,8 @@
 #include "desktop/desktop.h"
 
-#include <QApplication>
 #include <QPushButton>
 
+#include "desktop/layouts/layouts.h"
 #include "desktop/stand.h"
 
 namespace evac::desktop {
@@ -40,10 +40,8 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       tone_(sound_),
       process_(setup.restart_armed, notices_),
       screen_(loop_),
-      windows_(
-          screen_,
-          {notices_, [this](const std::string& name, QWidget* parent) { return make_extra(name, parent); }},
-          training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
+      windows_(screen_, {notices_, [this](QWidget* parent) { return make_stand_button(parent); }},
+               training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
         [this](int card, int port) { return training_->rack().contact_word(card, port); });
@@ -53,6 +51,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   Cards& cards = simulated_cards_ ? static_cast<Cards&>(*simulated_cards_) : comedi_;
   console_ = std::make_unique<Console>(
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
+  windows_.set_layouts(all_layouts(console_->forms()));
   QObject::connect(&device_watch_, &QTimer::timeout, &device_watch_, [this] { look_after_devices(); });
   device_watch_.start(kDeviceWatch);
   look_after_devices();
@@ -90,10 +89,10 @@ void Desktop::look_after_devices() {
   notices_.tell(Notices::kCards, QString::fromStdString(comedi_.trouble()));
 }
 
-QWidget* Desktop::make_extra(const std::string& name, QWidget* parent) {
-  if (!stand_ || name != Stand::kName) return nullptr;
-  auto* button = new QPushButton(qt(name), parent);
-  button->setObjectName(qt(name));
+QWidget* Desktop::make_stand_button(QWidget* parent) {
+  if (!stand_) return nullptr;
+  auto* button = new QPushButton(qt(Stand::kName), parent);
+  button->setObjectName(qt(Stand::kName));
   button->setToolTip(QStringLiteral("Окно виртуальной стойки"));
   QObject::connect(button, &QPushButton::clicked, button, [this] { stand_->bring_up(); });
   return button;

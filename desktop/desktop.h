@@ -4,7 +4,6 @@
 
 #include <QTimer>
 #include <memory>
-#include <optional>
 
 #include "app/console.h"
 #include "desktop/boxes.h"
@@ -48,7 +47,7 @@ class Desktop {
   Stand* stand() { return stand_.get(); }
 
  private:
-  QWidget* make_extra(const std::string& name, QWidget* parent);
+  QWidget* make_stand_button(QWidget* parent);
   // Once a second: what sound and cards have to say goes to the header strip.
   void look_after_devices();
 

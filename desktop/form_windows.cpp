@@ -4,8 +4,9 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
-#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <stdexcept>
 
 #include "platform/user.h"
 
@@ -27,19 +28,19 @@ class MenuAction : public QAction {
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, Screen& screen, const HostParts& host, const QString& title_suffix,
-                       QWidget* owner)
+FormWindow::FormWindow(const WindowLayout& layout, Screen& screen, const HostParts& host,
+                       const QString& title_suffix, QWidget* owner)
     : QWidget(owner, owner ? Qt::Dialog : Qt::Window),
-      form_(form),
+      form_(layout.form),
       screen_(screen),
       title_suffix_(title_suffix) {
-  setObjectName(qt(form.name()));
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(6, 6, 6, 6);
-  layout->setSpacing(4);
-  make_menu(*layout);
-  layout->addWidget(LayoutBuilder(form, screen, host).build(layout_of(form.name()).content, this), 1);
-  form.view_changed = [this] { show_title(); };
+  setObjectName(qt(form_.name()));
+  auto* box = new QVBoxLayout(this);
+  box->setContentsMargins(6, 6, 6, 6);
+  box->setSpacing(4);
+  make_menu(*box);
+  box->addWidget(LayoutBuilder(screen, host).build(layout.content, this), 1);
+  form_.view_changed = [this] { show_title(); };
   show_title();
 }
 
@@ -94,12 +95,19 @@ void FormWindows::destroy() {
   }
 }
 
+const WindowLayout& FormWindows::layout_of(const Form& form) const {
+  const auto at = std::find_if(layouts_.begin(), layouts_.end(),
+                               [&](const WindowLayout& layout) { return &layout.form == &form; });
+  if (at == layouts_.end()) throw std::logic_error("no layout for the window " + form.name());
+  return *at;
+}
+
 FormWindow& FormWindows::window(Form& form) {
   if (!main_) main_ = &form;
   auto& window = windows_[&form];
   if (!window) {
     const bool first = &form == main_;
-    window = std::make_unique<FormWindow>(form, screen_, host_, first ? title_suffix_ : QString(),
+    window = std::make_unique<FormWindow>(layout_of(form), screen_, host_, first ? title_suffix_ : QString(),
                                           first ? nullptr : windows_.at(main_).get());
   }
   return *window;

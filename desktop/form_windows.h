@@ -14,7 +14,8 @@ namespace evac::desktop {
 
 class FormWindow : public QWidget {
  public:
-  FormWindow(Form& form, Screen& screen, const HostParts& host, const QString& title_suffix, QWidget* owner);
+  FormWindow(const WindowLayout& layout, Screen& screen, const HostParts& host, const QString& title_suffix,
+             QWidget* owner);
   ~FormWindow() override;
 
  protected:
@@ -42,6 +43,9 @@ class FormWindows : public WindowHost {
   void popup_shown(PopupMenu& menu) override;
   void popup_hidden(PopupMenu& menu) override;
 
+  // How each window is laid out; told before the first one is shown.
+  void set_layouts(std::vector<WindowLayout> layouts) { layouts_ = std::move(layouts); }
+  const WindowLayout& layout_of(const Form& form) const;
   // The window of the form, made now if it was not before.
   FormWindow& window(Form& form);
   // Gone before the controls are.
@@ -51,6 +55,7 @@ class FormWindows : public WindowHost {
   Screen& screen_;
   const HostParts host_;
   const QString title_suffix_;
+  std::vector<WindowLayout> layouts_;
   std::map<Form*, std::unique_ptr<FormWindow>> windows_;
   std::unique_ptr<QMenu> popup_;
   Form* main_ = nullptr;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QDateTime>
+#include <QTime>
 #include <deque>
 #include <vector>
 

@@ -1,12 +1,13 @@
 // evac-console: the operator's program.
-//   evac-console [--host FILE]                     on the machine that FILE, or the user's host.ini,
-//   describes evac-console --rehearse DIR [--seconds N]      a short run on the virtual rack, with pictures
-//   in DIR
+//
+//   evac-console [--host FILE]
+//       on the machine that FILE, or the user's own host.ini, describes
+//   evac-console --rehearse DIR [--seconds N]
+//       a short run on the virtual rack, with pictures in DIR
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLockFile>
 #include <QStandardPaths>
-#include <cstdio>
 #include <iostream>
 
 #include "desktop/desktop.h"

@@ -1,8 +1,6 @@
 #include "desktop/rehearsal.h"
 
 #include <QApplication>
-#include <QDialog>
-#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <iostream>

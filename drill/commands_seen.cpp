@@ -17,7 +17,24 @@ std::string frame_text(const std::uint8_t* bytes) {
   return text;
 }
 
+std::string_view rank_word(WatchRank rank) {
+  constexpr std::string_view kRanks[] = {"fire", "warning", "note"};
+  return kRanks[static_cast<std::size_t>(rank)];
+}
+
 }  // namespace
+
+void Drill::do_watch(const Words& words) {
+  want(words, 1, "watch");
+  for (const auto& line : console_->watch().lines()) print(join("= ", rank_word(line.rank), " ", line.text));
+}
+
+void Drill::expect_watch(const Words& words) {
+  want(words, 4, "expect watch RANK \"text\"");
+  for (const auto& line : console_->watch().lines())
+    if (line.text == words[3].text && rank_word(line.rank) == words[2].text) return;
+  throw CommandError("no such line");
+}
 
 void Drill::do_get(const Words& words) {
   want(words, 2, "get CONTROL.PROPERTY");
@@ -51,7 +68,8 @@ void Drill::do_expect(const Words& words) {
   using Expectation = void (Drill::*)(const Words&);
   static const std::map<std::string_view, Expectation> expectations = {
       {"tx", &Drill::expect_frames},       {"no", &Drill::expect_no},   {"box", &Drill::expect_box},
-      {"journal", &Drill::expect_journal}, {"row", &Drill::expect_row}, {"fault", &Drill::expect_fault}};
+      {"journal", &Drill::expect_journal}, {"row", &Drill::expect_row}, {"fault", &Drill::expect_fault},
+      {"watch", &Drill::expect_watch}};
   // A fault has ended the process; all else is seen in one that runs.
   if (!console_ && (words.size() < 2 || words[1].text != "fault"))
     throw CommandError("the console has not been started");

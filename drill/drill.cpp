@@ -47,6 +47,7 @@ const std::map<std::string_view, Drill::Command>& Drill::commands() {
       {"release", {&Drill::do_release, false, true}},
       {"close", {&Drill::do_close, false, true}},
       {"get", {&Drill::do_get, false, true}},
+      {"watch", {&Drill::do_watch, false, true}},
       {"items", {&Drill::do_items, false, true}},
       {"expect", {&Drill::do_expect, true, true}},
       {"forget", {&Drill::do_forget, false, true}},

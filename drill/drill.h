@@ -85,6 +85,7 @@ class Drill {
   Control& reachable(const Word& name);
   // What is seen.
   void do_get(const Words&);
+  void do_watch(const Words&);
   void do_items(const Words&);
   void do_expect(const Words&);
   void do_forget(const Words&);
@@ -93,6 +94,7 @@ class Drill {
   void expect_box(const Words&);
   void expect_journal(const Words&);
   void expect_row(const Words&);
+  void expect_watch(const Words&);
   void expect_fault(const Words&);
 
   std::istream& in_;

@@ -40,10 +40,10 @@ class AlertFiles : public testing::Test, protected AlertRig {
   }
   using Texts = std::vector<std::string>;
 
-  SettingsState settings{
-      .data_drive = "C", .data_folder = "ZEF_DAT", .protocol_base = {}, .SettingsLine = {}};
+  SettingsState settings;
   AlgorithmState algorithms;
-  AlertStore store{settings, algorithms, machine.files(), machine};
+  AlertStore store{
+      {.settings = settings, .algorithms = algorithms, .files = machine.files(), .boxes = machine}};
 };
 
 TEST_F(AlertFiles, AreLaidOutByteForByteAndReadBackTheSame) {

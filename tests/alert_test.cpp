@@ -144,13 +144,6 @@ TEST_F(Alerts, TheAlarmMarkOfALaterStepIsNoMoreThanItsOtherZones) {
   EXPECT_EQ(console->form1().PctA[1].picture(), "PctD2");
 }
 
-TEST_F(Alerts, TheInputsLastReadAreKeptPortByPort) {
-  start();
-  for (const int z : {1, 34, 67, 100}) machine.set_contact(z, true);
-  run(100ms);
-  EXPECT_EQ(alert().di_last, (std::array<std::int32_t, 4>{2, 1, 8, 4}));
-}
-
 // Switches that later rooms work are pressed where they are on: after a type 3 alert even when its message
 // can't be opened, after a block's alert only when it plays.
 TEST_F(Alerts, AnAlertSilencesThePlayerTheTimerAndAutomaticControl) {

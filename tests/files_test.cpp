@@ -62,14 +62,15 @@ TEST(Journal, ADiskErrorLosesTheEntryAndStopsNobody) {
   CalendarState calendar;
   SettingsState settings;
   settings.protocol_base = "C:\\ZEF";
-  Journal journal(calendar, settings, machine.loop(), full);
+  Journal journal({.calendar = calendar, .settings = settings, .loop = machine.loop(), .files = full});
   int written = 0;
   journal.written = [&](const std::string&) { ++written; };
   journal.JournalLine("Программа загружена");
   EXPECT_EQ(written, 0);
   // So does a folder that is gone; the rest of the day goes on in the file once it is back.
   calendar.journal_day = date_of(machine.wall());
-  Journal other(calendar, settings, machine.loop(), machine.files());
+  Journal other(
+      {.calendar = calendar, .settings = settings, .loop = machine.loop(), .files = machine.files()});
   other.written = [&](const std::string&) { ++written; };
   other.JournalLine("Один");
   EXPECT_EQ(written, 0);

@@ -12,7 +12,8 @@ class Scratch {
   Scratch() {
     // In memory where there is such a place: what is tested is not the disk.
     const std::filesystem::path memory = "/dev/shm";
-    const auto place = std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+    const auto place =
+        std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
     std::string name = (place / "console-test-XXXXXX").string();
     if (!mkdtemp(name.data())) throw std::runtime_error("no scratch directory");
     path = name;

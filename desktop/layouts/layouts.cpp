@@ -2,11 +2,10 @@
 
 namespace evac::desktop {
 
-const std::vector<WindowLayout>& all_layouts() {
-  static const std::vector<WindowLayout> layouts = {form1_layout(),  form2_layout(),  form22_layout(),
-                                                    form33_layout(), form55_layout(), form6_layout(),
-                                                    form4_layout(),  form5_layout(),  form7_layout()};
-  return layouts;
+std::vector<WindowLayout> all_layouts(Forms& forms) {
+  return {layout(forms.form1),  layout(forms.form2),  layout(forms.form22),
+          layout(forms.form33), layout(forms.form55), layout(forms.form6),
+          layout(forms.form4),  layout(forms.form5),  layout(forms.form7)};
 }
 
 }  // namespace evac::desktop

@@ -1,18 +1,21 @@
-// The layouts of all windows, one function each.
+// The layouts of all windows, one function each; those of the main window's tabs stand in form1_tabs.h.
 #pragma once
 
+#include "app/forms.h"
 #include "desktop/view/layout.h"
 
 namespace evac::desktop {
 
-WindowLayout form1_layout();
-WindowLayout form2_layout();
-WindowLayout form22_layout();
-WindowLayout form33_layout();
-WindowLayout form55_layout();
-WindowLayout form6_layout();
-WindowLayout form4_layout();
-WindowLayout form5_layout();
-WindowLayout form7_layout();
+WindowLayout layout(Form1& form);
+WindowLayout layout(Form2& form);
+WindowLayout layout(Form22& form);
+WindowLayout layout(Form33& form);
+WindowLayout layout(Form55& form);
+WindowLayout layout(Form6& form);
+WindowLayout layout(Form4& form);
+WindowLayout layout(Form5& form);
+WindowLayout layout(Form7& form);
+
+std::vector<WindowLayout> all_layouts(Forms& forms);
 
 }  // namespace evac::desktop

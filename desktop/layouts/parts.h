@@ -6,15 +6,15 @@
 namespace evac::desktop {
 
 // A scroll bar between its words and the label that shows its value.
-inline Node amount(const char* what, const char* bar, const char* label, double words_width = 9) {
+inline Node amount(const char* what, ScrollBar& bar, Label& value, double words_width = 9) {
   return row({words(what).wide(words_width), use(bar).called(what).grow(1),
-              use(label).shown(Look::kValue).wide(2.6)});
+              use(value).shown(Look::kValue).wide(2.6)});
 }
 
 // The same with words that are a control's own.
-inline Node amount_of(const char* words_control, const char* bar, const char* label, double words_width = 9) {
-  return row(
-      {use(words_control).wide(words_width), use(bar).grow(1), use(label).shown(Look::kValue).wide(2.6)});
+inline Node amount(Label& what, ScrollBar& bar, Label& value, double words_width) {
+  return row({use(what).wide(words_width), use(bar).called(what.caption()).grow(1),
+              use(value).shown(Look::kValue).wide(2.6)});
 }
 
 // The buttons at the foot of a settings window.

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "desktop/view/palette.h"
+#include "desktop/view/pictures.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
@@ -135,11 +136,7 @@ void BarView::paintEvent(QPaintEvent*) {
     p.setBrush(isSliderDown() ? grey::kLine : grey::kFace);
     p.drawRoundedRect(handle, 3, 3);
   }
-  if (hasFocus()) {
-    p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(grey::kFocus, 2));
-    p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
-  }
+  if (hasFocus()) draw_focus_ring(p, rect());
 }
 
 ProgressView::ProgressView(ProgressBar& control, Screen& screen, const Node& node, QWidget* parent)

@@ -103,12 +103,7 @@ void ButtonView::paintEvent(QPaintEvent*) {
     p.drawText(text_area, kWrap, caption);
     if (look_ == Look::kCell) draw_channel_sign(p, box, channel_of(control_.back_color()));
   }
-  if (hasFocus()) {
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(grey::kFocus, 2));
-    p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
-  }
+  if (hasFocus()) draw_focus_ring(p, rect());
 }
 
 OptionView::OptionView(OptionButton& control, Screen& screen, const Node& node, QWidget* parent)
@@ -146,11 +141,7 @@ void OptionView::paintEvent(QPaintEvent*) {
   p.setFont(font);
   p.setPen(ink);
   p.drawText(QRectF(ring.right() + line_ / 3.0, 0, width(), height()), Qt::AlignVCenter, text());
-  if (hasFocus()) {
-    p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(grey::kFocus, 2));
-    p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
-  }
+  if (hasFocus()) draw_focus_ring(p, rect());
 }
 
 void OptionView::show_state() {

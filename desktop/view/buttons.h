@@ -25,7 +25,7 @@ class ButtonView : public BoundWidget<QAbstractButton, Control> {
  private:
   void show_state() override {}
   std::string_view picture() const;
-  const std::string sign_;
+  const std::string_view sign_;
   const bool tight_;
 };
 

@@ -26,8 +26,8 @@ void FiresView::refresh() {
   QStringList zones;
   for (std::size_t i = 0; i < lamps_.size(); ++i) {
     const std::string& picture = lamps_[i]->picture();
-    if (picture == "PctD4") burning_[i] = true;
-    if (picture == "PctD2") burning_[i] = false;
+    if (picture == picture::kPause) burning_[i] = true;
+    if (picture == picture::kNo) burning_[i] = false;
     if (burning_[i]) zones << QString::number(lamps_[i]->index().value_or(0));
   }
   const QString text = zones.isEmpty()
@@ -79,7 +79,7 @@ void NoticesView::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
   const double side = height() * 0.8;
-  draw_picture(p, QRectF(2, (height() - side) / 2, side, side), "PctD4");
+  draw_picture(p, QRectF(2, (height() - side) / 2, side, side), picture::kPause);
   const QRect area = rect().adjusted(height() + 4, 0, -2, 0);
   p.setPen(grey::kText);
   p.drawText(area, Qt::AlignVCenter, fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));

@@ -54,11 +54,7 @@ void LabelView::paintEvent(QPaintEvent*) {
   if (look_ == Look::kCell) draw_channel_sign(p, rect(), channel_of(control_.back_color()));
   if (look_ == Look::kSwatch && channel_of(control_.back_color()))
     draw_text(p, rect(), Qt::AlignCenter, QString::number(channel_of(control_.back_color())));
-  if (hasFocus()) {
-    p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(grey::kFocus, 2));
-    p.drawRect(rect().adjusted(1, 1, -1, -1));
-  }
+  if (hasFocus()) draw_focus_ring(p, rect());
 }
 
 void LabelView::mousePressEvent(QMouseEvent* event) {

@@ -1,11 +1,13 @@
 // A window's layout as data: which control stands where, with which words beside it. Rows, columns and frames
-// hold others; a leaf names a control or is a word of its own. Sizes are in heights of a line of text, so
-// that everything grows with the font.
+// hold others; a leaf is a control of the form or a word of its own. Sizes are in heights of a line of text,
+// so that everything grows with the font.
 #pragma once
 
-#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "platform/controls.h"
 
 namespace evac::desktop {
 
@@ -24,70 +26,79 @@ enum class Look {
   kUpright,  // a scroll bar that stands
 };
 
+using Controls = std::vector<Control*>;
+
+// An array of controls on a board, with the head that stands over it.
+struct BoardArray {
+  Controls controls;
+  std::string head;
+  Look look = Look::kNormal;
+};
+
 struct Node {
   enum class What {
-    kControl,  // `name`, `index`, `section`
+    kControl,  // the only one of `controls`
     kText,     // `text`
     kRow,
     kColumn,
-    kGrid,     // `columns` children a row
-    kFrame,    // a frame control around its only child
-    kTabs,     // a tab strip with one child a tab
-    kBoard,    // `count` controls of an array from `first`, `columns` a row; or rows of several arrays
-    kPile,     // controls of an array in one place, where the visible one is seen
-    kFires,    // the numbers of an array whose picture is the fire's
-    kNotices,  // what the host has to say
-    kExtra,    // a button of the host's own, `name`
-    kSpace     // takes what room is left
+    kGrid,         // `columns` children a row
+    kFrame,        // a frame control around its only child
+    kTabs,         // a tab strip with one child a tab
+    kBoard,        // `controls`, `columns` a row
+    kRows,         // rows of `arrays`, side by side under their heads, in `columns` columns of rows
+    kPile,         // `controls` in one place, where the visible one is seen
+    kFires,        // the numbers of those of `controls` whose picture is the fire's
+    kNotices,      // what the host has to say
+    kStandButton,  // the way to the virtual rack, where there is one
+    kSpace         // takes what room is left
   };
 
   What what;
-  std::string name, section, text;
-  std::optional<int> index;
+  Controls controls;
+  std::vector<BoardArray> arrays;
+  std::string text;
   std::vector<Node> children;
-  std::vector<std::string> names;  // of a board: its arrays, side by side; their heads stand in `heads`
-  std::vector<std::string> heads;
-  std::vector<Look> looks;  // of a board's arrays, where they differ
-  int first = 1, count = 0, columns = 1;
+  int columns = 1;
   std::vector<double> stops;  // of a list in columns: the width of each but the last
   Look look = Look::kNormal;
   double width = 0, height = 0;  // 0 is its own
   int stretch = 0;
-  std::string sign;   // of a button with neither caption nor picture
-  std::string words;  // what stands for the caption in assistive technology
+  std::string_view sign;  // the picture of a button with neither caption nor picture
+  std::string words;      // what stands for the caption in assistive technology
   bool tight = false;
 
   Node& shown(Look as) { return look = as, *this; }
   Node& wide(double lines) { return width = lines, *this; }
   Node& high(double lines) { return height = lines, *this; }
   Node& grow(int share = 1) { return stretch = share, *this; }
-  Node& with_sign(const char* picture) { return sign = picture, *this; }
-  Node& called(const char* what_it_is) { return words = what_it_is, *this; }
-  Node& of(const char* part) { return section = part, *this; }
+  Node& with_sign(std::string_view picture) { return sign = picture, *this; }
+  Node& called(std::string what_it_is) { return words = std::move(what_it_is), *this; }
   Node& cut_at(std::vector<double> widths) { return look = Look::kColumns, stops = std::move(widths), *this; }
-  Node& each_shown(std::vector<Look> as) { return looks = std::move(as), *this; }
   Node& packed() { return tight = true, *this; }
 };
 
 using Nodes = std::vector<Node>;
 
-inline Node make_node(Node::What what, std::string name = {}) {
+// Every control of an array, in its order.
+template <class T>
+Controls all(ControlArray<T>& array) {
+  Controls controls;
+  for (T& control : array) controls.push_back(&control);
+  return controls;
+}
+
+inline Node make_node(Node::What what, Controls controls = {}) {
   Node node{};
   node.what = what;
-  node.name = std::move(name);
+  node.controls = std::move(controls);
   return node;
 }
-inline Node use(const char* name) {
-  return make_node(Node::What::kControl, name);
+inline Node use(Control& control) {
+  return make_node(Node::What::kControl, {&control});
 }
-inline Node use(const char* name, int index) {
-  Node node = use(name);
-  node.index = index;
-  return node;
-}
-inline Node words(const char* text) {
+inline Node words(std::string text) {
   Node node = make_node(Node::What::kText);
-  node.text = text;
+  node.text = std::move(text);
   return node;
 }
 inline Node with_children(Node::What what, Nodes children) {
@@ -106,70 +117,70 @@ inline Node grid(int columns, Nodes children) {
   node.columns = columns;
   return node;
 }
-inline Node frame(const char* name, Node child) {
+inline Node frame(Frame& control, Node child) {
   Node node = with_children(Node::What::kFrame, {std::move(child)});
-  node.name = name;
+  node.controls = {&control};
   return node;
 }
-inline Node frame(const char* name, int index, Node child) {
-  Node node = frame(name, std::move(child));
-  node.index = index;
-  return node;
-}
-inline Node tabs(const char* name, Nodes pages) {
+inline Node tabs(TabStrip& control, Nodes pages) {
   Node node = with_children(Node::What::kTabs, std::move(pages));
-  node.name = name;
+  node.controls = {&control};
   return node;
 }
-inline Node board(const char* name, int first, int count, int columns) {
-  Node node = make_node(Node::What::kBoard);
-  node.names = {name};
-  node.first = first;
-  node.count = count;
+template <class T>
+Node board(ControlArray<T>& array, int columns) {
+  Node node = make_node(Node::What::kBoard, all(array));
   node.columns = columns;
   return node;
 }
-// Rows of several arrays, side by side under heads, in `columns` columns of rows.
-inline Node rows_of(std::vector<std::string> names, std::vector<std::string> heads, int first, int count,
-                    int columns) {
-  Node node = board("", first, count, columns);
-  node.names = std::move(names);
-  node.heads = std::move(heads);
+// All arrays have one length.
+inline Node rows_of(std::vector<BoardArray> arrays, int columns) {
+  Node node = make_node(Node::What::kRows);
+  node.arrays = std::move(arrays);
+  node.columns = columns;
   return node;
 }
-inline Node pile(const char* name, int first, int count) {
-  Node node = board(name, first, count, 1);
-  node.what = Node::What::kPile;
-  return node;
+template <class T>
+Node pile(ControlArray<T>& array) {
+  return make_node(Node::What::kPile, all(array));
 }
-inline Node fires(const char* array) {
-  return make_node(Node::What::kFires, array);
+inline Node fires(ControlArray<Picture>& lamps) {
+  return make_node(Node::What::kFires, all(lamps));
 }
 inline Node notices() {
   return make_node(Node::What::kNotices);
 }
-inline Node extra(const char* name) {
-  return make_node(Node::What::kExtra, name);
+inline Node stand_button() {
+  return make_node(Node::What::kStandButton);
 }
 inline Node space() {
   return make_node(Node::What::kSpace).grow();
 }
 
-struct ControlName {
-  std::string name;
-  std::optional<int> index;
+// Controls and whole arrays of them that are out of sight on purpose.
+class OutOfSight {
+ public:
+  template <class... Each>
+  explicit OutOfSight(Each&... each) {
+    (add(each), ...);
+  }
+  const Controls& controls() const { return controls_; }
+
+ private:
+  void add(Control& control) { controls_.push_back(&control); }
+  template <class T>
+  void add(ControlArray<T>& array) {
+    for (T& control : array) controls_.push_back(&control);
+  }
+  Controls controls_;
 };
 
-// The layout of one window, and its controls that are out of sight on purpose: a name without an index
-// stands for the whole array. Timers and menus need no word.
+// The layout of one window. Every control of the form stands in it or is out of sight on purpose; timers and
+// menus need no word.
 struct WindowLayout {
-  std::string form;
+  Form& form;
   Node content;
-  std::vector<ControlName> out_of_sight;
+  OutOfSight out_of_sight{};
 };
-
-const std::vector<WindowLayout>& all_layouts();
-// A fault of the program when there is none.
-const WindowLayout& layout_of(const std::string& form);
 
 }  // namespace evac::desktop

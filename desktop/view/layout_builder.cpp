@@ -38,29 +38,28 @@ QWidget* make_ground(QWidget* parent) {
   return ground;
 }
 
+QGridLayout* make_close_grid(QWidget* box) {
+  auto* layout = new QGridLayout(box);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(kTightGap);
+  return layout;
+}
+
+QLabel* make_head(const std::string& text, QWidget* parent) {
+  auto* head = new QLabel(qt(text), parent);
+  QFont small = head->font();
+  small.setPointSizeF(small.pointSizeF() * kHeadSize);
+  head->setFont(small);
+  head->setAlignment(Qt::AlignCenter);
+  return head;
+}
+
 }  // namespace
 
-const WindowLayout& layout_of(const std::string& form) {
-  for (const auto& layout : all_layouts())
-    if (layout.form == form) return layout;
-  throw std::logic_error("no layout for the window " + form);
-}
-
-Control& LayoutBuilder::control(const std::string& name, std::optional<int> index,
-                                const std::string& section) const {
-  if (Control* found = form_.find(name, index, section)) return *found;
-  throw std::logic_error(form_.name() + " has no control " + name +
-                         (index ? "(" + std::to_string(*index) + ")" : ""));
-}
-
 QWidget* LayoutBuilder::build(const Node& node, QWidget* parent) {
-  return make(node, parent);
-}
-
-QWidget* LayoutBuilder::make(const Node& node, QWidget* parent) {
   switch (node.what) {
     case Node::What::kControl:
-      return make_control(control(node.name, node.index, node.section), node, parent);
+      return make_control(*node.controls.front(), node, parent);
     case Node::What::kText:
       return make_text(node, parent);
     case Node::What::kRow:
@@ -74,14 +73,16 @@ QWidget* LayoutBuilder::make(const Node& node, QWidget* parent) {
       return make_tabs(node, parent);
     case Node::What::kBoard:
       return make_board(node, parent);
+    case Node::What::kRows:
+      return make_rows(node, parent);
     case Node::What::kPile:
       return make_pile(node, parent);
     case Node::What::kFires:
       return make_fires(node, parent);
     case Node::What::kNotices:
       return new NoticesView(host_.notices, parent);
-    case Node::What::kExtra:
-      return host_.extra(node.name, parent);
+    case Node::What::kStandButton:
+      return host_.stand_button(parent);
     case Node::What::kSpace: {
       auto* nothing = new QWidget(parent);
       nothing->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -130,7 +131,7 @@ QWidget* LayoutBuilder::make_box(const Node& node, QWidget* parent) {
   layout->setContentsMargins(margin, margin, margin, margin);
   layout->setSpacing(node.tight ? kTightGap : kGap);
   for (const Node& child : node.children)
-    if (QWidget* widget = make(child, box)) layout->addWidget(widget, child.stretch);
+    if (QWidget* widget = build(child, box)) layout->addWidget(widget, child.stretch);
   return box;
 }
 
@@ -141,7 +142,7 @@ QWidget* LayoutBuilder::make_grid(const Node& node, QWidget* parent) {
   layout->setSpacing(node.tight ? kTightGap : kGap);
   int at = 0;
   for (const Node& child : node.children) {
-    layout->addWidget(make(child, box), at / node.columns, at % node.columns);
+    layout->addWidget(build(child, box), at / node.columns, at % node.columns);
     if (child.stretch > 0) layout->setColumnStretch(at % node.columns, child.stretch);
     ++at;
   }
@@ -149,23 +150,23 @@ QWidget* LayoutBuilder::make_grid(const Node& node, QWidget* parent) {
 }
 
 QWidget* LayoutBuilder::make_frame(const Node& node, QWidget* parent) {
-  auto& frame = dynamic_cast<Frame&>(control(node.name, node.index, node.section));
+  auto& frame = dynamic_cast<Frame&>(*node.controls.front());
   auto* view = new FrameView(frame, screen_, node, parent);
   auto* layout = new QVBoxLayout(view);
   layout->setContentsMargins(kGap, kGap, kGap, kGap);
-  layout->addWidget(make(node.children.front(), view));
+  layout->addWidget(build(node.children.front(), view));
   view->refresh();
   return view;
 }
 
 QWidget* LayoutBuilder::make_tabs(const Node& node, QWidget* parent) {
-  auto& strip = dynamic_cast<TabStrip&>(control(node.name, node.index, node.section));
+  auto& strip = dynamic_cast<TabStrip&>(*node.controls.front());
   auto* view = new TabsView(strip, screen_, node, parent);
   for (const Node& page : node.children) {
     auto* sheet = new QWidget(view);
     auto* layout = new QVBoxLayout(sheet);
     layout->setContentsMargins(kGap, kGap, kGap, kGap);
-    layout->addWidget(make(page, sheet));
+    layout->addWidget(build(page, sheet));
     view->add_page(sheet);
   }
   view->refresh();
@@ -175,52 +176,57 @@ QWidget* LayoutBuilder::make_tabs(const Node& node, QWidget* parent) {
 QWidget* LayoutBuilder::make_board(const Node& node, QWidget* parent) {
   auto* box = new QWidget(parent);
   auto* keys = new FocusBoard(box);
-  auto* layout = new QGridLayout(box);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(kTightGap);
-  const int arrays = static_cast<int>(node.names.size());
-  const bool by_columns = !node.heads.empty();
-  const int rows = (node.count + node.columns - 1) / node.columns;
-  Node leaf = make_node(Node::What::kControl);
-  leaf.look = node.look;
-  leaf.width = node.width;
-  leaf.height = node.height;
-  leaf.tight = true;
-  for (int i = 0; i < node.count; ++i) {
-    const int down = by_columns ? i % rows + 1 : i / node.columns;
-    const int across = by_columns ? i / rows : i % node.columns;
-    for (int k = 0; k < arrays; ++k) {
-      const auto at = static_cast<std::size_t>(k);
-      leaf.look = node.looks.empty() ? node.look : node.looks.at(at);
-      leaf.words = node.words.empty() ? "" : node.words + " " + std::to_string(node.first + i);
-      QWidget* widget = make_control(control(node.names[at], node.first + i, node.section), leaf, box);
-      layout->addWidget(widget, down, across * (arrays + 1) + k);
-      layout->setColumnStretch(across * (arrays + 1) + k, 1);
-      layout->setRowStretch(down, 1);
-      if (widget->focusPolicy() != Qt::NoFocus) keys->add(*widget);
-    }
-  }
-  for (int across = 0; by_columns && across < node.columns; ++across) {
-    for (int k = 0; k < arrays; ++k) {
-      auto* head = new QLabel(qt(node.heads[static_cast<std::size_t>(k)]), box);
-      QFont small = head->font();
-      small.setPointSizeF(small.pointSizeF() * kHeadSize);
-      head->setFont(small);
-      head->setAlignment(Qt::AlignCenter);
-      layout->addWidget(head, 0, across * (arrays + 1) + k);
-    }
-    if (across > 0) layout->setColumnMinimumWidth(across * (arrays + 1) - 1, 2 * kGap);
+  QGridLayout* layout = make_close_grid(box);
+  int at = 0;
+  for (Control* control : node.controls) {
+    make_cell(*control, node, *keys, *layout, at / node.columns, at % node.columns);
+    ++at;
   }
   return box;
+}
+
+QWidget* LayoutBuilder::make_rows(const Node& node, QWidget* parent) {
+  auto* box = new QWidget(parent);
+  auto* keys = new FocusBoard(box);
+  QGridLayout* layout = make_close_grid(box);
+  const int arrays = static_cast<int>(node.arrays.size());
+  const int count = static_cast<int>(node.arrays.front().controls.size());
+  const int rows = (count + node.columns - 1) / node.columns;
+  Node cell = node;
+  const auto column_of = [&](int across, int array) { return across * (arrays + 1) + array; };
+  for (int i = 0; i < count; ++i)
+    for (int k = 0; k < arrays; ++k) {
+      const BoardArray& array = node.arrays[static_cast<std::size_t>(k)];
+      cell.look = array.look;
+      make_cell(*array.controls.at(static_cast<std::size_t>(i)), cell, *keys, *layout, i % rows + 1,
+                column_of(i / rows, k));
+    }
+  for (int across = 0; across < node.columns; ++across) {
+    for (int k = 0; k < arrays; ++k)
+      layout->addWidget(make_head(node.arrays[static_cast<std::size_t>(k)].head, box), 0,
+                        column_of(across, k));
+    if (across > 0) layout->setColumnMinimumWidth(column_of(across, -1), 2 * kGap);
+  }
+  return box;
+}
+
+void LayoutBuilder::make_cell(Control& control, const Node& node, FocusBoard& keys, QGridLayout& layout,
+                              int row, int column) {
+  Node leaf = use(control);
+  leaf.shown(node.look).wide(node.width).high(node.height).packed();
+  if (!node.words.empty()) leaf.called(node.words + ' ' + std::to_string(control.index().value_or(0)));
+  QWidget* widget = make_control(control, leaf, layout.parentWidget());
+  layout.addWidget(widget, row, column);
+  layout.setColumnStretch(column, 1);
+  layout.setRowStretch(row, 1);
+  if (widget->focusPolicy() != Qt::NoFocus) keys.add(*widget);
 }
 
 QWidget* LayoutBuilder::make_pile(const Node& node, QWidget* parent) {
   auto* box = new QWidget(parent);
   auto* layout = new QGridLayout(box);
   layout->setContentsMargins(0, 0, 0, 0);
-  Node leaf = node;
-  for (int i = node.first; i < node.first + node.count; ++i)
-    layout->addWidget(make_control(control(node.names.front(), i, node.section), leaf, box), 0, 0);
+  for (Control* control : node.controls) layout->addWidget(make_control(*control, node, box), 0, 0);
   return box;
 }
 
@@ -237,9 +243,7 @@ QWidget* LayoutBuilder::make_text(const Node& node, QWidget* parent) {
 
 QWidget* LayoutBuilder::make_fires(const Node& node, QWidget* parent) {
   std::vector<Picture*> lamps;
-  for (Control* control : form_.controls())
-    if (control->name() == node.name) lamps.push_back(dynamic_cast<Picture*>(control));
-  if (lamps.empty()) throw std::logic_error(form_.name() + " has no control " + node.name);
+  for (Control* control : node.controls) lamps.push_back(&dynamic_cast<Picture&>(*control));
   auto* view = new FiresView(std::move(lamps), screen_, node, parent);
   view->refresh();
   return view;

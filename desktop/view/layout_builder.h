@@ -1,5 +1,4 @@
-// Makes the widgets of a window from its layout. A name that the form does not have is a fault of the
-// program.
+// Makes the widgets of a window from its layout.
 #pragma once
 
 #include <functional>
@@ -7,40 +6,41 @@
 #include "desktop/view/layout.h"
 #include "desktop/view/screen.h"
 
-class QLayout;
+class QGridLayout;
 
 namespace evac::desktop {
 
+class FocusBoard;
 class Notices;
 
 // What layouts can show of the host.
 struct HostParts {
   Notices& notices;
-  // Makes the host's own button of that name, or null when this host has none.
-  std::function<QWidget*(const std::string& name, QWidget* parent)> extra;
+  // Makes the button that brings up the virtual rack; null where there is none.
+  std::function<QWidget*(QWidget* parent)> stand_button;
 };
 
 class LayoutBuilder {
  public:
-  LayoutBuilder(const Form& form, Screen& screen, const HostParts& host)
-      : form_(form), screen_(screen), host_(host) {}
+  LayoutBuilder(Screen& screen, const HostParts& host) : screen_(screen), host_(host) {}
 
   QWidget* build(const Node& node, QWidget* parent);
 
  private:
-  Control& control(const std::string& name, std::optional<int> index, const std::string& section) const;
-  QWidget* make(const Node& node, QWidget* parent);
   QWidget* make_control(Control& control, const Node& node, QWidget* parent);
   QWidget* make_box(const Node& node, QWidget* parent);
   QWidget* make_grid(const Node& node, QWidget* parent);
   QWidget* make_frame(const Node& node, QWidget* parent);
   QWidget* make_tabs(const Node& node, QWidget* parent);
   QWidget* make_board(const Node& node, QWidget* parent);
+  QWidget* make_rows(const Node& node, QWidget* parent);
+  // A control among many like it, its number behind the words.
+  void make_cell(Control& control, const Node& node, FocusBoard& keys, QGridLayout& layout, int row,
+                 int column);
   QWidget* make_pile(const Node& node, QWidget* parent);
   QWidget* make_text(const Node& node, QWidget* parent);
   QWidget* make_fires(const Node& node, QWidget* parent);
 
-  const Form& form_;
   Screen& screen_;
   const HostParts& host_;
 };

@@ -4,9 +4,11 @@
 #include <QPixmapCache>
 #include <algorithm>
 #include <array>
-#include <span>
+#include <iterator>
 
 #include "desktop/view/palette.h"
+#include "desktop/view/screen.h"
+#include "platform/pictures.h"
 
 namespace evac::desktop {
 namespace {
@@ -61,8 +63,7 @@ void draw_warning(QPainter& p, const QRectF& box, const QColor& ink) {
   p.drawRect(part(box, 0.45, 0.72, 0.1, 0.1));
 }
 
-void draw_switch(QPainter& p, const QRectF& area, bool on, const QColor& ink) {
-  const QRectF box = square_in(area);
+void draw_switch(QPainter& p, const QRectF& box, bool on, const QColor& ink) {
   const QRectF body = part(box, 0, 0.22, 1, 0.56);
   p.setPen(QPen(ink, box.width() * 0.06));
   p.setBrush(on ? signal::kLit : grey::kField);
@@ -71,8 +72,15 @@ void draw_switch(QPainter& p, const QRectF& area, bool on, const QColor& ink) {
   const double knob = body.height() * 0.7, gap = body.height() * 0.15;
   p.drawEllipse(QRectF(on ? body.right() - gap - knob : body.left() + gap, body.top() + gap, knob, knob));
 }
+void draw_switch_on(QPainter& p, const QRectF& box, const QColor& ink) {
+  draw_switch(p, box, true, ink);
+}
+void draw_switch_off(QPainter& p, const QRectF& box, const QColor& ink) {
+  draw_switch(p, box, false, ink);
+}
 
-void draw_emblem(QPainter& p, const QRectF& box, const QColor& ink) {
+void draw_emblem(QPainter& p, const QRectF& box, const QColor&) {
+  const QColor ink = grey::kFocus;
   p.setPen(Qt::NoPen);
   p.setBrush(ink);
   p.drawPath(
@@ -85,28 +93,106 @@ void draw_emblem(QPainter& p, const QRectF& box, const QColor& ink) {
   }
 }
 
-// Signs of the transport: triangles and bars.
-void draw_transport(QPainter& p, const QRectF& box, std::string_view sign) {
-  const auto triangle = [&](double x, double w) {
-    p.drawPath(polygon(box, {{x, 0.2}, {x + w, 0.5}, {x, 0.8}}));
-  };
-  const auto back_triangle = [&](double x, double w) {
-    p.drawPath(polygon(box, {{x + w, 0.2}, {x, 0.5}, {x + w, 0.8}}));
-  };
-  const auto bar = [&](double x) { p.drawRect(part(box, x, 0.2, 0.12, 0.6)); };
-  if (sign == "play") triangle(0.25, 0.55);
-  if (sign == "stop") p.drawRect(part(box, 0.24, 0.24, 0.52, 0.52));
-  if (sign == "hold") bar(0.28), bar(0.6);
-  if (sign == "next") triangle(0.15, 0.5), bar(0.68);
-  if (sign == "previous") bar(0.2), back_triangle(0.35, 0.5);
-  if (sign == "restart") bar(0.08), back_triangle(0.2, 0.36), back_triangle(0.54, 0.36);
+// Signs of the transport: triangles and bars, one after another from the left.
+struct Strokes {
+  QPainter& p;
+  const QRectF& box;
+
+  Strokes(QPainter& painter, const QRectF& area, const QColor& ink) : p(painter), box(area) {
+    p.setPen(Qt::NoPen);
+    p.setBrush(ink);
+  }
+  void forth(double x, double w) { p.drawPath(polygon(box, {{x, 0.2}, {x + w, 0.5}, {x, 0.8}})); }
+  void back(double x, double w) { p.drawPath(polygon(box, {{x + w, 0.2}, {x, 0.5}, {x + w, 0.8}})); }
+  void bar(double x) { p.drawRect(part(box, x, 0.2, 0.12, 0.6)); }
+};
+
+void draw_play(QPainter& p, const QRectF& box, const QColor& ink) {
+  Strokes(p, box, ink).forth(0.25, 0.55);
+}
+void draw_stop(QPainter& p, const QRectF& box, const QColor& ink) {
+  p.setPen(Qt::NoPen);
+  p.setBrush(ink);
+  p.drawRect(part(box, 0.24, 0.24, 0.52, 0.52));
+}
+void draw_next(QPainter& p, const QRectF& box, const QColor& ink) {
+  Strokes strokes(p, box, ink);
+  strokes.forth(0.15, 0.5);
+  strokes.bar(0.68);
+}
+void draw_previous(QPainter& p, const QRectF& box, const QColor& ink) {
+  Strokes strokes(p, box, ink);
+  strokes.bar(0.2);
+  strokes.back(0.35, 0.5);
+}
+void draw_restart(QPainter& p, const QRectF& box, const QColor& ink) {
+  Strokes strokes(p, box, ink);
+  strokes.bar(0.08);
+  strokes.back(0.2, 0.36);
+  strokes.back(0.54, 0.36);
 }
 
-constexpr std::string_view kTransport[] = {"play", "stop", "hold", "next", "previous", "restart"};
-constexpr std::string_view kStores[] = {"PctD2", "PctD3", "PctD4", "Pct_Kon", "Pct_Koff", "Emblem"};
+// How a word is drawn in its square, and what it is called aloud.
+struct Drawing {
+  std::string_view word;
+  void (*draw)(QPainter& p, const QRectF& box, const QColor& ink);
+  const char* aloud;
+};
 
-bool one_of(std::string_view name, std::span<const std::string_view> names) {
-  return std::find(names.begin(), names.end(), name) != names.end();
+constexpr Drawing kDrawings[] = {
+    {picture::kNo, draw_no, "нет"},
+    {picture::kYes, draw_yes, "да"},
+    {picture::kPause, draw_warning, "внимание"},
+    {picture::kSwitchOn, draw_switch_on, "включено"},
+    {picture::kSwitchOff, draw_switch_off, "выключено"},
+    {picture::kEmblem, draw_emblem, ""},
+    {sign::kPlay, draw_play, "воспроизведение"},
+    {sign::kStop, draw_stop, "стоп"},
+    {sign::kNext, draw_next, "вперёд"},
+    {sign::kPrevious, draw_previous, "назад"},
+    {sign::kRestart, draw_restart, "в начало"},
+};
+
+const Drawing* drawing_of(std::string_view word) {
+  const auto at = std::ranges::find(kDrawings, word, &Drawing::word);
+  return at == std::end(kDrawings) ? nullptr : at;
+}
+
+// A lamp that is on fire: a full red shield, white on red: nothing else on the screen looks like it.
+void draw_lamp_of_fire(QPainter& p, const QRectF& box) {
+  const double x = 0.28 * std::min(1.0, box.height() / box.width());
+  const double y = 0.28 * std::min(1.0, box.width() / box.height());
+  p.setPen(QPen(QColor(0x5A, 0, 0), 2));
+  p.setBrush(signal::kFire);
+  p.drawPath(polygon(box, {{x, 0}, {1 - x, 0}, {1, y}, {1, 1 - y}, {1 - x, 1}, {x, 1}, {0, 1 - y}, {0, y}}));
+}
+void draw_lamp_lit(QPainter& p, const QRectF& box) {
+  p.setPen(QPen(grey::kText, 2));
+  p.setBrush(signal::kLit);
+  p.drawRoundedRect(box, box.height() / 2, box.height() / 2);
+}
+void draw_lamp_dark(QPainter& p, const QRectF& box) {
+  p.setPen(QPen(grey::kLine, 1));
+  p.setBrush(grey::kFace);
+  p.drawRect(box.adjusted(2, 2, -2, -2));
+}
+
+// How a lamp with that picture is drawn, and its number in it.
+struct Lamp {
+  std::string_view word;
+  void (*draw)(QPainter& p, const QRectF& box);
+  QColor number;
+  bool bold;
+};
+
+const Lamp& lamp_of(std::string_view word) {
+  static const Lamp kLamps[] = {
+      {picture::kPause, draw_lamp_of_fire, Qt::white, true},
+      {picture::kYes, draw_lamp_lit, grey::kText, true},
+      {picture::kNo, draw_lamp_dark, grey::kFaint, false},  // and any other
+  };
+  const auto at = std::ranges::find(kLamps, word, &Lamp::word);
+  return at == std::end(kLamps) ? *std::prev(at) : *at;
 }
 
 void draw_number(QPainter& p, const QRectF& area, const QString& number, const QColor& color, bool bold) {
@@ -119,26 +205,16 @@ void draw_number(QPainter& p, const QRectF& area, const QString& number, const Q
 
 }  // namespace
 
-bool is_picture(std::string_view name) {
-  return one_of(name, kStores) || one_of(name, kTransport);
+bool is_picture(std::string_view word) {
+  return drawing_of(word) != nullptr;
 }
 
-bool draw_picture(QPainter& p, const QRectF& area, std::string_view name, bool enabled) {
-  if (!is_picture(name)) return false;
-  const QRectF box = square_in(area);
-  const QColor ink = enabled ? grey::kText : grey::kFaint;
+bool draw_picture(QPainter& p, const QRectF& area, std::string_view word, bool enabled) {
+  const Drawing* drawing = drawing_of(word);
+  if (!drawing) return false;
   p.save();
   p.setRenderHint(QPainter::Antialiasing);
-  if (name == "PctD2") draw_no(p, box, ink);
-  if (name == "PctD3") draw_yes(p, box, ink);
-  if (name == "PctD4") draw_warning(p, box, ink);
-  if (name == "Pct_Kon" || name == "Pct_Koff") draw_switch(p, area, name == "Pct_Kon", ink);
-  if (name == "Emblem") draw_emblem(p, box, grey::kFocus);
-  if (one_of(name, kTransport)) {
-    p.setPen(Qt::NoPen);
-    p.setBrush(ink);
-    draw_transport(p, box, name);
-  }
+  drawing->draw(p, square_in(area), enabled ? grey::kText : grey::kFaint);
   p.restore();
   return true;
 }
@@ -172,33 +248,12 @@ void draw_box(QPainter& p, const QRect& area, const QColor& ground, const QColor
   });
 }
 
-void draw_lamp(QPainter& p, const QRect& area, std::string_view name, const QString& number) {
-  const bool fire = name == "PctD4", lit = name == "PctD3";
-  draw_cached(p, area,
-              fire  ? "lamp of fire"
-              : lit ? "lamp lit"
-                    : "lamp dark",
-              [&](QPainter& painter, const QRectF& whole) {
-                const QRectF box = whole.adjusted(2, 2, -2, -2);
-                if (fire) {
-                  // A full red shield, white on red: nothing else on the screen looks like it.
-                  const double x = 0.28 * std::min(1.0, box.height() / box.width());
-                  const double y = 0.28 * std::min(1.0, box.width() / box.height());
-                  painter.setPen(QPen(QColor(0x5A, 0, 0), 2));
-                  painter.setBrush(signal::kFire);
-                  painter.drawPath(polygon(
-                      box, {{x, 0}, {1 - x, 0}, {1, y}, {1, 1 - y}, {1 - x, 1}, {x, 1}, {0, 1 - y}, {0, y}}));
-                } else if (lit) {
-                  painter.setPen(QPen(grey::kText, 2));
-                  painter.setBrush(signal::kLit);
-                  painter.drawRoundedRect(box, box.height() / 2, box.height() / 2);
-                } else {
-                  painter.setPen(QPen(grey::kLine, 1));
-                  painter.setBrush(grey::kFace);
-                  painter.drawRect(box.adjusted(2, 2, -2, -2));
-                }
-              });
-  draw_number(p, area, number, fire ? QColor(Qt::white) : lit ? grey::kText : grey::kFaint, fire || lit);
+void draw_lamp(QPainter& p, const QRect& area, std::string_view word, const QString& number) {
+  const Lamp& lamp = lamp_of(word);
+  draw_cached(p, area, "lamp " + qt(lamp.word), [&](QPainter& painter, const QRectF& whole) {
+    lamp.draw(painter, whole.adjusted(2, 2, -2, -2));
+  });
+  draw_number(p, area, number, lamp.number, lamp.bold);
 }
 
 void draw_channel_sign(QPainter& p, const QRectF& area, int channel) {
@@ -212,13 +267,18 @@ void draw_channel_sign(QPainter& p, const QRectF& area, int channel) {
   p.restore();
 }
 
-QString picture_words(std::string_view name) {
-  if (name == "PctD2") return QStringLiteral("нет");
-  if (name == "PctD3") return QStringLiteral("да");
-  if (name == "PctD4") return QStringLiteral("внимание");
-  if (name == "Pct_Kon") return QStringLiteral("включено");
-  if (name == "Pct_Koff") return QStringLiteral("выключено");
-  return {};
+void draw_focus_ring(QPainter& p, const QRectF& area) {
+  p.save();
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setBrush(Qt::NoBrush);
+  p.setPen(QPen(grey::kFocus, 2));
+  p.drawRoundedRect(area.adjusted(1, 1, -1, -1), 4, 4);
+  p.restore();
+}
+
+QString picture_words(std::string_view word) {
+  const Drawing* drawing = drawing_of(word);
+  return drawing ? qt(drawing->aloud) : QString();
 }
 
 }  // namespace evac::desktop

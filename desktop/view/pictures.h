@@ -1,4 +1,4 @@
-// The pictures of stores and buttons, drawn as vectors by name. Each differs from the others in shape, not
+// The pictures of stores and buttons, drawn as vectors by word. Each differs from the others in shape, not
 // only in colour.
 #pragma once
 
@@ -9,11 +9,20 @@
 
 namespace evac::desktop {
 
-// Draws the picture into the middle of the area; false, with nothing drawn, for an unknown name.
-bool draw_picture(QPainter& painter, const QRectF& area, std::string_view name, bool enabled = true);
-bool is_picture(std::string_view name);
+// What the keys of the decks carry besides the pictures that controls show.
+namespace sign {
+inline constexpr std::string_view kPlay = "play";
+inline constexpr std::string_view kStop = "stop";
+inline constexpr std::string_view kNext = "next";
+inline constexpr std::string_view kPrevious = "previous";
+inline constexpr std::string_view kRestart = "restart";
+}  // namespace sign
+
+// Draws the picture into the middle of the area; false, with nothing drawn, for an unknown word.
+bool draw_picture(QPainter& painter, const QRectF& area, std::string_view word, bool enabled = true);
+bool is_picture(std::string_view word);
 // A lamp of a zone, with its number in it.
-void draw_lamp(QPainter& painter, const QRect& area, std::string_view name, const QString& number);
+void draw_lamp(QPainter& painter, const QRect& area, std::string_view word, const QString& number);
 // What a picture drawn once is drawn from again: `key` tells everything about it but its size. Smooth shapes
 // cost far more than the copying of their points, and boards have hundreds of the same.
 void draw_cached(QPainter& painter, const QRect& area, const QString& key,
@@ -22,7 +31,9 @@ void draw_cached(QPainter& painter, const QRect& area, const QString& key,
 void draw_box(QPainter& painter, const QRect& area, const QColor& ground, const QColor& edge, double width);
 // A small channel number in the lower right corner of something that has the channel's colour.
 void draw_channel_sign(QPainter& painter, const QRectF& area, int channel);
+// Around whatever has the keyboard.
+void draw_focus_ring(QPainter& painter, const QRectF& area);
 // What the picture says, for assistive technology; empty for one that says nothing.
-QString picture_words(std::string_view name);
+QString picture_words(std::string_view word);
 
 }  // namespace evac::desktop

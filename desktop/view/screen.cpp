@@ -1,7 +1,6 @@
 #include "desktop/view/screen.h"
 
 #include <QWidget>
-#include <algorithm>
 
 namespace evac::desktop {
 

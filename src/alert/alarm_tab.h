@@ -2,28 +2,22 @@
 #pragma once
 
 #include "model/system_model.h"
-#include "platform/listers.h"
+#include "platform/controls.h"
 
 namespace evac {
-
-inline constexpr std::string_view kMessagePatterns = "*.Wav;*.mp3;*.mid;*.rmi";
 
 // The status lines among the labels LblU.
 inline constexpr int kModeLine = 5, kSecondLine = 0;
 
 struct AlarmTab {
-  AlarmTab(Form& form, Files& files)
-      : place{form.place("AlarmTab")},
-        Dir1{place, "Dir1", files},
-        Dir3{place, "Dir3", files},
-        File1{place, "File1", files, kMessagePatterns} {}
+  explicit AlarmTab(Form& form) : place{form.place("AlarmTab")} {}
   Place place;
 
   ControlArray<Label> LblU{place, "LblU", 0, 6, ""};  // 5 the mode or message, 0 the second line
   Label LblT{place, "LblT"};                          // time left of an alert
 
   Frame Frm8{place, "Frm8", "Зоны оповещения"};
-  ControlArray<Picture> PctA{Frm8.inside(), "PctA", 1, kZones, "PctD2"};
+  ControlArray<Picture> PctA{Frm8.inside(), "PctA", 1, kZones, picture::kNo};
 
   Frame Frm6{place, "Frm6", "Ручное оповещение/включение алгоритма оповещения"};
   ComboBox CmbF{Frm6.inside(), "CmbF"};
@@ -47,14 +41,10 @@ struct AlarmTab {
   Button CmdTG{place, "CmdTG", "ВКЛ/ВЫКЛ выбранных зон"};
   Button CmdAlAl{place, "CmdAlAl", "ВКЛ/ВЫКЛ аварийных зон"};
 
-  Timer Timer4{place, "Timer4"};
-  Timer Timer5{place, "Timer5"};
-  Timer Timer6{place, "Timer6"};
-  Timer Timer7{place, "Timer7"};
-
-  FolderLister Dir1;  // the working folder at start
-  FolderLister Dir3;  // the data folder, later the messages
-  FileLister File1;   // the messages
+  Timer Timer4{place, "Timer4", 100};
+  Timer Timer5{place, "Timer5", 100};
+  Timer Timer6{place, "Timer6", 100};
+  Timer Timer7{place, "Timer7", 100};
 };
 
 }  // namespace evac

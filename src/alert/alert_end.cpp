@@ -6,33 +6,33 @@ namespace evac {
 
 void AlertEnd::AlertReset() {
   silence();
-  for (auto& seen : alert_.fire_seen) seen.fill(0);
-  alert_.al_bank.fill(false);
+  for (auto& seen : doors_.alert.fire_seen) seen.fill(0);
+  doors_.alert.al_bank.fill(false);
   to_rest();
 }
 
 void AlertEnd::release_all_zones() {
   silence();
-  MP1_.stop();
+  doors_.MP1.stop();
   to_rest();
 }
 
 void AlertEnd::silence() {
-  link_.SendAllStop();
-  alert_.fire_bits.fill(0);
-  tab_.Timer5.set_enabled(false);
-  tab_.Timer6.set_enabled(false);
-  tab_.Timer7.set_enabled(false);
-  tab_.LblU[kModeLine].set_caption("");
-  tab_.LblU[kSecondLine].set_caption("");
-  MP2_.stop();
+  doors_.link.SendAllStop();
+  doors_.alert.fire_bits.fill(0);
+  doors_.tab.Timer5.set_enabled(false);
+  doors_.tab.Timer6.set_enabled(false);
+  doors_.tab.Timer7.set_enabled(false);
+  doors_.tab.LblU[kModeLine].set_caption("");
+  doors_.tab.LblU[kSecondLine].set_caption("");
+  doors_.MP2.stop();
 }
 
 void AlertEnd::to_rest() {
-  alert_.al_active = false;
-  alert_.al_rep = ClampedNumber(settings_.SettingsLine[kBlockPlays]);
-  lamps_.all_idle();
-  journal_.JournalLine("Сброс аварийного оповещения");
+  doors_.alert.clear_active();
+  doors_.alert.al_rep = ClampedNumber(doors_.settings.SettingsLine[kBlockPlays]);
+  doors_.lamps.all_idle();
+  doors_.journal.JournalLine("Сброс аварийного оповещения");
 }
 
 }  // namespace evac

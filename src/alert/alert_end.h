@@ -11,16 +11,17 @@ namespace evac {
 
 class AlertEnd {
  public:
-  AlertEnd(AlertState& alert, const SettingsState& settings, AlarmTab& tab, ZoneLamps& lamps, Media& MP1,
-           Media& MP2, Link& link, Journal& journal)
-      : alert_(alert),
-        settings_(settings),
-        tab_(tab),
-        lamps_(lamps),
-        MP1_(MP1),
-        MP2_(MP2),
-        link_(link),
-        journal_(journal) {}
+  struct Doors {
+    AlertState& alert;
+    const SettingsState& settings;
+    AlarmTab& tab;
+    ZoneLamps& lamps;
+    Media& MP1;
+    Media& MP2;
+    Link& link;
+    Journal& journal;
+  };
+  explicit AlertEnd(const Doors& doors) : doors_(doors) {}
 
   // Ends every alert: stops all zones, the message and its timers, forgets the inputs that were answered.
   // The alarm mark, a manual message, the simulation of inputs and the stop of detection stay as they are,
@@ -34,14 +35,7 @@ class AlertEnd {
   void silence();
   void to_rest();
 
-  AlertState& alert_;
-  const SettingsState& settings_;
-  AlarmTab& tab_;
-  ZoneLamps& lamps_;
-  Media& MP1_;
-  Media& MP2_;
-  Link& link_;
-  Journal& journal_;
+  const Doors doors_;
 };
 
 }  // namespace evac

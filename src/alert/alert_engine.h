@@ -7,6 +7,7 @@
 #include "alert/algorithm_run.h"
 #include "alert/banks.h"
 #include "alert/block_alert.h"
+#include "alert/restart_log.h"
 #include "journal/journal.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
@@ -15,38 +16,36 @@ namespace evac {
 
 class AlertEngine {
  public:
-  AlertEngine(AlertState& alert, const SettingsState& settings, AlarmTab& tab, Cards& cards,
-              BlockAlert& block, AlgorithmRun& algorithm, AlertEnd& end, Journal& journal)
-      : alert_(alert),
-        settings_(settings),
-        tab_(tab),
-        cards_(cards),
-        block_(block),
-        algorithm_(algorithm),
-        end_(end),
-        journal_(journal) {}
+  struct Doors {
+    AlertState& alert;
+    const SettingsState& settings;
+    AlarmTab& tab;
+    Cards& cards;
+    const EventLoop& loop;
+    BlockAlert& block;
+    AlgorithmRun& algorithm;
+    AlertEnd& end;
+    Journal& journal;
+  };
+  explicit AlertEngine(const Doors& doors) : doors_(doors) {}
 
   // Timer4. Touches no file and not the line unless there is a new fire.
   void tick();
+
+  const RestartLog& restarts() const { return restarts_; }
 
  private:
   // Words of inputs, one a bank.
   using Words = std::array<std::int32_t, kBanks>;
 
   void scan_inputs();
+  void reset();
   // False when a zone of fire has no algorithm: the tick ends there.
   bool scan_bank(int bank, const Words& words);
-  void keep_bank4_bit(const Words& words);
   std::int32_t masked_input(int bank, int zone, const Words& words) const;
 
-  AlertState& alert_;
-  const SettingsState& settings_;
-  AlarmTab& tab_;
-  Cards& cards_;
-  BlockAlert& block_;
-  AlgorithmRun& algorithm_;
-  AlertEnd& end_;
-  Journal& journal_;
+  const Doors doors_;
+  RestartLog restarts_;
 };
 
 }  // namespace evac

@@ -13,12 +13,9 @@ std::string flag_text(bool on) {
   return on ? "1" : "0";
 }
 
-// Option i of the group for the line's number i + 1; none of them for another.
-void choose(ControlArray<OptionButton>& options, const OptionGroup& group, int number) {
-  if (number >= 1 && number <= options.last() + 1)
-    options[number - 1].set_value(true);
-  else if (OptionButton* chosen = group.chosen())
-    chosen->set_value(false);
+// Option i for the line's number i + 1; none of them for another.
+void choose(ControlArray<OptionButton>& options, int number) {
+  if (number >= 1 && number <= options.last() + 1) options[number - 1].set_value(true);
 }
 
 // The number of the option that is on, as a line; `line` as it was when none is.
@@ -34,127 +31,140 @@ int AlertSettings::number(SettingsIndex index) const {
 }
 
 void AlertSettings::open() {
-  store_.LoadSettings();
-  store_.LoadAlgorithms();
-  preview_.reset();
+  doors_.store.LoadSettings();
+  doors_.store.LoadAlgorithms();
+  doors_.preview.reset();
   show_types();
   show_numbers();
-  messages_.LoadMessageList();
-  editor_.load();
-  form5_.windows().show_modal(form5_);
+  doors_.messages.LoadMessageList();
+  doors_.editor.load();
+  doors_.form5.windows().show_modal(doors_.form5);
 }
 
 void AlertSettings::show_types() {
-  for (Frame* frame : {&form5_.Frm1, &form5_.Frm2, &form5_.Frm3}) frame->set_enabled(true);
-  choose(form5_.Opt1, form5_.types, number(kAlertType));
-  if (const auto* type = form5_.types.chosen()) type_chosen(*type->index());
-  choose(form5_.Opt2, form5_.sources, number(kBlockSource));
+  // As when the window was made, whatever an earlier opening left: each option that the lines choose then
+  // raises its click.
+  Form5& form5 = doors_.form5;
+  for (auto& option : form5.Opt1) option.set_value(false);
+  for (auto& option : form5.Opt2) option.set_value(false);
+  for (Control* control :
+       std::initializer_list<Control*>{&form5.Frm1, &form5.Frm2, &form5.Frm3, &form5.Opt2[kExternal],
+                                       &form5.CmbF1, &form5.CmbF3, &form5.CmdSound1, &form5.CmdSound3})
+    control->set_enabled(true);
+  choose(form5.Opt1, number(kAlertType));
+  choose(form5.Opt2, number(kBlockSource));
 }
 
 void AlertSettings::show_numbers() {
+  for (ScrollBar* bar : {&doors_.form5.VS1, &doors_.form5.VS2, &doors_.form5.VSH, &doors_.form5.VSM})
+    bar->set_value(bar->least());
   const auto show_plays = [](ScrollBar& bar, int plays) {
     if (plays > 0 && plays <= kMostPlays) bar.set_value(plays);
   };
-  show_plays(form5_.VS1, number(kBlockPlays));
-  show_plays(form5_.VS2, number(kManualPlays));
-  form5_.ChkM.set_value(number(kAutoControl) > 0);
+  show_plays(doors_.form5.VS1, number(kBlockPlays));
+  show_plays(doors_.form5.VS2, number(kManualPlays));
+  doors_.form5.ChkM.set_value(number(kAutoControl) > 0);
   scan_clicked();
-  if (const int hours = number(kScanHours); hours <= kMostHours) form5_.VSH.set_value(hours);
-  if (const int minutes = number(kScanMinutes); minutes <= kMostMinutes) form5_.VSM.set_value(minutes);
-  form5_.ChkZ.set_value(number(kAudibleWarning) == 1);
-  form5_.ChkUK.set_value(number(kRemoteControl) == 1);
-  form5_.ChkA.set_value(number(kManualStart) == 1);
+  if (const int hours = number(kScanHours); hours <= kMostHours) doors_.form5.VSH.set_value(hours);
+  if (const int minutes = number(kScanMinutes); minutes <= kMostMinutes) doors_.form5.VSM.set_value(minutes);
+  doors_.form5.ChkZ.set_value(number(kAudibleWarning) == 1);
+  doors_.form5.ChkUK.set_value(number(kRemoteControl) == 1);
+  doors_.form5.ChkA.set_value(number(kManualStart) == 1);
   const int cycles = number(kScanCycles);
-  form5_.VSkS.set_value(cycles >= 1 && cycles <= kMostCycles ? cycles : 1);
+  doors_.form5.VSkS.set_value(cycles >= 1 && cycles <= kMostCycles ? cycles : 1);
 }
 
 void AlertSettings::type_chosen(int i) {
-  Frame* const frames[] = {&form5_.Frm1, &form5_.Frm2, &form5_.Frm3};
+  Frame* const frames[] = {&doors_.form5.Frm1, &doors_.form5.Frm2, &doors_.form5.Frm3};
   for (int n = 0; n < 3; ++n) frames[n]->set_enabled(n == i);
-  if (i == kController) form5_.Opt2[kComputer].set_value(true);
-  form5_.Opt2[kExternal].set_enabled(i != kController);
+  if (i == kController) doors_.form5.Opt2[kComputer].set_value(true);
+  doors_.form5.Opt2[kExternal].set_enabled(i != kController);
 }
 
 void AlertSettings::source_chosen(int i) {
   const bool computer = i == kComputer;
-  form5_.CmbF3.set_enabled(computer);
-  form5_.CmdSound3.set_enabled(computer);
-  form5_.CmbF1.set_enabled(!computer);
-  form5_.CmdSound1.set_enabled(!computer);
+  doors_.form5.CmbF3.set_enabled(computer);
+  doors_.form5.CmdSound3.set_enabled(computer);
+  doors_.form5.CmbF1.set_enabled(!computer);
+  doors_.form5.CmdSound1.set_enabled(!computer);
 }
 
 void AlertSettings::scan_clicked() {
-  for (ScrollBar* bar : {&form5_.VSH, &form5_.VSM, &form5_.VSkS}) bar->set_enabled(form5_.ChkM.value());
+  for (ScrollBar* bar : {&doors_.form5.VSH, &doors_.form5.VSM, &doors_.form5.VSkS})
+    bar->set_enabled(doors_.form5.ChkM.value());
 }
 
 void AlertSettings::from_changed() {
-  form5_.LblFr.set_caption(std::to_string(form5_.VsFr.value()));
-  if (form5_.VsFr.value() > form5_.VsTo.value()) form5_.VsTo.set_value(form5_.VsFr.value());
+  doors_.form5.LblFr.set_caption(std::to_string(doors_.form5.VsFr.value()));
+  if (doors_.form5.VsFr.value() > doors_.form5.VsTo.value())
+    doors_.form5.VsTo.set_value(doors_.form5.VsFr.value());
 }
 
 void AlertSettings::to_changed() {
-  form5_.LblTo.set_caption(std::to_string(form5_.VsTo.value()));
-  if (form5_.VsTo.value() < form5_.VsFr.value()) form5_.VsFr.set_value(form5_.VsTo.value());
+  doors_.form5.LblTo.set_caption(std::to_string(doors_.form5.VsTo.value()));
+  if (doors_.form5.VsTo.value() < doors_.form5.VsFr.value())
+    doors_.form5.VsFr.set_value(doors_.form5.VsTo.value());
 }
 
 void AlertSettings::save() {
-  auto& lines = settings_.SettingsLine;
-  take_choice(form5_.Opt1, lines[kAlertType]);
-  if (form5_.Opt1[kController].value()) store_.SaveAlgorithms(editor_.lines());
+  auto& lines = doors_.settings.SettingsLine;
+  take_choice(doors_.form5.Opt1, lines[kAlertType]);
+  if (doors_.form5.Opt1[kController].value()) doors_.store.SaveAlgorithms(doors_.editor.lines());
   if (!take_source()) return;
-  lines[kBlockMessage] = form5_.CmbF1.text();
-  lines[kBlockPlays] = form5_.LblKl.caption();
-  lines[kManualMessage] = form5_.CmbF2.text();
-  lines[kManualPlays] = form5_.Lblkl2.caption();
-  alert_.man_rep = number(kManualPlays);
+  lines[kBlockMessage] = doors_.form5.CmbF1.text();
+  lines[kBlockPlays] = doors_.form5.LblKl.caption();
+  lines[kManualMessage] = doors_.form5.CmbF2.text();
+  lines[kManualPlays] = doors_.form5.Lblkl2.caption();
+  doors_.alert.man_rep = number(kManualPlays);
   if (!take_scan()) return;
-  lines[kRemoteControl] = flag_text(form5_.ChkUK.value());
-  lines[kScanCycles] = form5_.LblKs.caption();
-  lines[kManualStart] = flag_text(form5_.ChkA.value());
+  lines[kRemoteControl] = flag_text(doors_.form5.ChkUK.value());
+  lines[kScanCycles] = doors_.form5.LblKs.caption();
+  lines[kManualStart] = flag_text(doors_.form5.ChkA.value());
   show_on_main_window();
-  store_.SaveSettings();
-  supervision_.NextCheck = later_in_day(second_of_day(loop_.wall()), scan_period(settings_));
+  doors_.store.SaveSettings();
+  doors_.supervision.NextCheck =
+      later_in_day(second_of_day(doors_.loop.wall()), scan_period(doors_.settings));
 }
 
 bool AlertSettings::take_source() {
-  take_choice(form5_.Opt2, settings_.SettingsLine[kBlockSource]);
-  if (!form5_.Opt2[kComputer].value()) return true;
-  if (sources_.ch_computer == 0) {
-    boxes_.message("В настройках оборудования не выбран компьютер");
+  take_choice(doors_.form5.Opt2, doors_.settings.SettingsLine[kBlockSource]);
+  if (!doors_.form5.Opt2[kComputer].value()) return true;
+  if (doors_.sources.ch_computer == 0) {
+    doors_.boxes.message("В настройках оборудования не выбран компьютер");
     return false;
   }
-  if (sources_.vol_computer == 0) {
-    boxes_.message(join("Уровень звука в ", sources_.ch_computer, " канале =0"));
+  if (doors_.sources.vol_computer == 0) {
+    doors_.boxes.message(join("Уровень звука в ", doors_.sources.ch_computer, " канале =0"));
     return false;
   }
   return true;
 }
 
 bool AlertSettings::take_scan() {
-  auto& lines = settings_.SettingsLine;
-  const bool on = form5_.ChkM.value();
+  auto& lines = doors_.settings.SettingsLine;
+  const bool on = doors_.form5.ChkM.value();
   lines[kAutoControl] = flag_text(on);
-  supervision_.auto_mode = on;
+  doors_.supervision.auto_mode = on;
   if (on) {
-    lines[kScanHours] = std::to_string(form5_.VSH.value());
-    lines[kScanMinutes] = std::to_string(form5_.VSM.value());
-    if (form5_.VSH.value() == 0 && form5_.VSM.value() == 0) {
-      boxes_.message("Установите период сканирования");
+    lines[kScanHours] = std::to_string(doors_.form5.VSH.value());
+    lines[kScanMinutes] = std::to_string(doors_.form5.VSM.value());
+    if (doors_.form5.VSH.value() == 0 && doors_.form5.VSM.value() == 0) {
+      doors_.boxes.message("Установите период сканирования");
       return false;
     }
   }
-  control_tab_.CmdZ.set_caption(on ? "ВКЛ" : "ВЫКЛ");
-  control_tab_.CmdZ.set_picture(on ? pictures_.Pct_Kon : pictures_.Pct_Koff);
-  lines[kAudibleWarning] = flag_text(on && form5_.ChkZ.value());
+  doors_.monitor_panel.CmdZ.set_caption(on ? "ВКЛ" : "ВЫКЛ");
+  doors_.monitor_panel.CmdZ.set_picture(on ? picture::kSwitchOn : picture::kSwitchOff);
+  lines[kAudibleWarning] = flag_text(on && doors_.form5.ChkZ.value());
   return true;
 }
 
 void AlertSettings::show_on_main_window() {
-  control_tab_.Timer14.set_enabled(form5_.ChkUK.value());
-  supervision_.TermMissLimit = number(kScanCycles);
-  alarm_tab_.CmdDem.set_enabled(form5_.ChkA.value());
-  alarm_tab_.CmbF.set_text(line(kManualMessage));
-  alarm_tab_.VS1.set_value(number(kManualPlays));
+  doors_.monitor_panel.Timer14.set_enabled(doors_.form5.ChkUK.value());
+  doors_.supervision.TermMissLimit = number(kScanCycles);
+  doors_.alarm_tab.CmdDem.set_enabled(doors_.form5.ChkA.value());
+  doors_.alarm_tab.CmbF.set_text(line(kManualMessage));
+  doors_.alarm_tab.VS1.set_value(number(kManualPlays));
 }
 
 }  // namespace evac

@@ -6,34 +6,31 @@
 #include "alert/algorithm_editor.h"
 #include "alert/message_lists.h"
 #include "alert/message_preview.h"
-#include "link/header_strip.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
 #include "store/alert_store.h"
-#include "supervision/control_tab.h"
+#include "supervision/monitor_panel.h"
 
 namespace evac {
 
 class AlertSettings {
  public:
-  AlertSettings(SettingsState& settings, AlertState& alert, const SourceState& sources,
-                SupervisionState& supervision, AlertStore& store, MessageLists& messages,
-                MessagePreview& preview, AlgorithmEditor& editor, Form5& form5, AlarmTab& alarm_tab,
-                ControlTab& control_tab, const PictureStores& pictures, EventLoop& loop, Boxes& boxes)
-      : settings_(settings),
-        alert_(alert),
-        sources_(sources),
-        supervision_(supervision),
-        store_(store),
-        messages_(messages),
-        preview_(preview),
-        editor_(editor),
-        form5_(form5),
-        alarm_tab_(alarm_tab),
-        control_tab_(control_tab),
-        pictures_(pictures),
-        loop_(loop),
-        boxes_(boxes) {}
+  struct Doors {
+    SettingsState& settings;
+    AlertState& alert;
+    const SourceState& sources;
+    SupervisionState& supervision;
+    AlertStore& store;
+    MessageLists& messages;
+    MessagePreview& preview;
+    AlgorithmEditor& editor;
+    Form5& form5;
+    AlarmTab& alarm_tab;
+    MonitorPanel& monitor_panel;
+    EventLoop& loop;
+    Boxes& boxes;
+  };
+  explicit AlertSettings(const Doors& doors) : doors_(doors) {}
 
   // Reads the files anew and shows the window until it is closed.
   void open();
@@ -48,7 +45,7 @@ class AlertSettings {
   void save();
 
  private:
-  const std::string& line(SettingsIndex index) const { return settings_.SettingsLine[index]; }
+  const std::string& line(SettingsIndex index) const { return doors_.settings.SettingsLine[index]; }
   int number(SettingsIndex index) const;
   void show_types();
   void show_numbers();
@@ -58,20 +55,7 @@ class AlertSettings {
   bool take_scan();
   void show_on_main_window();
 
-  SettingsState& settings_;
-  AlertState& alert_;
-  const SourceState& sources_;
-  SupervisionState& supervision_;
-  AlertStore& store_;
-  MessageLists& messages_;
-  MessagePreview& preview_;
-  AlgorithmEditor& editor_;
-  Form5& form5_;
-  AlarmTab& alarm_tab_;
-  ControlTab& control_tab_;
-  const PictureStores& pictures_;
-  EventLoop& loop_;
-  Boxes& boxes_;
+  const Doors doors_;
 };
 
 }  // namespace evac

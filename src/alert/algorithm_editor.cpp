@@ -14,49 +14,49 @@ constexpr int kMessageTooLong = 20;
 
 void AlgorithmEditor::load() {
   for (int n = 1; n <= kZones; ++n) {
-    form5_.Lst1[n].clear();
-    for (const auto& step : algorithms_.AlgZoneTable[n])
-      if (!step.empty()) form5_.Lst1[n].add(step);
+    doors_.form5.Lst1[n].clear();
+    for (const auto& step : doors_.algorithms.AlgZoneTable[n])
+      if (!step.empty()) doors_.form5.Lst1[n].add(step);
   }
-  form5_.VS3.set_value(form5_.VS3.least());
-  form5_.CmbF3.set_text(kNoMessage);
-  form5_.LblL3.set_caption("");
-  form5_.VSNA.set_value(1);
+  doors_.form5.VS3.set_value(doors_.form5.VS3.least());
+  doors_.form5.CmbF3.set_text(kNoMessage);
+  doors_.form5.LblL3.set_caption("");
+  doors_.form5.VSNA.set_value(1);
   algorithm_changed();
 }
 
 void AlgorithmEditor::algorithm_changed() {
-  current_ = form5_.VSNA.value();
-  const auto& steps = algorithms_.AlgZoneTable[current_];
+  current_ = doors_.form5.VSNA.value();
+  const auto& steps = doors_.algorithms.AlgZoneTable[current_];
   alg_zones_.clear();
   alg_order_ = static_cast<int>(
       std::count_if(steps.begin(), steps.end(), [](const auto& step) { return !step.empty(); }));
   if (!steps[1].empty()) take_message_of(steps[1]);
-  for (auto& list : form5_.Lst1) list.set_visible(false);
-  form5_.LblNa.set_caption(std::to_string(current_));
+  for (auto& list : doors_.form5.Lst1) list.set_visible(false);
+  doors_.form5.LblNa.set_caption(std::to_string(current_));
   current_list().set_visible(true);
 }
 
 void AlgorithmEditor::take_message_of(std::string_view record) {
   const std::string file = AlgField(record, kAlgMessage);
-  form5_.CmbF3.set_text(file);
-  messages_.show_length(file, form5_.LblL3);
-  form5_.VS3.set_value(ClampedNumber(AlgField(record, kAlgPlays)));
+  doors_.form5.CmbF3.set_text(file);
+  doors_.messages.show_length(file, doors_.form5.LblL3);
+  doors_.form5.VS3.set_value(ClampedNumber(AlgField(record, kAlgPlays)));
 }
 
 void AlgorithmEditor::add_step() {
-  const std::string& file = form5_.CmbF3.text();
+  const std::string& file = doors_.form5.CmbF3.text();
   if (Len(file) >= kMessageTooLong) {
-    boxes_.message("Длина сообщения не должна превышать 20 знаков");
+    doors_.boxes.message("Длина сообщения не должна превышать 20 знаков");
     return;
   }
   if (alg_zones_.empty()) {
-    boxes_.message("Установите зоны");
+    doors_.boxes.message("Установите зоны");
     return;
   }
   ++alg_order_;
-  current_list().add(
-      algorithm_record(form5_.LblNa.caption(), alg_order_, file, form5_.LblKl3.caption(), alg_zones_));
+  current_list().add(algorithm_record(doors_.form5.LblNa.caption(), alg_order_, file,
+                                      doors_.form5.LblKl3.caption(), alg_zones_));
 }
 
 void AlgorithmEditor::delete_step() {
@@ -64,7 +64,7 @@ void AlgorithmEditor::delete_step() {
   const int selected = list.selected();
   if (selected < 0) return;
   if (selected + 1 < list.count()) {
-    boxes_.message("Удалить можно только последнюю запись");
+    doors_.boxes.message("Удалить можно только последнюю запись");
     return;
   }
   list.remove(selected);
@@ -74,18 +74,18 @@ void AlgorithmEditor::delete_step() {
 void AlgorithmEditor::choose_zones() {
   const ListBox& list = current_list();
   alg_zones_ = list.selected() < 0 ? "" : AlgField(list.row(list.selected()), kAlgZones);
-  zone_choice_.choose(alg_zones_);
+  doors_.zone_choice.choose(alg_zones_);
 }
 
 void AlgorithmEditor::print() {
-  form5_.List1.clear();
-  for (const auto& line : store_.PrintAlgorithms()) form5_.List1.add(line);
-  boxes_.message(join("Информация находится в файле ", store_.print_path()));
+  doors_.form5.List1.clear();
+  for (const auto& line : doors_.store.PrintAlgorithms()) doors_.form5.List1.add(line);
+  doors_.boxes.message(join("Информация находится в файле ", doors_.store.print_path()));
 }
 
 AlertStore::AlgorithmLines AlgorithmEditor::lines() const {
   AlertStore::AlgorithmLines lines;
-  for (int n = 1; n <= kZones; ++n) lines[n] = form5_.Lst1[n].rows();
+  for (int n = 1; n <= kZones; ++n) lines[n] = doors_.form5.Lst1[n].rows();
   return lines;
 }
 

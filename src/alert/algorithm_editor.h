@@ -9,14 +9,15 @@ namespace evac {
 
 class AlgorithmEditor {
  public:
-  AlgorithmEditor(const AlgorithmState& algorithms, AlertStore& store, Form5& form5, MessageLists& messages,
-                  ZoneChoice& zone_choice, Boxes& boxes)
-      : algorithms_(algorithms),
-        store_(store),
-        form5_(form5),
-        messages_(messages),
-        zone_choice_(zone_choice),
-        boxes_(boxes) {}
+  struct Doors {
+    const AlgorithmState& algorithms;
+    AlertStore& store;
+    Form5& form5;
+    MessageLists& messages;
+    ZoneChoice& zone_choice;
+    Boxes& boxes;
+  };
+  explicit AlgorithmEditor(const Doors& doors) : doors_(doors) {}
 
   // Fills the lists from the table and shows algorithm 1.
   void load();
@@ -31,19 +32,14 @@ class AlgorithmEditor {
   AlertStore::AlgorithmLines lines() const;
 
  private:
-  ListBox& current_list() { return form5_.Lst1[current_]; }
+  ListBox& current_list() { return doors_.form5.Lst1[current_]; }
   void take_message_of(std::string_view record);
-
-  const AlgorithmState& algorithms_;
-  AlertStore& store_;
-  Form5& form5_;
-  MessageLists& messages_;
-  ZoneChoice& zone_choice_;
-  Boxes& boxes_;
 
   int current_ = 1;        // the algorithm shown
   int alg_order_ = 0;      // its records
   std::string alg_zones_;  // zones of the next step; it keeps them for the one after
+
+  const Doors doors_;
 };
 
 }  // namespace evac

@@ -17,81 +17,86 @@ int plays_of(std::string_view record) {
 }  // namespace
 
 bool AlgorithmRun::start(int zone, const Bank& bank) {
-  const std::string& record = algorithms_.AlgZoneTable[zone][1];
+  const std::string& record = doors_.algorithms.AlgZoneTable[zone][1];
   if (record.empty()) {
-    tab_.LblU[kModeLine].set_caption(join("Алгоритм ", zone, bank.no_steps));
+    doors_.tab.LblU[kModeLine].set_caption(join("Алгоритм ", zone, bank.no_steps));
     return false;
   }
-  alert_.alg_step = 1;
-  alert_.alg_zone = static_cast<std::int16_t>(zone);
+  doors_.alert.alg_step = 1;
+  doors_.alert.alg_zone = static_cast<std::int16_t>(zone);
+  doors_.alert.alg_running = true;
+  doors_.alert.alg_by_contact = !doors_.alert.fire_sim;
+  doors_.alert.block_zone = 0;
   const std::string zones = AlgField(record, kAlgZones);
   switch_on(zones, kFirstPlayMarks, bank.heading);
   if (zones.starts_with(kAlarmMark)) {
-    link_.SendAlertStart();
-    alert_.al_alarm_zones = true;
-    journal_.JournalLine("Включение аварийных зон");
+    doors_.link.SendAlertStart();
+    doors_.alert.al_alarm_zones = true;
+    doors_.journal.JournalLine("Включение аварийных зон");
   }
-  lamps_.fire(zone);
-  alert_.alg_rep = plays_of(record);
+  doors_.lamps.fire(zone);
+  doors_.alert.alg_rep = plays_of(record);
   if (play(record))
-    tab_.Timer7.set_enabled(true);
+    doors_.tab.Timer7.set_enabled(true);
   else
-    boxes_.message(join(bank.open_error, AlgField(record, kAlgMessage)));
-  house_.silence();
+    doors_.boxes.message(join(bank.open_error, AlgField(record, kAlgMessage)));
+  doors_.house.silence();
   return true;
 }
 
 void AlgorithmRun::tick() {
-  if (alert_.fire_stop || alert_.msg_manual) return;
+  if (doors_.alert.fire_stop || doors_.alert.msg_manual) return;
   const int left = message_.left();
   const std::string time = time_left_text(left);
-  tab_.LblU[kModeLine].set_caption(join("Сообщение:  ", AlgField(step(alert_.alg_step), kAlgMessage), " ",
-                                        time, " повторов: ", alert_.alg_rep));
-  tab_.LblU[kSecondLine].set_caption(
-      join("  Зона пожара - ", alert_.alg_zone, "  Запись - ", alert_.alg_step));
-  tab_.LblT.set_caption(time);
+  doors_.tab.LblU[kModeLine].set_caption(
+      join("Сообщение:  ", AlgField(step(doors_.alert.alg_step), kAlgMessage), " ", time,
+           " повторов: ", doors_.alert.alg_rep));
+  doors_.tab.LblU[kSecondLine].set_caption(
+      join("  Зона пожара - ", doors_.alert.alg_zone, "  Запись - ", doors_.alert.alg_step));
+  doors_.tab.LblT.set_caption(time);
   if (left != 0) return;
-  --alert_.alg_rep;
-  if (alert_.alg_rep == 0) {
-    const std::string& next = step(alert_.alg_step + 1);
+  --doors_.alert.alg_rep;
+  if (doors_.alert.alg_rep == 0) {
+    const std::string& next = step(doors_.alert.alg_step + 1);
     if (ClampedNumber(AlgField(next, kAlgOrder)) > 0) {
-      ++alert_.alg_step;
-      alert_.alg_rep = plays_of(next);
+      ++doors_.alert.alg_step;
+      doors_.alert.alg_rep = plays_of(next);
     }
   }
-  if (alert_.alg_rep > 0)
+  if (doors_.alert.alg_rep > 0)
     play_step();
   else
     finish();
 }
 
 void AlgorithmRun::play_step() {
-  const std::string& record = step(alert_.alg_step);
+  const std::string& record = step(doors_.alert.alg_step);
   switch_on(AlgField(record, kAlgZones), kLaterMarks, kLaterHeading);
   play(record);
 }
 
 void AlgorithmRun::finish() {
-  tab_.Timer7.set_enabled(false);
-  alert_.alg_step = 1;
-  alert_.alg_rep = plays_of(step(1));
+  doors_.tab.Timer7.set_enabled(false);
+  doors_.alert.alg_step = 1;
+  doors_.alert.alg_rep = plays_of(step(1));
   // The inputs that were answered stay answered until a reset, and the alarm mark stays set.
-  alert_.al_active = false;
-  alert_.al_bank.fill(false);
-  lamps_.all_idle();
-  house_.give_back();
+  doors_.alert.clear_active();
+  doors_.alert.al_bank.fill(false);
+  doors_.lamps.all_idle();
+  doors_.house.give_back();
 }
 
 void AlgorithmRun::switch_on(std::string_view zones, std::string_view marks, std::string_view heading) {
   if (zones.empty()) return;
-  journal_.JournalLine(heading);
+  doors_.journal.JournalLine(heading);
   for (int k = 1; k <= kZones; ++k) {
     const std::string mark = Mid(zones, k, 1);
     if (mark.empty() || marks.find(mark) == std::string_view::npos) continue;
-    lamps_.alerted(k);
+    doors_.lamps.alerted(k);
     // Twice, since nobody acknowledges a frame.
-    for (int i = 0; i < 2; ++i) link_.SendZoneSet(sources_.ch_computer, sources_.vol_computer, k);
-    journal_.JournalLine(join("Зона - ", k));
+    for (int i = 0; i < 2; ++i)
+      doors_.link.SendZoneSet(doors_.sources.ch_computer, doors_.sources.vol_computer, k);
+    doors_.journal.JournalLine(join("Зона - ", k));
   }
 }
 
@@ -99,7 +104,7 @@ bool AlgorithmRun::play(std::string_view record) {
   const std::string file = AlgField(record, kAlgMessage);
   const auto length = message_.play(file);
   if (!length) return false;
-  journal_.JournalLine(
+  doors_.journal.JournalLine(
       join("Сообщение:  ", file, " длина: ", *length, " повторов: ", AlgField(record, kAlgPlays)));
   return true;
 }

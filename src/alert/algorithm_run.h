@@ -3,37 +3,46 @@
 #pragma once
 
 #include "alert/banks.h"
-#include "alert/followed_message.h"
 #include "alert/house.h"
 #include "alert/zone_lamps.h"
 #include "journal/journal.h"
 #include "link/link.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "sound/followed_message.h"
 
 namespace evac {
 
 class AlgorithmRun {
  public:
-  AlgorithmRun(AlertState& alert, const AlgorithmState& algorithms, const SourceState& sources, AlarmTab& tab,
-               ZoneLamps& lamps, House& house, const SettingsState& settings, Media& MP2, EventLoop& loop,
-               Boxes& boxes, Link& link, Journal& journal)
-      : alert_(alert),
-        algorithms_(algorithms),
-        sources_(sources),
-        tab_(tab),
-        lamps_(lamps),
-        house_(house),
-        message_(MP2, alert.alg_end, settings, loop),
-        boxes_(boxes),
-        link_(link),
-        journal_(journal) {}
+  struct Doors {
+    AlertState& alert;
+    const AlgorithmState& algorithms;
+    const SourceState& sources;
+    AlarmTab& tab;
+    ZoneLamps& lamps;
+    House& house;
+    const SettingsState& settings;
+    Media& MP2;
+    EventLoop& loop;
+    Boxes& boxes;
+    Link& link;
+    Journal& journal;
+  };
+  explicit AlgorithmRun(const Doors& doors)
+      : doors_(doors),
+        message_({.media = doors.MP2,
+                  .end = doors.alert.alg_end,
+                  .settings = doors.settings,
+                  .loop = doors.loop}) {}
 
   // Starts the first step of the zone's algorithm, on top of one that runs. False when the zone has none.
   bool start(int zone, const Bank& bank);
   // Timer7: repeats the message, takes the next step, ends the algorithm. The step behind the last one of the
   // table is a fault.
   void tick();
+
+  const FollowedMessage& message() const { return message_; }
 
  private:
   // Switches on the zones whose mark is one of `marks`.
@@ -42,18 +51,10 @@ class AlgorithmRun {
   bool play(std::string_view record);
   void play_step();
   void finish();
-  const std::string& step(int n) const { return algorithms_.AlgZoneTable[alert_.alg_zone][n]; }
+  const std::string& step(int n) const { return doors_.algorithms.AlgZoneTable[doors_.alert.alg_zone][n]; }
 
-  AlertState& alert_;
-  const AlgorithmState& algorithms_;
-  const SourceState& sources_;
-  AlarmTab& tab_;
-  ZoneLamps& lamps_;
-  House& house_;
+  const Doors doors_;
   FollowedMessage message_;
-  Boxes& boxes_;
-  Link& link_;
-  Journal& journal_;
 };
 
 }  // namespace evac

@@ -16,6 +16,11 @@ struct Bank {
   std::string_view open_error;  // before a message's file
 };
 
+// The bit of input 0..31 in its bank's word; that of the last one is the sign.
+constexpr std::int32_t input_bit(int input) {
+  return static_cast<std::int32_t>(std::uint32_t{1} << input);
+}
+
 inline constexpr std::array<Bank, kBanks> kBankTable = {
     {{1, 32, 0, 0, "Номера зон:", " не указан", "Ошибка открытия файла "},
      {33, 64, 0, 1, "Включаемые зоны:", " не указан", "Ошибка открытия файла "},

@@ -14,20 +14,22 @@ constexpr int kSourceComputer = 1;
 }  // namespace
 
 void BlockAlert::check() {
-  if (link_.r_frame[kReportByte] == kAlarmReport && !alert_.al_active) start();
-  if (!alert_.al_active) tab_.LblU[kModeLine].set_caption("Q-4710");
+  if (doors_.link.r_frame[kReportByte] == kAlarmReport && !doors_.alert.al_active) start();
+  if (!doors_.alert.al_active) doors_.tab.LblU[kModeLine].set_caption("Q-4710");
 }
 
 void BlockAlert::start() {
-  alert_.al_active = true;
-  const int zone = link_.r_frame[kZoneByte] + 1;
-  lamps_.fire(zone);
-  journal_.JournalLine(join("ПОЖАР! в Зоне: \t", zone));
+  doors_.alert.al_active = true;
+  const int zone = doors_.link.r_frame[kZoneByte] + 1;
+  doors_.alert.block_zone = static_cast<std::int16_t>(zone);
+  message_.forget_outcome();
+  doors_.lamps.fire(zone);
+  doors_.journal.JournalLine(join("ПОЖАР! в Зоне: \t", zone));
   const auto tell = [this](std::string_view text) {
-    tab_.LblU[kModeLine].set_caption(text);
-    journal_.JournalLine(text);
+    doors_.tab.LblU[kModeLine].set_caption(text);
+    doors_.journal.JournalLine(text);
   };
-  if (ClampedNumber(settings_.SettingsLine[kBlockSource]) == kSourceComputer)
+  if (ClampedNumber(doors_.settings.SettingsLine[kBlockSource]) == kSourceComputer)
     start_message();
   else
     tell("Идет оповещение о пожаре");
@@ -37,32 +39,33 @@ void BlockAlert::start() {
 void BlockAlert::start_message() {
   const auto length = message_.play(file());
   if (!length) {
-    boxes_.message(join("Ошибка открытия файла ", file()));
+    doors_.boxes.message(join("Ошибка открытия файла ", file()));
     return;
   }
-  tab_.Timer5.set_enabled(true);
-  journal_.JournalLine(
-      join("Сообщение:  ", file(), " длина: ", *length, " повторов: ", settings_.SettingsLine[kBlockPlays]));
-  house_.silence();
+  doors_.tab.Timer5.set_enabled(true);
+  doors_.journal.JournalLine(join("Сообщение:  ", file(), " длина: ", *length,
+                                  " повторов: ", doors_.settings.SettingsLine[kBlockPlays]));
+  doors_.house.silence();
 }
 
 void BlockAlert::tick() {
-  if (alert_.fire_stop || alert_.msg_manual) return;
+  if (doors_.alert.fire_stop || doors_.alert.msg_manual) return;
   const int left = message_.left();
   const std::string time = time_left_text(left);
-  tab_.LblU[kModeLine].set_caption(join("Сообщение:  ", file(), " ", time, " повторов: ", alert_.al_rep));
-  tab_.LblU[kSecondLine].set_caption("  ПОЖАР");
-  tab_.LblT.set_caption(time);
+  doors_.tab.LblU[kModeLine].set_caption(
+      join("Сообщение:  ", file(), " ", time, " повторов: ", doors_.alert.al_rep));
+  doors_.tab.LblU[kSecondLine].set_caption("  ПОЖАР");
+  doors_.tab.LblT.set_caption(time);
   if (left != 0) return;
-  if (--alert_.al_rep >= 1) {
+  if (--doors_.alert.al_rep >= 1) {
     message_.play(file());
     return;
   }
   // The sound is over; the alert itself lasts until it is reset.
-  tab_.Timer5.set_enabled(false);
-  alert_.al_rep = ClampedNumber(settings_.SettingsLine[kBlockPlays]);
-  lamps_.all_idle();
-  house_.give_back();
+  doors_.tab.Timer5.set_enabled(false);
+  doors_.alert.al_rep = ClampedNumber(doors_.settings.SettingsLine[kBlockPlays]);
+  doors_.lamps.all_idle();
+  doors_.house.give_back();
 }
 
 }  // namespace evac

@@ -2,28 +2,34 @@
 // the block itself. The block and the controller switch the zones.
 #pragma once
 
-#include "alert/followed_message.h"
 #include "alert/house.h"
 #include "alert/zone_lamps.h"
 #include "journal/journal.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "sound/followed_message.h"
 
 namespace evac {
 
 class BlockAlert {
  public:
-  BlockAlert(AlertState& alert, const SettingsState& settings, const LinkState& link, AlarmTab& tab,
-             ZoneLamps& lamps, House& house, Media& MP2, EventLoop& loop, Boxes& boxes, Journal& journal)
-      : alert_(alert),
-        settings_(settings),
-        link_(link),
-        tab_(tab),
-        lamps_(lamps),
-        house_(house),
-        message_(MP2, alert.al_end, settings, loop),
-        boxes_(boxes),
-        journal_(journal) {}
+  struct Doors {
+    AlertState& alert;
+    const SettingsState& settings;
+    const LinkState& link;
+    AlarmTab& tab;
+    ZoneLamps& lamps;
+    House& house;
+    Media& MP2;
+    EventLoop& loop;
+    Boxes& boxes;
+    Journal& journal;
+  };
+  explicit BlockAlert(const Doors& doors)
+      : doors_(doors),
+        message_(
+            {.media = doors.MP2, .end = doors.alert.al_end, .settings = doors.settings, .loop = doors.loop}) {
+  }
 
   // Looks for an alarm in the last frame. The frame is not used up: it raises the alarm again as soon as the
   // alert is reset. A zone without a lamp is a fault.
@@ -31,20 +37,15 @@ class BlockAlert {
   // Timer5: repeats the message and ends its sound.
   void tick();
 
+  const FollowedMessage& message() const { return message_; }
+
  private:
   void start();
   void start_message();
-  const std::string& file() const { return settings_.SettingsLine[kBlockMessage]; }
+  const std::string& file() const { return doors_.settings.SettingsLine[kBlockMessage]; }
 
-  AlertState& alert_;
-  const SettingsState& settings_;
-  const LinkState& link_;
-  AlarmTab& tab_;
-  ZoneLamps& lamps_;
-  House& house_;
+  const Doors doors_;
   FollowedMessage message_;
-  Boxes& boxes_;
-  Journal& journal_;
 };
 
 }  // namespace evac

@@ -7,44 +7,48 @@
 #include "console/terminals_tab.h"
 #include "model/system_model.h"
 #include "player/player_tab.h"
-#include "supervision/control_tab.h"
+#include "supervision/monitor_panel.h"
+#include "timer/timer_panel.h"
 
 namespace evac {
 
 class House {
  public:
-  House(const PlayerState& player, const TimerState& timer, const SupervisionState& supervision,
-        PlayerTab& player_tab, ControlTab& control_tab, TerminalsTab& terminals_tab, PresetRecall& presets)
-      : player_(player),
-        timer_(timer),
-        supervision_(supervision),
-        player_tab_(player_tab),
-        control_tab_(control_tab),
-        terminals_tab_(terminals_tab),
-        presets_(presets) {}
+  struct Doors {
+    AlertState& alert;
+    const PlayerState& player;
+    const TimerState& timer;
+    const SupervisionState& supervision;
+    PlayerTab& player_tab;
+    TimerPanel& timer_panel;
+    MonitorPanel& monitor_panel;
+    TerminalsTab& terminals_tab;
+    PresetRecall& presets;
+  };
+  explicit House(const Doors& doors) : doors_(doors) {}
 
   // Switches off the player, the weekly timer and automatic control, where they are on.
   void silence() {
-    if (player_.mp_pow) player_tab_.CmdPMP.click();
-    if (timer_.tm_on) control_tab_.CmdTV.click();
-    if (supervision_.auto_mode) control_tab_.CmdZ.click();
+    press(doors_.player.mp_pow, doors_.player_tab.CmdPMP, doors_.alert.player_silenced);
+    press(doors_.timer.tm_on, doors_.timer_panel.CmdTV, doors_.alert.timer_silenced);
+    press(doors_.supervision.auto_mode, doors_.monitor_panel.CmdZ, doors_.alert.control_silenced);
   }
 
   // Recalls the preset that the console shows, picks its terminals and sends it.
   void give_back() {
-    presets_.PresetLoad(terminals_tab_.VsUs.value());
-    terminals_tab_.Option1.set_value(true);
-    terminals_tab_.CmdU.click();
+    doors_.presets.PresetLoad(doors_.terminals_tab.VsUs.value());
+    doors_.terminals_tab.Option1.set_value(true);
+    doors_.terminals_tab.CmdU.click();
   }
 
  private:
-  const PlayerState& player_;
-  const TimerState& timer_;
-  const SupervisionState& supervision_;
-  PlayerTab& player_tab_;
-  ControlTab& control_tab_;
-  TerminalsTab& terminals_tab_;
-  PresetRecall& presets_;
+  static void press(bool on, Button& button, int& silenced) {
+    if (!on) return;
+    button.click();
+    ++silenced;
+  }
+
+  const Doors doors_;
 };
 
 }  // namespace evac

@@ -3,31 +3,38 @@
 #pragma once
 
 #include "alert/alert_end.h"
-#include "alert/followed_message.h"
 #include "alert/zone_lamps.h"
 #include "journal/journal.h"
 #include "link/link.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "sound/followed_message.h"
 
 namespace evac {
 
 class ManualAlert {
  public:
-  ManualAlert(AlertState& alert, const SettingsState& settings, const PaintState& paint, AlarmTab& tab,
-              ZoneLamps& lamps, AlertEnd& end, Media& MP1, EventLoop& loop, Boxes& boxes, Link& link,
-              Journal& journal)
-      : alert_(alert),
-        settings_(settings),
-        paint_(paint),
-        tab_(tab),
-        lamps_(lamps),
-        end_(end),
-        MP1_(MP1),
-        message_(MP1, alert.man_end, settings, loop),
-        boxes_(boxes),
-        link_(link),
-        journal_(journal) {}
+  struct Doors {
+    AlertState& alert;
+    const SettingsState& settings;
+    const PaintState& paint;
+    AlarmTab& tab;
+    ZoneLamps& lamps;
+    AlertEnd& end;
+    Media& MP1;
+    MessageState& messages;
+    EventLoop& loop;
+    Boxes& boxes;
+    Link& link;
+    Journal& journal;
+  };
+  explicit ManualAlert(const Doors& doors)
+      : doors_(doors),
+        message_({.media = doors.MP1,
+                  .end = doors.alert.man_end,
+                  .settings = doors.settings,
+                  .loop = doors.loop,
+                  .file_given = &doors.messages.mp1_file}) {}
 
   // CmdAl. The engine is held from here until the message is cancelled, also past its last play. No zone is
   // switched: the operator routes the message.
@@ -48,20 +55,11 @@ class ManualAlert {
   void test_zone_changed();
 
  private:
-  std::string file() const { return tab_.CmbF.text(); }
+  std::string file() const { return doors_.tab.CmbF.text(); }
   void simulate_input(int zone);
 
-  AlertState& alert_;
-  const SettingsState& settings_;
-  const PaintState& paint_;
-  AlarmTab& tab_;
-  ZoneLamps& lamps_;
-  AlertEnd& end_;
-  Media& MP1_;
+  const Doors doors_;
   FollowedMessage message_;
-  Boxes& boxes_;
-  Link& link_;
-  Journal& journal_;
 };
 
 }  // namespace evac

@@ -1,29 +1,29 @@
 #include "alert/message_lists.h"
 
-#include "alert/followed_message.h"
 #include "model/text.h"
+#include "sound/followed_message.h"
 
 namespace evac {
 
 void MessageLists::LoadMessageList() {
-  ComboBox* const lists[] = {&form5_.CmbF1, &form5_.CmbF2, &form5_.CmbF3, &tab_.CmbF};
+  ComboBox* const lists[] = {&doors_.form5.CmbF1, &doors_.form5.CmbF2, &doors_.form5.CmbF3, &doors_.tab.CmbF};
   for (ComboBox* list : lists) {
     list->clear();
     list->set_text("");
   }
-  const std::string folder = settings_.data_path("message");
-  tab_.Dir3.point_at(folder);
-  tab_.File1.point_at(folder);
-  messages_.MessageLengths.clear();
-  for (const std::string& file : tab_.File1.rows()) {
-    MP2_.set_file(message_path(settings_, file));
-    messages_.MessageLengths.push_back(time_text(static_cast<int>(MP2_.duration())));
-    MP2_.hold();
+  const std::string folder = doors_.settings.data_path("message");
+  doors_.listers.Dir3.point_at(folder);
+  doors_.listers.File1.point_at(folder);
+  doors_.messages.MessageLengths.clear();
+  for (const std::string& file : doors_.listers.File1.rows()) {
+    doors_.MP2.set_file(message_path(doors_.settings, file));
+    doors_.messages.MessageLengths.push_back(time_text(static_cast<int>(doors_.MP2.duration())));
+    doors_.MP2.hold();
     for (ComboBox* list : lists) list->add(file);
   }
-  show_message(settings_.SettingsLine[kBlockMessage], {{form5_.CmbF1, form5_.LblL}});
-  show_message(settings_.SettingsLine[kManualMessage],
-               {{form5_.CmbF2, form5_.LblL2}, {tab_.CmbF, tab_.LblL}});
+  show_message(doors_.settings.SettingsLine[kBlockMessage], {{doors_.form5.CmbF1, doors_.form5.LblL}});
+  show_message(doors_.settings.SettingsLine[kManualMessage],
+               {{doors_.form5.CmbF2, doors_.form5.LblL2}, {doors_.tab.CmbF, doors_.tab.LblL}});
 }
 
 void MessageLists::show_message(std::string_view file, std::initializer_list<Choice> choices) {
@@ -37,9 +37,9 @@ void MessageLists::show_message(std::string_view file, std::initializer_list<Cho
 }
 
 void MessageLists::show_length(std::string_view file, Label& label) const {
-  const auto& files = tab_.File1.rows();
-  for (std::size_t i = 0; i < files.size() && i < messages_.MessageLengths.size(); ++i)
-    if (lower_case(files[i]) == lower_case(file)) label.set_caption(messages_.MessageLengths[i]);
+  const auto& files = doors_.listers.File1.rows();
+  for (std::size_t i = 0; i < files.size() && i < doors_.messages.MessageLengths.size(); ++i)
+    if (lower_case(files[i]) == lower_case(file)) label.set_caption(doors_.messages.MessageLengths[i]);
 }
 
 }  // namespace evac

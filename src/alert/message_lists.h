@@ -5,13 +5,21 @@
 #include "alert/alert_settings_form.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "store/folder_listers.h"
 
 namespace evac {
 
 class MessageLists {
  public:
-  MessageLists(MessageState& messages, const SettingsState& settings, AlarmTab& tab, Form5& form5, Media& MP2)
-      : messages_(messages), settings_(settings), tab_(tab), form5_(form5), MP2_(MP2) {}
+  struct Doors {
+    MessageState& messages;
+    const SettingsState& settings;
+    FolderListers& listers;
+    AlarmTab& tab;
+    Form5& form5;
+    Media& MP2;
+  };
+  explicit MessageLists(const Doors& doors) : doors_(doors) {}
 
   // Reads the length of every message file, fills the lists, and shows the messages of the settings.
   void LoadMessageList();
@@ -26,11 +34,7 @@ class MessageLists {
   };
   void show_message(std::string_view file, std::initializer_list<Choice> choices);
 
-  MessageState& messages_;
-  const SettingsState& settings_;
-  AlarmTab& tab_;
-  Form5& form5_;
-  Media& MP2_;
+  const Doors doors_;
 };
 
 inline constexpr std::string_view kNoMessage = "Не выбран";

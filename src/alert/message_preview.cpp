@@ -1,6 +1,6 @@
 #include "alert/message_preview.h"
 
-#include "alert/followed_message.h"
+#include "sound/followed_message.h"
 
 namespace evac {
 
@@ -15,28 +15,28 @@ MessagePreview::Choices MessagePreview::rows(Form5& f) {
 }
 
 void MessagePreview::chosen(int n) {
-  lists_.show_length(choices_[n].files->text(), *choices_[n].length);
+  doors_.lists.show_length(choices_[n].files->text(), *choices_[n].length);
 }
 
 void MessagePreview::play(int n) {
   const Choice& choice = choices_[n];
-  const std::string path = message_path(settings_, choice.files->text());
-  if (!files_.is_file(path)) {
-    boxes_.message("Не найден указанный звуковой файл");
+  const std::string path = message_path(doors_.settings, choice.files->text());
+  if (!doors_.files.is_file(path)) {
+    doors_.boxes.message("Не найден указанный звуковой файл");
     return;
   }
-  MP2_.set_file(path);
-  if (MP2_.ready_state() <= 0) {
-    boxes_.message(choice.open_error);
+  doors_.MP2.set_file(path);
+  if (doors_.MP2.ready_state() <= 0) {
+    doors_.boxes.message(choice.open_error);
     return;
   }
-  MP2_.play();
+  doors_.MP2.play();
   choice.stop->set_enabled(true);
   choice.stop->set_focus();
 }
 
 void MessagePreview::stop(int n) {
-  MP2_.stop();
+  doors_.MP2.stop();
   choices_[n].stop->set_enabled(false);
   choices_[n].sound->set_focus();
 }

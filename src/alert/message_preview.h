@@ -8,9 +8,15 @@ namespace evac {
 
 class MessagePreview {
  public:
-  MessagePreview(const SettingsState& settings, Form5& form5, MessageLists& lists, Media& MP2, Files& files,
-                 Boxes& boxes)
-      : settings_(settings), lists_(lists), MP2_(MP2), files_(files), boxes_(boxes), choices_(rows(form5)) {}
+  struct Doors {
+    const SettingsState& settings;
+    Form5& form5;
+    MessageLists& lists;
+    Media& MP2;
+    Files& files;
+    Boxes& boxes;
+  };
+  explicit MessagePreview(const Doors& doors) : doors_(doors), choices_(rows(doors.form5)) {}
 
   // One of the choices, 1..3.
   void chosen(int n);
@@ -29,11 +35,7 @@ class MessagePreview {
   using Choices = BoundedArray<Choice, 1, 3>;
   static Choices rows(Form5& form5);
 
-  const SettingsState& settings_;
-  MessageLists& lists_;
-  Media& MP2_;
-  Files& files_;
-  Boxes& boxes_;
+  const Doors doors_;
   const Choices choices_;
 };
 

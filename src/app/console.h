@@ -5,14 +5,16 @@
 #include "alert/alert_engine.h"
 #include "alert/alert_settings.h"
 #include "alert/manual_alert.h"
-#include "app/form1.h"
+#include "alert/watch.h"
+#include "alert/zone_groups.h"
+#include "app/forms.h"
 #include "console/audio_matrix.h"
 #include "console/equipment_settings.h"
-#include "console/form4.h"
-#include "console/form6.h"
 #include "console/name_list.h"
 #include "console/terminal_console.h"
+#include "console/terminal_settings.h"
 #include "console/zone_console.h"
+#include "console/zone_settings.h"
 #include "journal/journal.h"
 #include "link/dispatcher.h"
 #include "link/link.h"
@@ -34,48 +36,37 @@ class Console {
   void load();
 
   Windows& windows() { return windows_; }
-  Form1& form1() { return form1_; }
+  Forms& forms() { return forms_; }
+  Form1& form1() { return forms_.form1; }
   SystemModel& model() { return model_; }
   Journal& journal() { return journal_; }
+  Watch& watch() { return watch_; }
 
  private:
-  void wire();
-  void wire_equipment();
-  void wire_cells();
-  void wire_zones();
-  void wire_terminals();
+  // The handlers of each wing, in a file of its own.
+  void wire_link();
+  void wire_menu();
+  void wire_console();
+  void wire_console_settings();
   void wire_alert();
   void wire_alert_settings();
-  void wire_menu();
   // The one place where a settings window is asked for; what guards it stands here.
-  void open_settings(void (Console::*open)());
-  void open_equipment();
-  void open_zones();
-  void open_terminals();
-  void open_alert_settings();
+  void open_settings(const std::function<void()>& open);
   void shutdown();
 
+  // The steps of load().
   void make_folders();
-  void set_defaults();
   void open_port();
   void load_settings();
   void take_alert_settings();
   void register_cards();
   void paint_legends();
-  void set_timers();
+  void start_timers();
 
   Machine machine_;
   SystemModel model_;
   Windows windows_;
-  Form1 form1_;
-  Form2 form2_;
-  Form22 form22_;
-  Form33 form33_;
-  Form55 form55_;
-  Form6 form6_;
-  Form4 form4_;
-  Form5 form5_;
-  Form7 form7_;
+  Forms forms_;
   Journal journal_;
   Link link_;
   ReplyWait reply_wait_;
@@ -83,15 +74,15 @@ class Console {
   ClockLine clock_line_;
   AudioMatrix audio_matrix_;
   EquipmentSettings equipment_;
-  ChannelMenu channel_menu_;
+  NameList zone_names_, terminal_names_;
   ZoneSettings zone_settings_;
   TerminalSettings terminal_settings_;
-  NameList zone_names_, terminal_names_;
-  ZoneLamps zone_lamps_;
   ZoneConsole zone_console_;
   TerminalConsole terminal_console_;
 
   // Alert.
+  ZoneLamps zone_lamps_;
+  ZoneGroups zone_groups_;
   AlertStore alert_store_;
   MessageLists message_lists_;
   MessagePreview message_preview_;
@@ -104,6 +95,7 @@ class Console {
   AlgorithmRun algorithm_run_;
   AlertEngine alert_engine_;
   ManualAlert manual_alert_;
+  Watch watch_;
 };
 
 }  // namespace evac

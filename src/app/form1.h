@@ -10,7 +10,10 @@
 #include "link/header_strip.h"
 #include "platform/controls.h"
 #include "player/player_tab.h"
-#include "supervision/control_tab.h"
+#include "store/folder_listers.h"
+#include "supervision/monitor_panel.h"
+#include "supervision/scan_panel.h"
+#include "timer/timer_panel.h"
 
 namespace evac {
 
@@ -44,33 +47,31 @@ struct Form1 : Form,
                TerminalsTab,
                PlayerTab,
                SourcesTab,
-               ControlTab,
-               PowerTab {
+               ScanPanel,
+               MonitorPanel,
+               TimerPanel,
+               PowerTab,
+               FolderListers {
   Form1(Windows& windows, Files& files)
       : Form(windows, "Form1", "Пульт оповещения"),
         MainMenu(static_cast<Form&>(*this)),
         PictureStores(static_cast<Form&>(*this)),
         HeaderStrip(static_cast<Form&>(*this)),
-        AlarmTab(*this, files),
+        AlarmTab(static_cast<Form&>(*this)),
         ZonesTab(static_cast<Form&>(*this)),
         TerminalsTab(static_cast<Form&>(*this)),
         PlayerTab(static_cast<Form&>(*this)),
         SourcesTab(static_cast<Form&>(*this)),
-        ControlTab(static_cast<Form&>(*this)),
-        PowerTab(static_cast<Form&>(*this)) {}
+        ScanPanel(static_cast<Form&>(*this)),
+        MonitorPanel(static_cast<Form&>(*this)),
+        TimerPanel(*this, Frame8),
+        PowerTab(static_cast<Form&>(*this)),
+        FolderListers(*this, files) {}
 
   TabStrip SSTab1{
       Form::place(),
       "SSTab1",
       {"Аварийная панель", "Зоны", "Терминалы", "mp3-плеер", "Музыкальные источники", "Контроль", "Питание"}};
-};
-
-// The about window: a picture and two labels.
-struct Form2 : Form {
-  explicit Form2(Windows& windows) : Form(windows, "Form2", "О программе") {}
-  Picture Picture1{place(), "Picture1", "Emblem"};
-  Label Label1{place(), "Label1", "Пульт зонального оповещения и эвакуации"};
-  Label Label2{place(), "Label2", "120 зон, 255 терминалов, 5 звуковых каналов"};
 };
 
 }  // namespace evac

@@ -9,7 +9,7 @@ constexpr std::uint8_t kNoInput = 15;
 }  // namespace
 
 void AudioMatrix::choose(int k) {
-  auto& outputs = sources_.MatrixSel;
+  auto& outputs = doors_.sources.MatrixSel;
   if (k >= SourcesTab::kMatrixOutputs * SourcesTab::kMatrixRows)
     outputs.fill(kNoInput);
   else
@@ -19,12 +19,12 @@ void AudioMatrix::choose(int k) {
   for (int pair = 0; pair < 4; ++pair)
     pairs[static_cast<std::size_t>(pair)] =
         static_cast<std::uint8_t>(outputs[2 * pair + 1] + ((16 * outputs[2 * pair + 2]) & 255));
-  link_.SendMatrix(pairs);
+  doors_.link.SendMatrix(pairs);
 }
 
 void AudioMatrix::choose_defaults() {
   for (int output = 0; output < SourcesTab::kMatrixOutputs; ++output)
-    tab_.Opt1[SourcesTab::kMatrixRows * output + kDefaultRow].set_value(true);
+    doors_.tab.Opt1[SourcesTab::kMatrixRows * output + kDefaultRow].set_value(true);
 }
 
 }  // namespace evac

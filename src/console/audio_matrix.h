@@ -10,8 +10,12 @@ namespace evac {
 
 class AudioMatrix {
  public:
-  AudioMatrix(SourceState& sources, SourcesTab& tab, Link& link)
-      : sources_(sources), tab_(tab), link_(link) {}
+  struct Doors {
+    SourceState& sources;
+    SourcesTab& tab;
+    Link& link;
+  };
+  explicit AudioMatrix(const Doors& doors) : doors_(doors) {}
 
   // Click of Opt1(k): output k div 8 takes row k mod 8 of its column.
   void choose(int k);
@@ -19,9 +23,7 @@ class AudioMatrix {
   void choose_defaults();
 
  private:
-  SourceState& sources_;
-  SourcesTab& tab_;
-  Link& link_;
+  const Doors doors_;
 };
 
 }  // namespace evac

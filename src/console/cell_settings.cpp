@@ -12,7 +12,6 @@ namespace evac {
 namespace {
 
 constexpr std::string_view kOn = "ВКЛ", kOff = "ВЫКЛ";
-constexpr std::int16_t kNotSet = 0, kSwitchedOff = 255;
 
 }  // namespace
 
@@ -46,8 +45,16 @@ void CellSettings::toggle(int i) {
 
 void CellSettings::press(int i, const MousePress& press) {
   if (!press.plain_right()) return;
-  menu_.clear_marks();
-  if (is_on(i)) menu_.ask(cells_.used[i], [this, i](int channel) { take_channel(i, channel); });
+  CellWindow& window = cells_.window;
+  for (auto& entry : window.ch) entry.set_value(false);
+  if (!is_on(i)) return;
+  if (is_channel(cells_.used[i])) window.ch[cells_.used[i]].set_value(true);
+  menu_cell_ = i;
+  window.MnuSet.show();
+}
+
+void CellSettings::choose_channel(int channel) {
+  if (menu_cell_ > 0) take_channel(menu_cell_, channel);
 }
 
 void CellSettings::leave() {
@@ -61,6 +68,7 @@ int CellSettings::load(const std::string& path) {
   for (const auto& record : read_cells(files_, path, count())) {
     ++i;
     const bool on = !record.label.empty();
+    if (cells_.in_use) (*cells_.in_use)[i] = on;
     if (cells_.buttons_follow_file) {
       cells_.buttons[i].set_enabled(on);
       cells_.buttons[i].set_caption(record.label);
@@ -87,6 +95,7 @@ int CellSettings::save(const std::string& path) {
     Button& button = cells_.buttons[i];
     cells_.used[i] = kNotSet;
     button.set_enabled(is_on(i));
+    if (cells_.in_use) (*cells_.in_use)[i] = is_on(i);
     if (!is_on(i)) {
       button.set_caption("");
       button.set_back_color(kMainBackground);
@@ -102,77 +111,6 @@ int CellSettings::save(const std::string& path) {
   }
   write_cells(files_, path, records);
   return highest_on;
-}
-
-ZoneSettings::ZoneSettings(ZoneState& zones, const SettingsState& settings, PaintState& paint, Files& files,
-                           ChannelMenu& menu, Form33& form, ZonesTab& tab)
-    : CellSettings({form, {zones.ZoneChan}, {zones.ZoneChanSet}, tab.CmdAZ, false}, paint, files, menu),
-      zones_(zones),
-      settings_(settings),
-      form_(form) {}
-
-void ZoneSettings::LoadZoneSettings() {
-  load(zone_file(settings_));
-}
-
-void ZoneSettings::prepare() {
-  LoadZoneSettings();
-  paint_legend(form_.L1);
-  for (int z = 1; z <= count(); ++z)
-    if (zones_.ZoneChan[z] < 1)
-      show_off(z);
-    else
-      take_channel(z, zones_.ZoneChan[z]);
-}
-
-void ZoneSettings::save() {
-  CellSettings::save(zone_file(settings_));
-}
-
-TerminalSettings::TerminalSettings(TerminalState& terminals, const SettingsState& settings, PaintState& paint,
-                                   Files& files, ChannelMenu& menu, Form55& form, TerminalsTab& tab)
-    : CellSettings({form, {terminals.TermChan}, {terminals.TermChanSet}, tab.CmdAT, true}, paint, files,
-                   menu),
-      terminals_(terminals),
-      settings_(settings),
-      form_(form),
-      tab_(tab) {}
-
-void TerminalSettings::LoadTermSettings(int n) {
-  terminals_.term_count = static_cast<std::int16_t>(load(preset_file(settings_, n)));
-}
-
-void TerminalSettings::ShowTermChannels() {
-  for (int t = 1; t <= count(); ++t) {
-    terminals_.TermChanSet[t] = kSwitchedOff;
-    if (terminals_.TermChan[t] > 0)
-      take_channel(t, terminals_.TermChan[t]);
-    else
-      cell(t).set_back_color(is_on(t) ? Color::kGrey : Color::kWindow);
-  }
-}
-
-void TerminalSettings::prepare() {
-  paint_legend(form_.L1);
-  LoadTermSettings(terminals_.term_file_no);
-  ShowTermChannels();
-  form_.VsUs.set_value(terminals_.term_file_no);
-  form_.LblUs.set_caption(std::to_string(terminals_.term_file_no));
-}
-
-void TerminalSettings::save() {
-  terminals_.term_count =
-      static_cast<std::int16_t>(CellSettings::save(preset_file(settings_, terminals_.term_file_no)));
-}
-
-void TerminalSettings::choose_preset() {
-  const int preset = form_.VsUs.value();
-  terminals_.TermChan.fill(0);
-  terminals_.term_file_no = static_cast<std::int16_t>(preset);
-  tab_.VsUs.set_value(preset);
-  form_.LblUs.set_caption(std::to_string(preset));
-  LoadTermSettings(preset);
-  ShowTermChannels();
 }
 
 }  // namespace evac

@@ -6,10 +6,6 @@
 #include <span>
 
 #include "console/cell_window.h"
-#include "console/channel_menu.h"
-#include "console/form33.h"
-#include "console/form55.h"
-#include "console/zones_tab.h"
 #include "platform/files.h"
 
 namespace evac {
@@ -20,10 +16,15 @@ class CellSettings {
   void toggle(int i);
   // A press in Lbl(i): a right one brings up the channel menu, if the cell is on.
   void press(int i, const MousePress& press);
+  // ch(c): the cell of the menu goes on channel c.
+  void choose_channel(int channel);
   // Command3, and the closing of the window: drops the working copy.
   void leave();
 
  protected:
+  // Values of a working copy that are no channel.
+  static constexpr std::int16_t kNotSet = 0, kSwitchedOff = 255;
+
   // Channels of the model, by number from 1.
   struct Channels {
     std::span<std::int16_t> items;
@@ -34,11 +35,12 @@ class CellSettings {
     Channels used;     // what the rest of the system reads; 0 none
     Channels working;  // while the window is open: 0 not set, 255 switched off
     ControlArray<Button>& buttons;
-    bool buttons_follow_file;  // not only a save, but a load too sets the buttons
+    BoundedArray<bool, 1, kZones>* in_use;  // kept as last loaded or saved; null for none
+    bool buttons_follow_file;               // not only a save, but a load too sets the buttons
   };
 
-  CellSettings(const Cells& cells, PaintState& paint, Files& files, ChannelMenu& menu)
-      : cells_(cells), paint_(paint), files_(files), menu_(menu) {}
+  CellSettings(const Cells& cells, PaintState& paint, Files& files)
+      : cells_(cells), paint_(paint), files_(files) {}
 
   int count() const { return cells_.window.Lbl.last(); }
   Label& cell(int i) { return cells_.window.Lbl[i]; }
@@ -58,46 +60,7 @@ class CellSettings {
   const Cells cells_;
   PaintState& paint_;
   Files& files_;
-  ChannelMenu& menu_;
-};
-
-class ZoneSettings : public CellSettings {
- public:
-  ZoneSettings(ZoneState& zones, const SettingsState& settings, PaintState& paint, Files& files,
-               ChannelMenu& menu, Form33& form, ZonesTab& tab);
-
-  void LoadZoneSettings();
-  // What the cells show when the window opens: a zone without a channel is off.
-  void prepare();
-  // Command1.
-  void save();
-
- private:
-  const ZoneState& zones_;
-  const SettingsState& settings_;
-  Form33& form_;
-};
-
-class TerminalSettings : public CellSettings {
- public:
-  TerminalSettings(TerminalState& terminals, const SettingsState& settings, PaintState& paint, Files& files,
-                   ChannelMenu& menu, Form55& form, TerminalsTab& tab);
-
-  // The terminals of preset n, and how many there are.
-  void LoadTermSettings(int n);
-  // Paints the cells by their channels and begins the working copy anew.
-  void ShowTermChannels();
-  void prepare();
-  // Command1: the file of the current preset.
-  void save();
-  // VsUs: goes over to another preset, and takes the main window along.
-  void choose_preset();
-
- private:
-  TerminalState& terminals_;
-  const SettingsState& settings_;
-  Form55& form_;
-  TerminalsTab& tab_;
+  int menu_cell_ = 0;  // that the menu came up for; 0 before the first time
 };
 
 }  // namespace evac

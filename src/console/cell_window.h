@@ -23,6 +23,12 @@ struct CellWindow : Form, ChannelLegend {
   Button Command1{place, "Command1", "Сохранить"};
   Button Command2;
   Button Command3{place, "Command3", "Выход"};
+
+  // The channels of a cell, on its right press.
+  PopupMenu MnuSet{place, "MnuSet"};
+  ControlArray<MenuItem> ch{1, kChannels, [this](auto& items, int i) {
+                              items.emplace_back(MnuSet, "ch", "Канал " + std::to_string(i), i);
+                            }};
 };
 
 }  // namespace evac

@@ -16,10 +16,10 @@ void paint_legend(ControlArray<Label>& samples) {
     samples[i].set_back_color(kLegendColors[static_cast<std::size_t>(i - 1)]);
 }
 
-void ChanLamp(TerminalsTab& tab, const PictureStores& stores, std::string_view source, SourceLamp state) {
+void ChanLamp(TerminalsTab& tab, std::string_view source, SourceLamp state) {
   for (int c = 1; c <= kChannels; ++c)
     if (tab.Label2[c].caption() == source)
-      tab.Pic[c].set_picture(state == SourceLamp::kPlaying ? stores.PctD3 : stores.PctD2);
+      tab.Pic[c].set_picture(state == SourceLamp::kPlaying ? picture::kYes : picture::kNo);
 }
 
 }  // namespace evac

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "console/terminals_tab.h"
-#include "link/header_strip.h"
 #include "model/system_model.h"
 
 namespace evac {
@@ -23,6 +22,6 @@ void paint_legend(ControlArray<Label>& samples);
 
 enum class SourceLamp { kPlaying, kStopped };  // "P" and "S"
 // Lights or darkens the lamp of every channel that carries the source.
-void ChanLamp(TerminalsTab& tab, const PictureStores& stores, std::string_view source, SourceLamp state);
+void ChanLamp(TerminalsTab& tab, std::string_view source, SourceLamp state);
 
 }  // namespace evac

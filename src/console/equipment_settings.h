@@ -3,7 +3,7 @@
 #pragma once
 
 #include "console/channel_legend.h"
-#include "console/form22.h"
+#include "console/equipment_form.h"
 #include "console/terminals_tab.h"
 #include "platform/machine.h"
 
@@ -11,48 +11,44 @@ namespace evac {
 
 class EquipmentSettings {
  public:
-  EquipmentSettings(SourceState& sources, PowerState& power, const SettingsState& settings, Files& files,
-                    SerialPort& port, Form22& form, TerminalsTab& terminals_tab, SourcesTab& sources_tab,
-                    ChannelLegend& zone_legend, ChannelLegend& terminal_legend)
-      : sources_(sources),
-        power_(power),
-        settings_(settings),
-        files_(files),
-        port_(port),
-        form_(form),
-        terminals_tab_(terminals_tab),
-        sources_tab_(sources_tab),
-        legends_{&zone_legend, &terminal_legend} {}
+  struct Doors {
+    SourceState& sources;
+    PowerState& power;
+    const SettingsState& settings;
+    Files& files;
+    SerialPort& port;
+    Form22& form;
+    TerminalsTab& terminals_tab;
+    SourcesTab& sources_tab;
+    std::array<ChannelLegend*, 2> legends;  // of the windows of zones and of terminals
+    const AlertState& alert;
+  };
+  explicit EquipmentSettings(const Doors& doors) : doors_(doors) {}
 
+  // Reads the file anew and shows the window until it is closed.
+  void open();
   // Who asks for a reading decides what a port that cannot be opened is: at the start a fault, by a settings
-  // window that shows what is there a lost line.
+  // window that shows what is there a lost line. The operator's volume bars follow at the start alone.
   enum class Reading { kAtStart, kByWindow };
   // Reads the file into the window and the model; closes the port and opens the one that the file names. A
   // number that does not fit ends it silently.
   void load(Reading reading);
   // Command1. The port is opened before the file is touched, so that one that cannot be opened is never kept.
   void save();
-  // Indicators of the digital-input cards.
-  void show_cards(const AlertState& alert);
 
  private:
-  bool read_row(int i, const EquipmentRecords::Row& row);
+  // Indicators of the digital-input cards.
+  void show_cards();
+  bool read_row(int i, const EquipmentRecords::Row& row, Reading reading);
   bool read_outlets(int n, const std::string& text);
   void show_source(int i);
   void show_volume(int i);
+  void set_volume_bar(int i);
   void clear_sources();
   void take_source(int i);
   void use_port(int number, void (SerialPort::*open)());
 
-  SourceState& sources_;
-  PowerState& power_;
-  const SettingsState& settings_;
-  Files& files_;
-  SerialPort& port_;
-  Form22& form_;
-  TerminalsTab& terminals_tab_;
-  SourcesTab& sources_tab_;
-  const std::array<ChannelLegend*, 2> legends_;
+  const Doors doors_;
 };
 
 }  // namespace evac

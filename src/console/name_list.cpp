@@ -3,6 +3,7 @@
 #include <map>
 
 #include "model/text.h"
+#include "platform/windows.h"
 #include "store/settings_files.h"
 
 namespace evac {
@@ -21,66 +22,82 @@ std::string name_of(const std::string& line) {
 
 }  // namespace
 
+void NameList::open() {
+  load();
+  doors_.window.windows().show_modal(doors_.window);
+}
+
 void NameList::load() {
-  window_.List1.clear();
+  doors_.window.List1.clear();
   int record = 0;
-  for (const auto& line : read_names(files_, file_(settings_))) {
+  for (const auto& line : read_names(doors_.files, doors_.file(doors_.settings))) {
     ++record;
     if (line.empty()) continue;
-    window_.List1.add(line);
+    doors_.window.List1.add(line);
     show_name(record, line);
-    window_.VS1.set_value(record + 1);
+    doors_.window.VS1.set_value(record + 1);
   }
+  keep();
 }
 
 void NameList::add() {
-  const int number = window_.VS1.value();
-  if (window_.Txt1.text().empty()) {
-    boxes_.message("Введите наименование");
-    window_.Txt1.set_focus();
+  const int number = doors_.window.VS1.value();
+  if (doors_.window.Txt1.text().empty()) {
+    doors_.boxes.message("Введите наименование");
+    doors_.window.Txt1.set_focus();
     return;
   }
-  for (const auto& line : window_.List1.rows())
+  for (const auto& line : doors_.window.List1.rows())
     if (number_of(line) == number) {
-      boxes_.message(join("Номер ", number, " уже существует"));
+      doors_.boxes.message(join("Номер ", number, " уже существует"));
       return;
     }
-  if (window_.List1.count() >= kMostLines) return;
-  window_.List1.add(join(number, kTab, window_.Txt1.text()));
+  if (doors_.window.List1.count() >= kMostLines) return;
+  doors_.window.List1.add(join(number, kTab, doors_.window.Txt1.text()));
   sort();
   ready_for_next();
-  window_.Txt1.set_focus();
+  doors_.window.Txt1.set_focus();
 }
 
 void NameList::remove() {
-  if (window_.List1.selected() < 0) return;
-  window_.List1.remove(window_.List1.selected());
+  if (doors_.window.List1.selected() < 0) return;
+  doors_.window.List1.remove(doors_.window.List1.selected());
   ready_for_next();
 }
 
 void NameList::save() {
-  const auto& lines = window_.List1.rows();
-  if (write_names(files_, file_(settings_), lines) != kNoError) return;
+  const auto& lines = doors_.window.List1.rows();
+  if (write_names(doors_.files, doors_.file(doors_.settings), lines) != kNoError) return;
   int place = 0;
   for (const auto& line : lines) show_name(++place, line);
+  keep();
 }
 
 void NameList::sort() {
   std::map<int, std::string> slots;
-  for (const auto& line : window_.List1.rows())
+  for (const auto& line : doors_.window.List1.rows())
     if (const double number = number_of(line); number >= 1 && number <= kMostLines)
       slots[static_cast<int>(number)] = line;
-  window_.List1.clear();
-  for (const auto& [number, line] : slots) window_.List1.add(line);
+  doors_.window.List1.clear();
+  for (const auto& [number, line] : slots) doors_.window.List1.add(line);
 }
 
 void NameList::ready_for_next() {
-  window_.VS1.set_value(window_.List1.count() + 1);
-  window_.Txt1.set_text("");
+  doors_.window.VS1.set_value(doors_.window.List1.count() + 1);
+  doors_.window.Txt1.set_text("");
+}
+
+void NameList::keep() {
+  if (!doors_.kept) return;
+  doors_.kept->by_number.clear();
+  for (const auto& line : doors_.window.List1.rows())
+    doors_.kept->by_number[static_cast<int>(number_of(line))] = name_of(line);
+  ++doors_.kept->edition;
 }
 
 void NameList::show_name(int place, const std::string& line) {
-  if (shown_at_ && place <= shown_at_->last()) (*shown_at_)[place].set_tool_tip(name_of(line));
+  if (doors_.shown_at && place <= doors_.shown_at->last())
+    (*doors_.shown_at)[place].set_tool_tip(name_of(line));
 }
 
 }  // namespace evac

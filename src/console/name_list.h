@@ -10,16 +10,20 @@ namespace evac {
 
 class NameList {
  public:
+  struct Doors {
+    const SettingsState& settings;
+    Files& files;
+    Boxes& boxes;
+    NameWindow& window;
+    std::string (*file)(const SettingsState&);
+    ControlArray<Button>* shown_at;
+    NumberedNames* kept = nullptr;  // the list as last loaded or saved, for who needs it
+  };
   // `shown_at` gets the names as tool tips; null when they stand nowhere but in the list.
-  NameList(const SettingsState& settings, Files& files, Boxes& boxes, NameWindow& window,
-           std::string (*file)(const SettingsState&), ControlArray<Button>* shown_at)
-      : settings_(settings),
-        files_(files),
-        boxes_(boxes),
-        window_(window),
-        file_(file),
-        shown_at_(shown_at) {}
+  explicit NameList(const Doors& doors) : doors_(doors) {}
 
+  // Reads the names and shows their window until it is closed.
+  void open();
   // Fills the list from the file.
   void load();
   // CmdAdd: the line of VS1 and Txt1, if no line has that number yet; sorts the list.
@@ -34,14 +38,10 @@ class NameList {
 
   void sort();
   void ready_for_next();
+  void keep();
   void show_name(int place, const std::string& line);
 
-  const SettingsState& settings_;
-  Files& files_;
-  Boxes& boxes_;
-  NameWindow& window_;
-  std::string (*const file_)(const SettingsState&);
-  ControlArray<Button>* const shown_at_;
+  const Doors doors_;
 };
 
 }  // namespace evac

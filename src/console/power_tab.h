@@ -25,8 +25,8 @@ struct PowerTab {
   ListBox List1{place, "List1"}, List2{place, "List2"}, List3{place, "List3"};
   TextBox Text1{place, "Text1"}, Text2{place, "Text2"};
   Button Command1{place, "Command1", "Очистить"};
-  Timer Timer2{place, "Timer2"};
-  Timer Timer13{place, "Timer13"};
+  Timer Timer2{place, "Timer2", 100};
+  Timer Timer13{place, "Timer13", 500};
 
  private:
   ControlArray<Button> outlets(int block) {

@@ -26,19 +26,19 @@ struct SourcesTab {
   ControlArray<Button> CmdCD{Frame1.inside(), "CmdCD", 0, 5, ""};
   OptionGroup cd_outputs;
   SourceOutputs Opt_cd{Frame1.inside(), cd_outputs, "Opt_cd"};
-  Label LblCD{Frame1.inside(), "LblCD"};
+  Label LblCD{Frame1.inside(), "LblCD", "CD-player"};
 
   Frame Frame2{place, "Frame2", "MP3-проигрыватель", 0};
   ControlArray<Button> CmdMP3{Frame2.inside(), "CmdMP3", 0, 5, ""};
   OptionGroup mp3_outputs;
   SourceOutputs Opt_mp{Frame2.inside(), mp3_outputs, "Opt_mp"};
-  Label LblMP3{Frame2.inside(), "LblMP3"};
+  Label LblMP3{Frame2.inside(), "LblMP3", "MP3-player"};
 
   Frame Frame3{place, "Frame3", "Тюнер"};
   ControlArray<Button> CmdT{Frame3.inside(), "CmdT", 0, {"AM", "FM", "", "", ""}};
   OptionGroup tuner_outputs;
   SourceOutputs Opt_t{Frame3.inside(), tuner_outputs, "Opt_t"};
-  Label LblT{Frame3.inside(), "LblT"};
+  Label LblT{Frame3.inside(), "LblT", "AM Tuner"};
 
   Frame Frame4{place, "Frame4", "Аудио-матрица", 1};
   // Eight columns CH1 to CH8, each a group of MUTE and IN1 to IN7.

@@ -2,8 +2,8 @@
 // preset. Picking sends nothing; CmdU sends.
 #pragma once
 
-#include "console/cell_settings.h"
 #include "console/preset_recall.h"
+#include "console/terminal_settings.h"
 #include "link/link.h"
 #include "platform/machine.h"
 
@@ -11,9 +11,15 @@ namespace evac {
 
 class TerminalConsole : public PresetRecall {
  public:
-  TerminalConsole(TerminalState& terminals, PaintState& paint, TerminalsTab& tab, TerminalSettings& settings,
-                  Link& link, Boxes& boxes)
-      : terminals_(terminals), paint_(paint), tab_(tab), settings_(settings), link_(link), boxes_(boxes) {}
+  struct Doors {
+    TerminalState& terminals;
+    PaintState& paint;
+    TerminalsTab& tab;
+    TerminalSettings& settings;
+    Link& link;
+    Boxes& boxes;
+  };
+  explicit TerminalConsole(const Doors& doors) : doors_(doors) {}
 
   // No terminal is picked yet; routing is manual.
   void start();
@@ -21,8 +27,6 @@ class TerminalConsole : public PresetRecall {
   void pick(int t);
   // Opt(c).
   void choose_channel(int c);
-  // VS_Z(c).
-  void follow_volume(int c);
   // Option1: picks every terminal of the preset, each on its own channel.
   void pick_preset();
   // VsUs.
@@ -34,12 +38,7 @@ class TerminalConsole : public PresetRecall {
  private:
   void send_terminal(int channel, int t);
 
-  TerminalState& terminals_;
-  PaintState& paint_;
-  TerminalsTab& tab_;
-  TerminalSettings& settings_;
-  Link& link_;
-  Boxes& boxes_;
+  const Doors doors_;
 };
 
 }  // namespace evac

@@ -11,7 +11,10 @@ struct TerminalsTab {
   Place place;
 
   Frame Frame12{place, "Frame12", "Терминалы"};
-  ControlArray<Button> CmdAT{Frame12.inside(), "CmdAT", 1, kTerminals, ""};
+  // A terminal that is off takes no click; the file of the preset says which are on.
+  ControlArray<Button> CmdAT{1, kTerminals, [this](auto& items, int t) {
+                               items.emplace_back(Frame12.inside(), "CmdAT", "", t).set_enabled(false);
+                             }};
 
   Frame Frm5{place, "Frm5", "Выбор звукового канала/установка громкости"};
   OptionGroup channels;
@@ -25,7 +28,7 @@ struct TerminalsTab {
   ControlArray<Label> Label2{Frm5.inside(), "Label2", 1, kChannels, ""};  // source names
   ControlArray<Label> L1{Frm5.inside(), "L1", 1, kChannels + 1, ""};      // colour samples
   ControlArray<Label> L2{Frm5.inside(), "L2", 1, kChannels, ""};
-  ControlArray<Picture> Pic{Frm5.inside(), "Pic", 1, kChannels, "PctD2"};
+  ControlArray<Picture> Pic{Frm5.inside(), "Pic", 1, kChannels, picture::kNo};
 
   Frame Frame6{place, "Frame6", "Установка"};
   OptionGroup routing;
@@ -34,12 +37,6 @@ struct TerminalsTab {
   ScrollBar VsUs{Frame6.inside(), "VsUs", 1, kPresets, 1};
   Label LblUs{Frame6.inside(), "LblUs", "1"};
   Button CmdU{Frame6.inside(), "CmdU", "Установить"};
-
-  // The channels of the settings windows' right press.
-  PopupMenu MnuSet{place, "MnuSet"};
-  ControlArray<MenuItem> ch{1, kChannels, [this](auto& items, int i) {
-                              items.emplace_back(MnuSet, "ch", "Канал " + std::to_string(i), i);
-                            }};
 };
 
 }  // namespace evac

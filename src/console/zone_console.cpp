@@ -32,116 +32,75 @@ void step_down(Button& button, int most) {
 }  // namespace
 
 void ZoneConsole::PaintZoneChannels() {
-  for (auto& button : tab_.CmdCh) SetChannelColor(paint_, button, shown(button));
+  for (auto& button : doors_.tab.CmdCh) SetChannelColor(doors_.paint, button, shown(button));
 }
 
 void ZoneConsole::InitZoneRows() {
   for (int z = 1; z <= kZones; ++z) {
-    tab_.CmdVol[z].set_caption(std::to_string(kFirstVolume));
-    tab_.CmdCh[z].set_caption("1");
-    tab_.CmdAZ[z].set_caption(std::to_string(z));
-    tab_.CmdAZ[z].set_tool_tip(kSwitchTip);
-    tab_.CmdCh[z].set_tool_tip(kStepTip);
-    tab_.CmdVol[z].set_tool_tip(kStepTip);
+    doors_.tab.CmdVol[z].set_caption(std::to_string(kFirstVolume));
+    doors_.tab.CmdCh[z].set_caption("1");
+    doors_.tab.CmdAZ[z].set_caption(std::to_string(z));
+    doors_.tab.CmdAZ[z].set_tool_tip(kSwitchTip);
+    doors_.tab.CmdCh[z].set_tool_tip(kStepTip);
+    doors_.tab.CmdVol[z].set_tool_tip(kStepTip);
   }
 }
 
 void ZoneConsole::toggle(int z) {
-  zones_.ZoneOn[z] = !zones_.ZoneOn[z];
-  if (!zones_.ZoneOn[z]) {
-    tab_.CmdAZ[z].set_back_color(kMainBackground);
+  doors_.zones.ZoneOn[z] = !doors_.zones.ZoneOn[z];
+  if (!doors_.zones.ZoneOn[z]) {
+    doors_.tab.CmdAZ[z].set_back_color(kMainBackground);
     return;
   }
-  tab_.CmdAZ[z].set_back_color(tab_.CmdCh[z].back_color());
-  link_.SendZoneSet(shown(tab_.CmdCh[z]), shown(tab_.CmdVol[z]), z);
+  doors_.tab.CmdAZ[z].set_back_color(doors_.tab.CmdCh[z].back_color());
+  doors_.link.SendZoneSet(shown(doors_.tab.CmdCh[z]), shown(doors_.tab.CmdVol[z]), z);
 }
 
 void ZoneConsole::next_channel(int z) {
-  step_up(tab_.CmdCh[z], kChannels);
-  SetChannelColor(paint_, tab_.CmdCh[z], shown(tab_.CmdCh[z]));
+  step_up(doors_.tab.CmdCh[z], kChannels);
+  SetChannelColor(doors_.paint, doors_.tab.CmdCh[z], shown(doors_.tab.CmdCh[z]));
 }
 
 void ZoneConsole::previous_channel(int z, const MousePress& press) {
   if (!press.plain_right()) return;
-  step_down(tab_.CmdCh[z], kChannels);
-  SetChannelColor(paint_, tab_.CmdCh[z], shown(tab_.CmdCh[z]));
+  step_down(doors_.tab.CmdCh[z], kChannels);
+  SetChannelColor(doors_.paint, doors_.tab.CmdCh[z], shown(doors_.tab.CmdCh[z]));
 }
 
 void ZoneConsole::next_volume(int z) {
-  step_up(tab_.CmdVol[z], kMostVolume);
+  step_up(doors_.tab.CmdVol[z], kMostVolume);
 }
 
 void ZoneConsole::previous_volume(int z, const MousePress& press) {
-  if (press.plain_right()) step_down(tab_.CmdVol[z], kMostVolume);
+  if (press.plain_right()) step_down(doors_.tab.CmdVol[z], kMostVolume);
 }
 
 void ZoneConsole::send_all() {
   for (int z = 1; z <= kZones; ++z) {
-    tab_.CmdCh[z].set_back_color(kMainBackground);
-    const int channel = zones_.ZoneChan[z];
-    if (channel < 1 && zones_.ZoneVolScan[z] < 1) continue;
+    doors_.tab.CmdCh[z].set_back_color(kMainBackground);
+    const int channel = doors_.zones.ZoneChan[z];
+    if (channel < 1 && doors_.zones.ZoneVolScan[z] < 1) continue;
     // A channel of a damaged file has no slider to take a volume from.
-    if (channel < volumes_.first() || channel > volumes_.last()) continue;
-    tab_.CmdVol[z].set_caption(volumes_[channel].caption());
+    if (channel < doors_.volumes.first() || channel > doors_.volumes.last()) continue;
+    doors_.tab.CmdVol[z].set_caption(doors_.volumes[channel].caption());
     show_channel(z, channel);
-    link_.SendZoneSet(channel, shown(volumes_[channel]), z);
+    doors_.link.SendZoneSet(channel, shown(doors_.volumes[channel]), z);
   }
 }
 
 void ZoneConsole::show_channel(int z, int channel) {
-  tab_.CmdCh[z].set_caption(std::to_string(channel));
-  SetChannelColor(paint_, tab_.CmdCh[z], channel);
-  SetChannelColor(paint_, tab_.CmdAZ[z], channel);
+  doors_.tab.CmdCh[z].set_caption(std::to_string(channel));
+  SetChannelColor(doors_.paint, doors_.tab.CmdCh[z], channel);
+  SetChannelColor(doors_.paint, doors_.tab.CmdAZ[z], channel);
 }
 
 void ZoneConsole::take_volumes(const ControlArray<Label>& volumes) {
   for (int z = 1; z <= kZones; ++z) {
-    const int channel = shown(tab_.CmdCh[z]);
+    const int channel = shown(doors_.tab.CmdCh[z]);
     if (channel < volumes.first() || channel > volumes.last()) continue;
-    tab_.CmdVol[z].set_caption(volumes[channel].caption());
-    SetChannelColor(paint_, tab_.CmdCh[z], channel);
+    doors_.tab.CmdVol[z].set_caption(volumes[channel].caption());
+    SetChannelColor(doors_.paint, doors_.tab.CmdCh[z], channel);
   }
-}
-
-void ZoneConsole::toggle_all() {
-  toggle_group(zones_.AllZonesOn, alarm_tab_.CmdAG, [](int channel) { return channel > 0; });
-}
-
-void ZoneConsole::toggle_chosen() {
-  toggle_group(zones_.ChosenZonesOn, alarm_tab_.CmdTG,
-               [this](int channel) { return channel == sources_.ch_computer; });
-}
-
-template <class Chosen>
-void ZoneConsole::toggle_group(bool& on, Button& button, Chosen chosen) {
-  if (on) {
-    on = false;
-    button.set_back_color(paint_.ColorButtonFace);
-    lamps_.all_idle();
-    link_.SendAllStop();
-    return;
-  }
-  if (!computer_ready()) return;
-  on = true;
-  button.set_back_color(Color::kOn);
-  for (int z = 1; z <= kZones; ++z) {
-    if (!chosen(zones_.ZoneChan[z])) continue;
-    lamps_.alerted(z);
-    link_.SendZoneSet(sources_.ch_computer, sources_.vol_computer, z);
-    link_.SendZoneSet(sources_.ch_computer, sources_.vol_computer, z);
-  }
-}
-
-bool ZoneConsole::computer_ready() {
-  if (Val(settings_.SettingsLine[kBlockSource]) == 0)
-    boxes_.message("В настройках оповещения не выбран компьютер");
-  else if (sources_.ch_computer == 0)
-    boxes_.message("В настройках оборудования не выбран компьютер");
-  else if (sources_.vol_computer == 0)
-    boxes_.message(join("Уровень звука в ", int{sources_.ch_computer}, " канале =0"));
-  else
-    return true;
-  return false;
 }
 
 }  // namespace evac

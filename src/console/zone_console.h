@@ -1,32 +1,23 @@
-// The zone rows of the tab "Зоны", and the two group buttons of the alarm panel. A row's captions are its
-// working state. The controller is told of a row's channel and volume only when the zone is switched on; no
-// frame switches a single zone off.
+// The zone rows of the tab "Зоны". A row's captions are its working state. The controller is told of a row's
+// channel and volume only when the zone is switched on; no frame switches a single zone off.
 #pragma once
 
-#include "alert/zone_lamps.h"
 #include "console/channel_colors.h"
 #include "console/zones_tab.h"
 #include "link/link.h"
-#include "platform/machine.h"
 
 namespace evac {
 
 class ZoneConsole {
  public:
-  // `volumes`: the captions of the channels' sliders.
-  ZoneConsole(ZoneState& zones, const SourceState& sources, const SettingsState& settings, PaintState& paint,
-              ZonesTab& tab, AlarmTab& alarm_tab, ZoneLamps& lamps, const ControlArray<Label>& volumes,
-              Link& link, Boxes& boxes)
-      : zones_(zones),
-        sources_(sources),
-        settings_(settings),
-        paint_(paint),
-        tab_(tab),
-        alarm_tab_(alarm_tab),
-        lamps_(lamps),
-        volumes_(volumes),
-        link_(link),
-        boxes_(boxes) {}
+  struct Doors {
+    ZoneState& zones;
+    PaintState& paint;
+    ZonesTab& tab;
+    const ControlArray<Label>& volumes;  // the captions of the channels' sliders
+    Link& link;
+  };
+  explicit ZoneConsole(const Doors& doors) : doors_(doors) {}
 
   // The rows at start.
   void PaintZoneChannels();
@@ -44,27 +35,11 @@ class ZoneConsole {
   void send_all();
   // CmdGr2 and CmdGrK: each row takes its channel's volume from these labels.
   void take_volumes(const ControlArray<Label>& volumes);
-  // CmdAG: all zones that have a channel get the computer's, or everything is stopped.
-  void toggle_all();
-  // CmdTG: the same for the zones on the computer's channel.
-  void toggle_chosen();
 
  private:
   void show_channel(int z, int channel);
-  bool computer_ready();
-  template <class Chosen>
-  void toggle_group(bool& on, Button& button, Chosen chosen);
 
-  ZoneState& zones_;
-  const SourceState& sources_;
-  const SettingsState& settings_;
-  PaintState& paint_;
-  ZonesTab& tab_;
-  AlarmTab& alarm_tab_;
-  ZoneLamps& lamps_;
-  const ControlArray<Label>& volumes_;
-  Link& link_;
-  Boxes& boxes_;
+  const Doors doors_;
 };
 
 }  // namespace evac

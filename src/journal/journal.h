@@ -15,8 +15,13 @@ namespace evac {
 
 class Journal {
  public:
-  Journal(CalendarState& calendar, const SettingsState& settings, EventLoop& loop, Files& files)
-      : calendar_(calendar), settings_(settings), loop_(loop), files_(files) {}
+  struct Doors {
+    CalendarState& calendar;
+    const SettingsState& settings;
+    EventLoop& loop;
+    Files& files;
+  };
+  explicit Journal(const Doors& doors) : doors_(doors) {}
 
   // Writes the present time and the text; before the first entry of a day in this run, the day's header.
   void JournalLine(std::string_view text);
@@ -27,13 +32,7 @@ class Journal {
  private:
   void append(const std::string& path, const std::string& line);
 
-  CalendarState& calendar_;
-  const SettingsState& settings_;
-  EventLoop& loop_;
-  Files& files_;
+  const Doors doors_;
 };
-
-// "ПОНЕДЕЛЬНИК 5 Января 2026 года ", the form of the journal's header and of the clock line.
-std::string long_date_text(const CalendarState& calendar, Date date);
 
 }  // namespace evac

@@ -19,7 +19,6 @@ constexpr std::uint8_t kLinkBit = 0x01, kProgrammeBit = 0x02;
 constexpr std::uint8_t kNoLink = 0xFF, kLinkLost = 0x01, kStatusCMark = 0x69;
 
 constexpr int kLineLife = 30;  // frames after which the line of polling text is cleared
-constexpr std::string_view kChannelData = "Данные каналов";
 
 enum LinkReport : std::uint8_t { kLinkDown = 1, kLinkUp = 2 };
 enum ProgrammeReport : std::uint8_t { kSuspended = 1, kRunning = 2 };
@@ -39,6 +38,7 @@ void Dispatcher::dispatch() {
     case kRepPoll:
       report_status(frame[3]);
       if (frame[3] & kProgrammeBit) doors_.strip.Picture2.print("Опрос оборудования");
+      doors_.state.last_poll = doors_.loop.now();
       doors_.wait.poll_came();
       break;
     case kRepStatusA:
@@ -60,7 +60,7 @@ void Dispatcher::dispatch() {
     default:
       doors_.wait.data_came();
   }
-  if (doors_.state.link_mode_text == kChannelData && ++doors_.state.status_line_count >= kLineLife) {
+  if (++doors_.state.status_line_count >= kLineLife) {
     doors_.strip.Picture2.clear();
     doors_.state.status_line_count = 0;
   }
@@ -68,7 +68,7 @@ void Dispatcher::dispatch() {
 
 void Dispatcher::show_link(bool up) {
   doors_.strip.LblCon.set_caption(up ? "Соединение установленно" : "Соединение не установленно");
-  doors_.strip.PctD1.set_picture(up ? doors_.stores.PctD3 : doors_.stores.PctD2);
+  doors_.strip.PctD1.set_picture(up ? picture::kYes : picture::kNo);
 }
 
 void Dispatcher::report_link(bool up) {
@@ -78,7 +78,7 @@ void Dispatcher::report_link(bool up) {
 
 void Dispatcher::report_programme(bool running) {
   doors_.strip.LblSs.set_caption(running ? "Программа в работе" : "Программа приостановленна");
-  doors_.strip.PctD0.set_picture(running ? doors_.stores.PctD3 : doors_.stores.PctD4);
+  doors_.strip.PctD0.set_picture(running ? picture::kYes : picture::kPause);
   doors_.state.prog_state = running ? kRunning : kSuspended;
 }
 

@@ -18,7 +18,6 @@ class Dispatcher {
     Link& link;
     const EventLoop& loop;
     HeaderStrip& strip;
-    const PictureStores& stores;
   };
   explicit Dispatcher(const Doors& doors) : doors_(doors) {}
 

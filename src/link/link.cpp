@@ -107,10 +107,12 @@ void Link::SendMatrix(const std::array<std::uint8_t, 4>& pairs) {
 }
 
 void Link::SendAllStop() {
+  doors_.state.alarm_zones_on = false;
   send(doors_.state.h_buf, kAllStop.command, kAllStop.data);
 }
 
 void Link::SendAlertStart() {
+  doors_.state.alarm_zones_on = true;
   for (const auto& frame : kAlertStart) send(doors_.state.h_buf, frame.command, frame.data);
 }
 
@@ -119,6 +121,7 @@ void Link::SendSeqPower(int code, int mask) {
 }
 
 void Link::SendAlarm9(bool on) {
+  if (!on) doors_.state.alarm_zones_on = false;
   send(doors_.state.t_buf, kCmdAlarm9, {0, on ? kPowerOn : kPowerOff, 0, 0, 0});
 }
 

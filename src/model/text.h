@@ -18,8 +18,8 @@ std::string Mid(std::string_view text, int start, int count);
 int InStr(std::string_view text, std::string_view part);
 // The text without blanks at both ends (other white space stays).
 std::string Trim(std::string_view text);
-// Value of the leading number: blanks and tabs before it are passed over, a sign and a fraction are taken. 0 when
-// there is none, infinity when it is beyond all bounds.
+// Value of the leading number: blanks and tabs before it are passed over, a sign and a fraction are taken. 0
+// when there is none, infinity when it is beyond all bounds.
 double Val(std::string_view text);
 // Val rounded to the nearest whole number, ties to even; an overflow fault outside 32 bits.
 int Number(std::string_view text);

@@ -1,8 +1,9 @@
 #include "model/time.h"
 
-#include <array>
 #include <cstdio>
 #include <cstdlib>
+
+#include "model/text.h"
 
 namespace evac {
 namespace {
@@ -55,6 +56,11 @@ std::string short_date_text(Date date) {
   char text[48];
   std::snprintf(text, sizeof text, "%02d.%02d.%04d", day_number(date), month_number(date), year_number(date));
   return text;
+}
+
+std::string long_date_text(Date date) {
+  return join(WeekDayName[static_cast<std::size_t>(weekday_number(date))], " ", day_number(date), " ",
+              MonthName[static_cast<std::size_t>(month_number(date))], " ", year_number(date), " года ");
 }
 
 std::string medium_date_text(Date date) {

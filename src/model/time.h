@@ -2,8 +2,10 @@
 // the local calendar and clock and may jump. Times of day are whole seconds after midnight.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <string>
+#include <string_view>
 
 namespace evac {
 
@@ -19,6 +21,13 @@ using WallTime = std::chrono::local_time<std::chrono::milliseconds>;
 using Date = std::chrono::year_month_day;
 
 inline constexpr int kSecondsPerDay = 86400;
+
+// Index 0 holds "0", so that 1 is January and 1 is Monday.
+inline constexpr std::array<std::string_view, 13> MonthName = {
+    "0",    "Января",  "Февраля",  "Марта",   "Апреля", "Мая",    "Июня",
+    "Июля", "Августа", "Сентября", "Октября", "Ноября", "Декабря"};
+inline constexpr std::array<std::string_view, 8> WeekDayName = {
+    "0", "ПОНЕДЕЛЬНИК", "ВТОРНИК", "СРЕДА", "ЧЕТВЕРГ", "ПЯТНИЦА", "СУББОТА", "ВОСКРЕСЕНЬЕ"};
 
 Date date_of(WallTime time);
 // Whole seconds since midnight, cut down: 0..86399.
@@ -37,6 +46,8 @@ std::string time_text(int second_of_day);
 std::string time_left_text(int seconds);
 // "22.11.2026".
 std::string short_date_text(Date date);
+// "ПОНЕДЕЛЬНИК 5 Января 2026 года ", the form of the journal's header and of the clock line.
+std::string long_date_text(Date date);
 // "22-ноя-26", the platform's "Medium Date".
 std::string medium_date_text(Date date);
 

@@ -33,9 +33,9 @@ class ControlView {
 struct Place {
   Form* form = nullptr;
   const char* section = "";
-  Frame* frame = nullptr;
+  const Frame* frame = nullptr;
 
-  Place in(Frame& inner) const { return {form, section, &inner}; }
+  Place in(const Frame& inner) const { return {form, section, &inner}; }
 };
 
 struct MousePress {
@@ -84,7 +84,7 @@ class Control {
   std::string full_name() const;
   Form& form() const { return *place_.form; }
   std::string_view section() const { return place_.section; }
-  Frame* frame() const { return place_.frame; }
+  const Frame* frame() const { return place_.frame; }
 
   const std::string& caption() const { return caption_; }
   Color back_color() const { return back_color_; }
@@ -101,8 +101,6 @@ class Control {
   virtual void set_enabled(bool on) { assign(enabled_, on); }
   void set_visible(bool on) { assign(visible_, on); }
   void set_picture(std::string_view picture) { assign(picture_, picture); }
-  // Takes the picture that the store shows.
-  void set_picture(const Control& store) { set_picture(store.picture()); }
   void set_left(int left) { assign(left_, left); }
   void set_focus() {
     if (view_) view_->focus_wanted(*this);

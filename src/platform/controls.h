@@ -16,6 +16,7 @@
 #include "model/time.h"
 #include "platform/control.h"
 #include "platform/event_loop.h"
+#include "platform/pictures.h"
 
 namespace evac {
 
@@ -319,7 +320,7 @@ class PopupMenu : public Control {
 class Timer : public Control {
  public:
   // `interval` in milliseconds; a timer starts disabled.
-  Timer(const Place& place, std::string_view name, int interval = 0);
+  Timer(const Place& place, std::string_view name, int interval);
   ~Timer() override;
   int interval() const { return interval_; }
   void set_interval(int interval) { assign(interval_, interval); }
@@ -350,9 +351,8 @@ class ControlArray {
     for (auto caption : captions) items_.emplace_back(place, name, caption, index++);
   }
   // Each made by `make(items, index)`, which puts one control at the end.
-  template <class Make>
-  requires std::invocable < Make, std::deque<T>
-  &, int > ControlArray(int first, int count, Make make) : first_(first) {
+  template <std::invocable<std::deque<T>&, int> Make>
+  ControlArray(int first, int count, Make make) : first_(first) {
     for (int i = first; i < first + count; ++i) make(items_, i);
   }
 

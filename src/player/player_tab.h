@@ -14,8 +14,8 @@ struct PlayerTab {
   Label LblUP{Frame9.inside(), "LblUP", "mp3-player"};
   Frame Frame7_1{place, "Frame7", "Информация о исполнителе", 1};
 
-  Timer Tmr1{place, "Tmr1"};
-  Timer Tmr2{place, "Tmr2"};
+  Timer Tmr1{place, "Tmr1", 500};
+  Timer Tmr2{place, "Tmr2", 1000};
 };
 
 }  // namespace evac

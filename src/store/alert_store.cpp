@@ -28,24 +28,27 @@ constexpr std::string_view kPrintWriteFault = "Ошибка записи f_alg "
 }  // namespace
 
 void AlertStore::LoadSettings() {
-  RecordFile file(files_, settings_.data_path(kSettingsFile), kSettingsRecordLength);
+  RecordFile file(doors_.files, doors_.settings.data_path(kSettingsFile), kSettingsRecordLength);
   if (const int error = file.load()) {
-    boxes_.message(join(kSettingsReadFault, error));
+    doors_.boxes.message(join(kSettingsReadFault, error));
     return;
   }
-  for (int i = 0; i < kSettingsLines; ++i) settings_.SettingsLine[i] = file.text(i + kFirstSettingsRecord);
+  for (int i = 0; i < kSettingsLines; ++i)
+    doors_.settings.SettingsLine[i] = file.text(i + kFirstSettingsRecord);
 }
 
 void AlertStore::SaveSettings() {
-  RecordFile file(files_, settings_.data_path(kSettingsFile), kSettingsRecordLength);
-  for (int i = 0; i < kSettingsLines; ++i) file.put(i + kFirstSettingsRecord, settings_.SettingsLine[i]);
-  if (const int error = file.save()) boxes_.message(join(kSettingsWriteFault, error));
+  RecordFile file(doors_.files, doors_.settings.data_path(kSettingsFile), kSettingsRecordLength);
+  for (int i = 0; i < kSettingsLines; ++i)
+    file.put(i + kFirstSettingsRecord, doors_.settings.SettingsLine[i]);
+  if (const int error = file.save()) doors_.boxes.message(join(kSettingsWriteFault, error));
 }
 
 void AlertStore::LoadAlgorithms() {
-  auto& table = algorithms_.AlgZoneTable;
+  ++doors_.algorithms.edition;
+  auto& table = doors_.algorithms.AlgZoneTable;
   for (auto& steps : table) steps.fill({});
-  RecordFile file(files_, settings_.data_path(kAlgorithmFile), kAlgorithmRecordLength);
+  RecordFile file(doors_.files, doors_.settings.data_path(kAlgorithmFile), kAlgorithmRecordLength);
   int error = file.load();
   int current = 1, step = 0;
   for (int r = 1; error == kNoError && r <= file.count(); ++r) {
@@ -59,11 +62,11 @@ void AlertStore::LoadAlgorithms() {
     else
       table[number][step] = file.text(r);
   }
-  if (error) boxes_.message(join(kAlgorithmReadFault, error));
+  if (error) doors_.boxes.message(join(kAlgorithmReadFault, error));
 }
 
 void AlertStore::SaveAlgorithms(const AlgorithmLines& lines) {
-  RecordFile file(files_, settings_.data_path(kAlgorithmFile), kAlgorithmRecordLength);
+  RecordFile file(doors_.files, doors_.settings.data_path(kAlgorithmFile), kAlgorithmRecordLength);
   int error = kNoError;
   for (const auto& steps : lines) {
     if (steps.size() > kAlgorithmSteps) error = kFileSubscript;
@@ -71,18 +74,19 @@ void AlertStore::SaveAlgorithms(const AlgorithmLines& lines) {
   }
   if (error == kNoError) error = file.save();
   if (error) {
-    boxes_.message(join(kAlgorithmWriteFault, error));
+    doors_.boxes.message(join(kAlgorithmWriteFault, error));
     return;
   }
+  ++doors_.algorithms.edition;
   for (int n = 1; n <= kZones; ++n)
     for (std::size_t i = 0; i < lines[n].size(); ++i)
-      algorithms_.AlgZoneTable[n][static_cast<int>(i) + 1] = lines[n][i];
+      doors_.algorithms.AlgZoneTable[n][static_cast<int>(i) + 1] = lines[n][i];
 }
 
 std::vector<std::string> AlertStore::PrintAlgorithms() {
   std::vector<std::string> lines;
   for (int n = 1; n <= kZones; ++n) {
-    const auto& steps = algorithms_.AlgZoneTable[n];
+    const auto& steps = doors_.algorithms.AlgZoneTable[n];
     if (steps[1].empty()) continue;
     lines.push_back(join("Алгоритм № ", n));
     for (const auto& step : steps) {
@@ -97,12 +101,13 @@ std::vector<std::string> AlertStore::PrintAlgorithms() {
   }
   std::string bytes;
   for (const auto& line : lines) bytes += to_code_page(line) + "\r\n";
-  if (const int error = files_.replace(print_path(), bytes)) boxes_.message(join(kPrintWriteFault, error));
+  if (const int error = doors_.files.replace(print_path(), bytes))
+    doors_.boxes.message(join(kPrintWriteFault, error));
   return lines;
 }
 
 std::string AlertStore::print_path() const {
-  return settings_.data_path(kPrintFile);
+  return doors_.settings.data_path(kPrintFile);
 }
 
 int scan_period(const SettingsState& settings) {

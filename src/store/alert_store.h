@@ -16,8 +16,13 @@ class AlertStore {
   // The steps of each algorithm, in their order.
   using AlgorithmLines = BoundedArray<std::vector<std::string>, 1, kZones>;
 
-  AlertStore(SettingsState& settings, AlgorithmState& algorithms, Files& files, Boxes& boxes)
-      : settings_(settings), algorithms_(algorithms), files_(files), boxes_(boxes) {}
+  struct Doors {
+    SettingsState& settings;
+    AlgorithmState& algorithms;
+    Files& files;
+    Boxes& boxes;
+  };
+  explicit AlertStore(const Doors& doors) : doors_(doors) {}
 
   // Fills every settings line; one that was never written becomes empty. A file that can't be read leaves the
   // lines as they were.
@@ -37,10 +42,7 @@ class AlertStore {
   std::string print_path() const;
 
  private:
-  SettingsState& settings_;
-  AlgorithmState& algorithms_;
-  Files& files_;
-  Boxes& boxes_;
+  const Doors doors_;
 };
 
 // Hours and minutes between two automatic scans, as seconds of a day: 0..86399.

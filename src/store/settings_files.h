@@ -1,6 +1,6 @@
 // The files of the settings windows, as texts by place: F_ust.dat (equipment), F_ustZ.dat (zones),
-// F_ustT<n>.dat (terminals of preset n), F_name_z.dat and F_name_t.dat (names). What the texts mean is told by
-// the rooms. A missing file is created empty. Writers return the file's error number.
+// F_ustT<n>.dat (terminals of preset n), F_name_z.dat and F_name_t.dat (names). What the texts mean is told
+// by the rooms. A missing file is created empty. Writers return the file's error number.
 #pragma once
 
 #include <array>

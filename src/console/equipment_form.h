@@ -46,11 +46,11 @@ struct Form22 : Form {
   // Digital-input cards: an indicator each, and the two pictures that they take.
   Frame Frame3{place(), "Frame3", "Контроллеры"};
   Label LblK1{Frame3.inside(), "LblK1", "с 1 по 64"};
-  Picture PctD1{Frame3.inside(), "PctD1", "PctD2"};
+  Picture PctD1{Frame3.inside(), "PctD1", picture::kNo};
   Label LblK2{Frame3.inside(), "LblK2", "с 65 по 120"};
-  Picture PctD2{Frame3.inside(), "PctD2", "PctD2"};
-  Picture PctD{Frame3.inside(), "PctD", "PctD2"};    // no card
-  Picture PctD3{Frame3.inside(), "PctD3", "PctD3"};  // card there
+  Picture PctD2{Frame3.inside(), "PctD2", picture::kNo};
+  Picture PctD{Frame3.inside(), "PctD", picture::kNo};     // no card
+  Picture PctD3{Frame3.inside(), "PctD3", picture::kYes};  // card there
 
   Button Command1{place(), "Command1", "Сохранить"};
   Button Command2{place(), "Command2", "Выход"};
