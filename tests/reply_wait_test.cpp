@@ -25,7 +25,6 @@ class Waits : public testing::Test {
     link.frame_received = [this] { dispatcher.dispatch(); };
     wait.answer = [this] { dispatcher.answer_poll(); };
     strip.Timer1.tick = [this] { wait.tick(); };
-    strip.Timer1.set_interval(20);
     strip.Timer1.set_enabled(true);
     state.poll_answer_state = 2;  // calendar and clock are set
     machine.trace = [this](const std::string& line) { note(line); };
@@ -69,12 +68,10 @@ class Waits : public testing::Test {
   Windows windows{machine.loop(), machine};
   Form form{windows, "Form1", ""};
   HeaderStrip strip{form};
-  PictureStores stores{form};
   LinkState state;
   Link link{{.state = state, .port = machine.machine().port}};
   ReplyWait wait;
-  Dispatcher dispatcher{
-      {.state = state, .wait = wait, .link = link, .loop = machine.loop(), .strip = strip, .stores = stores}};
+  Dispatcher dispatcher{{.state = state, .wait = wait, .link = link, .loop = machine.loop(), .strip = strip}};
   Instant start{};
   std::string log;
   std::uintptr_t highest = 0, lowest = UINTPTR_MAX;
