@@ -190,7 +190,12 @@ Console::Console(const Machine& machine)
               .block = block_alert_,
               .algorithm = algorithm_run_,
               .cards = machine.cards,
-              .loop = machine.loop}) {
+              .loop = machine.loop}),
+      fire_waiting_({.watch = watch_,
+                     .alert = model_.alert,
+                     .settings = model_.settings,
+                     .link = model_.link,
+                     .port = machine.port}) {
   wire_link();
   wire_menu();
   wire_console();

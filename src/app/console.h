@@ -4,6 +4,7 @@
 
 #include "alert/alert_engine.h"
 #include "alert/alert_settings.h"
+#include "alert/fire_waiting.h"
 #include "alert/manual_alert.h"
 #include "alert/watch.h"
 #include "alert/zone_groups.h"
@@ -41,6 +42,7 @@ class Console {
   SystemModel& model() { return model_; }
   Journal& journal() { return journal_; }
   Watch& watch() { return watch_; }
+  const FireWaiting& fire_waiting() const { return fire_waiting_; }
 
  private:
   // The handlers of each wing, in a file of its own.
@@ -96,6 +98,7 @@ class Console {
   AlertEngine alert_engine_;
   ManualAlert manual_alert_;
   Watch watch_;
+  FireWaiting fire_waiting_;
 };
 
 }  // namespace evac
