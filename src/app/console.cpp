@@ -15,6 +15,27 @@ Console::Console(const Machine& machine)
       link_(model_.link, machine.port),
       dispatcher_(model_.link, link_, machine.loop, forms_.form1),
       clock_line_({.strip = forms_.form1, .loop = machine.loop}),
+      cd_deck_({.kind = kCdDeck,
+                .track = model_.sources.cd_track,
+                .out_channel = model_.sources.cd_out_channel,
+                .buttons = forms_.form1.CmdCD,
+                .text = forms_.form1.LblCD,
+                .terminals_tab = forms_.form1,
+                .paint = model_.paint,
+                .link = link_}),
+      mp3_deck_({.kind = kMp3Deck,
+                 .track = model_.sources.mp3_track,
+                 .out_channel = model_.sources.mp3_out_channel,
+                 .buttons = forms_.form1.CmdMP3,
+                 .text = forms_.form1.LblMP3,
+                 .terminals_tab = forms_.form1,
+                 .paint = model_.paint,
+                 .link = link_}),
+      tuner_({.sources = model_.sources,
+              .tab = forms_.form1,
+              .terminals_tab = forms_.form1,
+              .paint = model_.paint,
+              .link = link_}),
       audio_matrix_({.sources = model_.sources, .tab = forms_.form1, .link = link_}),
       equipment_({.sources = model_.sources,
                   .power = model_.power,
@@ -171,6 +192,7 @@ Console::Console(const Machine& machine)
   wire_menu();
   wire_console();
   wire_console_settings();
+  wire_sources();
   wire_alert();
   wire_alert_settings();
 }
