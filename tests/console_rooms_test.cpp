@@ -197,6 +197,42 @@ TEST_F(ConsoleRooms, TheHundredthTrackOrPresetIsCountedButNeitherSentNorShown) {
   }
 }
 
+TEST_F(ConsoleRooms, EachOutletIsAskedAboutByItsNumberAndOnlyTheFirstSequencerHasATitleOfItsOwn) {
+  Form1& form1 = start();
+  std::vector<std::string> asked;
+  machine.trace = [&](const std::string& line) {
+    if (line.starts_with("box ")) asked.push_back(line);
+  };
+  const auto box = [](const std::string& text, const std::string& title) {
+    return "box \"" + text + "\" \"" + title + "\" yesno -> no";
+  };
+  for (int n = 1; n <= kSequencers; ++n) {
+    const int i = n - 1;
+    form1.CmdTW(n)[i].click();
+    form1.CmdTW(n)[i].click();
+    EXPECT_EQ(asked.back(), box("Действительно выключить канал " + std::to_string(i + 1),
+                                n == 1 ? "Power off" : "Power OFF"));
+  }
+  console->model().power.alarm9_on = true;
+  form1.CmdTW9.click();
+  EXPECT_EQ(asked.back(), box("Действительно выключить аварийные каналы 9 и 10", "Power OFF"));
+  form1.CmdTW10.click();
+  EXPECT_EQ(asked.back(), box("Включить аварийный канал 10", "Power ON"));
+  EXPECT_EQ(machine.sent().size(), 8u);
+}
+
+TEST_F(ConsoleRooms, ADamagedMaskBringsUpNoOutletThatIsNotThere) {
+  EquipmentRecords equipment;
+  equipment.outlets[0] = "-128";
+  equipment.outlets[7] = "65408";
+  ASSERT_EQ(write_equipment(machine.files(), settings, equipment), kNoError);
+  Form1& form1 = start();
+  machine.run_for(std::chrono::seconds(34));
+  ASSERT_EQ(machine.sent().size(), 2u);
+  EXPECT_EQ(machine.sent()[1], (Frame9{0xAA, 0xAA, 7, 7, 1, 0xEE, 0, 0, 0xFD}));
+  EXPECT_FALSE(form1.Timer13.enabled());
+}
+
 TEST_F(ConsoleRooms, FilesDamagedAtRandomLoadAndCanBeWorkedWith) {
   write_zones("4");
   write_computer("25");

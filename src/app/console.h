@@ -7,10 +7,12 @@
 #include "alert/manual_alert.h"
 #include "alert/zone_groups.h"
 #include "app/forms.h"
+#include "console/alarm_channels.h"
 #include "console/audio_matrix.h"
 #include "console/deck.h"
 #include "console/equipment_settings.h"
 #include "console/name_list.h"
+#include "console/sequencers.h"
 #include "console/terminal_console.h"
 #include "console/terminal_settings.h"
 #include "console/tuner.h"
@@ -74,6 +76,8 @@ class Console {
   Deck cd_deck_, mp3_deck_;
   Tuner tuner_;
   AudioMatrix audio_matrix_;
+  Sequencers sequencers_;
+  AlarmChannels alarm_channels_;
   EquipmentSettings equipment_;
   NameList zone_names_, terminal_names_;
   ZoneSettings zone_settings_;

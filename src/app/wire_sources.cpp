@@ -1,4 +1,4 @@
-// The wing of the sound sources.
+// The wing of the sound sources and of power.
 #include "app/console.h"
 
 namespace evac {
@@ -12,6 +12,12 @@ void Console::wire_sources() {
   form1.CmdMP3.on_click([this](int i) { mp3_deck_.press(i); });
   form1.CmdT.on_click([this](int i) { tuner_.press(i); });
   form1.SourcesTab::Opt1.on_click([this](int k) { audio_matrix_.choose(k); });
+
+  for (int n = 1; n <= kSequencers; ++n)
+    form1.CmdTW(n).on_click([this, n](int i) { sequencers_.toggle(n, i); });
+  form1.CmdTW9.click = [this] { alarm_channels_.toggle_both(); };
+  form1.CmdTW10.click = [this] { alarm_channels_.toggle_10(); };
+  form1.Timer13.tick = [this] { sequencers_.replay(); };
 }
 
 }  // namespace evac
