@@ -9,11 +9,15 @@
 #include "alert/watch.h"
 #include "alert/zone_groups.h"
 #include "app/forms.h"
+#include "console/alarm_channels.h"
 #include "console/audio_matrix.h"
+#include "console/deck.h"
 #include "console/equipment_settings.h"
 #include "console/name_list.h"
+#include "console/sequencers.h"
 #include "console/terminal_console.h"
 #include "console/terminal_settings.h"
+#include "console/tuner.h"
 #include "console/zone_console.h"
 #include "console/zone_settings.h"
 #include "journal/journal.h"
@@ -50,6 +54,7 @@ class Console {
   void wire_menu();
   void wire_console();
   void wire_console_settings();
+  void wire_sources();
   void wire_alert();
   void wire_alert_settings();
   // The one place where a settings window is asked for; what guards it stands here.
@@ -74,7 +79,11 @@ class Console {
   ReplyWait reply_wait_;
   Dispatcher dispatcher_;
   ClockLine clock_line_;
+  Deck cd_deck_, mp3_deck_;
+  Tuner tuner_;
   AudioMatrix audio_matrix_;
+  Sequencers sequencers_;
+  AlarmChannels alarm_channels_;
   EquipmentSettings equipment_;
   NameList zone_names_, terminal_names_;
   ZoneSettings zone_settings_;
