@@ -41,6 +41,7 @@ class Desktop : private QObject {
   SerialLine& line() { return line_; }
   Notices& notices() { return notices_; }
   WatchFeed& feed() { return feed_; }
+  Boxes& boxes() { return boxes_; }
   Files& files() { return files_; }
   EventLoop& loop() { return loop_; }
   // Null outside training mode.

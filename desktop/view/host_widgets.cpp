@@ -49,10 +49,15 @@ NoticesView::NoticesView(Notices& notices, QWidget* parent) : QWidget(parent), n
   show();
 }
 
+// Begins at its own place, and may take those behind it that are empty.
 QRect NoticesView::place_of(int subject) const {
-  int before = 0;
+  int before = 0, shares = 0;
   for (int i = 0; i < subject; ++i) before += kShares[i];
-  return {width() * before / kAllShares, 0, width() * kShares[subject] / kAllShares, height()};
+  for (int i = subject; i < Notices::kSubjects; ++i) {
+    if (i > subject && !notices_.message(static_cast<Notices::Subject>(i)).isEmpty()) break;
+    shares += kShares[i];
+  }
+  return {width() * before / kAllShares, 0, width() * shares / kAllShares, height()};
 }
 
 void NoticesView::paintEvent(QPaintEvent*) {

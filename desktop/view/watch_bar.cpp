@@ -78,14 +78,19 @@ WatchBar::Shown WatchBar::shown() const {
   Shown shown;
   if (!feed_.looking()) {
     shown.lines << QStringLiteral("Пуск: обнаружение ещё не включено");
-  } else if (feed_.lines().empty()) {
-    shown.lines << QStringLiteral("Обнаружение включено");
-  } else {
-    const qsizetype room = feed_.burning() ? 1 : kCalmLines;
-    for (const auto& line : feed_.lines())
-      if (shown.lines.size() < room) shown.lines << qt(line.text);
-    shown.rest = static_cast<int>(feed_.lines().size()) - static_cast<int>(shown.lines.size());
+    return shown;
   }
+  const auto& lines = feed_.lines();
+  // Notes alone do not keep the console from watching.
+  if (lines.empty() || lines.front().rank == WatchRank::kNote)
+    shown.lines << QStringLiteral("Обнаружение включено");
+  const qsizetype room = feed_.burning() ? 1 : kCalmLines;
+  shown.rest = static_cast<int>(lines.size());
+  for (const auto& line : lines)
+    if (shown.lines.size() < room) {
+      shown.lines << qt(line.text);
+      --shown.rest;
+    }
   return shown;
 }
 
