@@ -17,7 +17,7 @@ constexpr const char* kPreset = "C:\\F_ustT1.dat";
 std::vector<CellRecord> full_preset() {
   std::vector<CellRecord> cells;
   for (int t = 1; t <= kTerminals; ++t)
-    cells.push_back({std::to_string(t), std::to_string(t % kChannels + 1)});
+    cells.push_back({std::to_string(t), static_cast<std::int16_t>(t % kChannels + 1)});
   return cells;
 }
 
@@ -42,7 +42,7 @@ class Database {
  public:
   explicit Database(const std::filesystem::path& folder) {
     check(sqlite3_open((folder / "preset.db").c_str(), &db_));
-    run("CREATE TABLE IF NOT EXISTS cell(number INTEGER PRIMARY KEY, label TEXT, channel TEXT)");
+    run("CREATE TABLE IF NOT EXISTS cell(number INTEGER PRIMARY KEY, label TEXT, channel INTEGER)");
   }
   ~Database() { sqlite3_close(db_); }
   Database(const Database&) = delete;
@@ -51,7 +51,8 @@ class Database {
   std::vector<CellRecord> load() {
     std::vector<CellRecord> cells;
     sqlite3_stmt* rows = prepare("SELECT label, channel FROM cell ORDER BY number");
-    while (sqlite3_step(rows) == SQLITE_ROW) cells.push_back({text(rows, 0), text(rows, 1)});
+    while (sqlite3_step(rows) == SQLITE_ROW)
+      cells.push_back({text(rows, 0), static_cast<std::int16_t>(sqlite3_column_int(rows, 1))});
     check(sqlite3_finalize(rows));
     return cells;
   }
@@ -63,7 +64,7 @@ class Database {
     for (const auto& cell : cells) {
       sqlite3_bind_int(put, 1, ++number);
       sqlite3_bind_text(put, 2, cell.label.c_str(), -1, SQLITE_STATIC);
-      sqlite3_bind_text(put, 3, cell.channel.c_str(), -1, SQLITE_STATIC);
+      sqlite3_bind_int(put, 3, cell.channel);
       if (sqlite3_step(put) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(db_));
       check(sqlite3_reset(put));
     }

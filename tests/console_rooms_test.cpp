@@ -7,6 +7,7 @@
 
 #include "app/console.h"
 #include "drill/virtual_machine.h"
+#include "store/record_file.h"
 #include "tests/scratch.h"
 
 namespace evac {
@@ -26,14 +27,14 @@ class ConsoleRooms : public testing::Test {
     return console->form1();
   }
   // Every zone on that channel.
-  void write_zones(const std::string& channel) {
+  void write_zones(std::int16_t channel) {
     std::vector<CellRecord> zones(kZones);
     for (int z = 1; z <= kZones; ++z) zones[static_cast<std::size_t>(z - 1)] = {std::to_string(z), channel};
     ASSERT_EQ(write_cells(machine.files(), zone_file(settings), zones), kNoError);
   }
-  void write_computer(const std::string& volume) {
+  void write_computer(int volume) {
     EquipmentRecords records;
-    records.rows[4] = {"Компьютер", volume, "1"};
+    records.rows[4] = {"Компьютер", volume, 1};
     ASSERT_EQ(write_equipment(machine.files(), settings, records), kNoError);
   }
   std::string last_box() {
@@ -51,8 +52,8 @@ class ConsoleRooms : public testing::Test {
 };
 
 TEST_F(ConsoleRooms, TheGroupButtonsSwitchAllZonesTwiceEachAndStopEverything) {
-  write_zones("4");
-  write_computer("25");
+  write_zones(4);
+  write_computer(25);
   Form1& form1 = start();
   console->model().settings.SettingsLine[kBlockSource] = "1";
   console->model().zones.ZoneChan[2] = 0;
@@ -86,7 +87,7 @@ TEST_F(ConsoleRooms, TheGroupButtonsSwitchAllZonesTwiceEachAndStopEverything) {
 }
 
 TEST_F(ConsoleRooms, TheGroupButtonsRefuseInTheirOrder) {
-  write_computer("0");
+  write_computer(0);
   Form1& form1 = start();
   auto& model = console->model();
   model.sources.ch_computer = 0;
@@ -108,10 +109,10 @@ TEST_F(ConsoleRooms, TheGroupButtonsRefuseInTheirOrder) {
 }
 
 TEST_F(ConsoleRooms, AChannelThatIsNoneOfOursIsPassedOver) {
-  write_zones("7");
+  write_zones(7);
   std::vector<CellRecord> terminals(kTerminals);
-  terminals[0] = {"1", "9"};
-  terminals[1] = {"2", "3"};
+  terminals[0] = {"1", 9};
+  terminals[1] = {"2", 3};
   ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
   Form1& form1 = start();
   auto& model = console->model();
@@ -139,38 +140,44 @@ TEST_F(ConsoleRooms, AChannelThatIsNoneOfOursIsPassedOver) {
   EXPECT_EQ(last_box(), "Данному терминалу не назначен звуковой канал");
 }
 
-TEST_F(ConsoleRooms, ANumberThatDoesNotFitEndsTheReaderAndKeepsWhatWasRead) {
-  std::vector<CellRecord> terminals(kTerminals, {"9", "2"});
-  terminals[3].channel = "70000";
-  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
-  EquipmentRecords equipment;
-  equipment.rows[1] = {"Компьютер", "20", ""};
-  equipment.rows[2] = {"Тюнер", "99999", "1"};
-  equipment.rows[3] = {"mp3", "5", "1"};
-  equipment.port = "2";
-  equipment.outlets[0] = "255";
-  ASSERT_EQ(write_equipment(machine.files(), settings, equipment), kNoError);
-  start();
+TEST_F(ConsoleRooms, ADamagedNumberCostsNoOther) {
+  RecordFile preset(machine.files(), preset_file(settings, 1), 256);
+  for (int t = 1; t <= kTerminals; ++t) {
+    preset.put(t, "9");
+    preset.put(kTerminals + t, t == 4 ? "70000" : "2.9");
+  }
+  ASSERT_EQ(preset.save(), kNoError);
+  RecordFile equipment(machine.files(), settings.data_path("F_ust.dat"), 256);
+  const std::pair<int, const char*> records[] = {{2, "Компьютер"}, {22, "20.7"}, {3, "Тюнер"}, {23, "99999"},
+                                                 {33, "три"},      {4, "mp3"},   {24, "5"},    {34, "2"},
+                                                 {7, "2"},         {8, "-1"},    {9, "255"}};
+  for (const auto& [n, text] : records) equipment.put(n, text);
+  ASSERT_EQ(equipment.save(), kNoError);
+  Form1& form1 = start();
   auto& model = console->model();
 
+  // Of a channel that is none the number stays; no room takes it for a channel.
   EXPECT_EQ(model.terminals.TermChan[3], 2);
-  EXPECT_EQ(model.terminals.TermChan[4], 0);
-  EXPECT_EQ(model.terminals.TermChan[5], 0);
-  EXPECT_EQ(window("Form55").find("Lbl", 4)->tool_tip(), "ВКЛ");
-  EXPECT_EQ(window("Form55").find("Lbl", 5)->tool_tip(), "");
-  EXPECT_EQ(model.sources.ch_computer, 1);
+  EXPECT_EQ(model.terminals.TermChan[4], 32767);
+  EXPECT_EQ(model.terminals.TermChan[5], 2);
+  EXPECT_EQ(model.terminals.term_count, kTerminals);
+  // The damaged volume and output are as they were before any file; all behind them is read.
   EXPECT_EQ(model.sources.vol_computer, 20);
-  EXPECT_EQ(model.sources.ch_tuner, 0);
-  EXPECT_EQ(model.sources.ch_mp3, 0);
+  EXPECT_EQ(model.sources.ch_tuner, 2);
+  EXPECT_EQ(model.sources.vol_tuner, 0);
+  EXPECT_EQ(window("Form22").find("LblN", 2)->caption(), "1");
+  EXPECT_EQ(model.sources.ch_mp3, 3);
+  EXPECT_TRUE(form1.Opt_mp[1].value());
+  EXPECT_EQ(machine.machine().port.port(), 2);
   EXPECT_EQ(model.power.SeqSavedMask[1], 0);
-  EXPECT_EQ(machine.machine().port.port(), 1);
+  EXPECT_EQ(model.power.SeqSavedMask[2], 255);
   EXPECT_EQ(last_box(), "");
 }
 
 TEST_F(ConsoleRooms, FilesDamagedAtRandomLoadAndCanBeWorkedWith) {
-  write_zones("4");
-  write_computer("25");
-  std::vector<CellRecord> terminals(kTerminals, {"9", "2"});
+  write_zones(4);
+  write_computer(25);
+  std::vector<CellRecord> terminals(kTerminals, {"9", 2});
   ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
   ASSERT_EQ(write_names(machine.files(), terminal_names_file(settings), {"1\tA", "2\tB"}), kNoError);
   const std::string paths[] = {zone_file(settings), preset_file(settings, 1), settings.data_path("F_ust.dat"),

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "store/code_page.h"
-#include "store/record_number.h"
 #include "tests/cut_files.h"
 #include "tests/scratch.h"
 
@@ -42,12 +41,12 @@ TEST_F(SettingsFiles, EquipmentLiesAtItsPlaces) {
   for (int i = 0; i < kSourceRows; ++i) {
     auto& row = records.rows[static_cast<std::size_t>(i)];
     expected[1 + i] = row.source = i == 5 ? "Цифровой магн" : "Тюнер";
-    expected[21 + i] = row.volume = std::to_string(20 + i);
-    expected[31 + i] = row.output = std::to_string(i);
+    expected[21 + i] = std::to_string(*(row.volume = 20 + i));
+    expected[31 + i] = std::to_string(*(row.output = i));
   }
-  expected[7] = records.port = "2";
+  expected[7] = std::to_string(*(records.port = 2));
   for (int n = 1; n <= kSequencers; ++n)
-    expected[7 + n] = records.outlets[static_cast<std::size_t>(n - 1)] = std::to_string(30 * n);
+    expected[7 + n] = std::to_string(*(records.outlets[static_cast<std::size_t>(n - 1)] = 30 * n));
   ASSERT_EQ(write_equipment(files, settings, records), kNoError);
 
   const std::string bytes = bytes_of("C:\\ZEF_DAT\\F_ust.dat");
@@ -58,16 +57,16 @@ TEST_F(SettingsFiles, EquipmentLiesAtItsPlaces) {
   const auto back = read_equipment(files, settings);
   ASSERT_TRUE(back);
   EXPECT_EQ(back->rows[5].source, "Цифровой магн");
-  EXPECT_EQ(back->rows[5].output, "5");
-  EXPECT_EQ(back->outlets[7], "240");
+  EXPECT_EQ(back->rows[5].output, 5);
+  EXPECT_EQ(back->outlets[7], 240);
 }
 
 TEST_F(SettingsFiles, CellsAndNamesLieAtTheirPlaces) {
   EXPECT_EQ(zone_file(settings), "C:\\ZEF_DAT\\F_ustZ.dat");
   EXPECT_EQ(preset_file(settings, 7), "C:\\ZEF_DAT\\F_ustT7.dat");
   std::vector<CellRecord> cells(kTerminals);
-  cells[0] = {"1", "5"};
-  cells[254] = {"255", ""};
+  cells[0] = {"1", 5};
+  cells[254] = {"255", 0};
   ASSERT_EQ(write_cells(files, preset_file(settings, 7), cells), kNoError);
   const std::string bytes = bytes_of(preset_file(settings, 7));
   ASSERT_EQ(bytes.size(), 510u * 256);
@@ -108,20 +107,21 @@ TEST_F(SettingsFiles, ADamagedFileGivesWhatCanBeRead) {
   EXPECT_EQ(bytes_of(path).substr(0, 5), std::string("\x03\0\x98\xFF\x01", 5));
 
   // A zone file that ends among the channels has its labels; a missing one comes to be.
-  std::vector<CellRecord> zones(kZones, {"9", "2"});
+  std::vector<CellRecord> zones(kZones, {"9", 2});
   ASSERT_EQ(write_cells(files, zone_file(settings), zones), kNoError);
   ASSERT_EQ(files.replace(zone_file(settings), bytes_of(zone_file(settings)).substr(0, 121 * 256)), kNoError);
   const auto cut = read_cells(files, zone_file(settings), kZones);
   ASSERT_EQ(cut.size(), static_cast<std::size_t>(kZones));
-  EXPECT_EQ(cut[0].channel, "2");
-  EXPECT_EQ(cut[119].label + cut[119].channel, "9");
+  EXPECT_EQ(cut[0].channel, 2);
+  EXPECT_EQ(cut[119].label, "9");
+  EXPECT_EQ(cut[119].channel, 0);
   EXPECT_FALSE(read_equipment(files, settings));
   EXPECT_EQ(bytes_of("C:\\ZEF_DAT\\F_ust.dat"), "");
 }
 
 TEST_F(SettingsFiles, APresetCutOffInItsSaveIsTheOldOneOrTheNewOneWhole) {
   const std::string path = preset_file(settings, 1);
-  const std::vector<CellRecord> old_preset(kTerminals, {"1", "2"}), new_preset(kTerminals, {"33", "5"});
+  const std::vector<CellRecord> old_preset(kTerminals, {"1", 2}), new_preset(kTerminals, {"33", 5});
   for (int step = 1; step <= CutFiles::kSteps; ++step) {
     files.cut_at = 0;
     ASSERT_EQ(write_cells(files, path, old_preset), kNoError);
@@ -132,18 +132,6 @@ TEST_F(SettingsFiles, APresetCutOffInItsSaveIsTheOldOneOrTheNewOneWhole) {
     const std::string label = step == CutFiles::kSteps ? "33" : "1";
     for (const auto& cell : found) ASSERT_EQ(cell.label, label) << "step " << step;
   }
-}
-
-TEST(RecordNumber, NoneWhenItDoesNotFit) {
-  EXPECT_EQ(record_number16(""), 0);
-  EXPECT_EQ(record_number16("32767"), 32767);
-  EXPECT_EQ(record_number16("-32768"), -32768);
-  EXPECT_EQ(record_number16("2.5 каналов"), 2);
-  EXPECT_FALSE(record_number16("32768"));
-  EXPECT_FALSE(record_number16("70000"));
-  EXPECT_FALSE(record_number16("-99999999999999999999999"));
-  EXPECT_EQ(record_number32("70000"), 70000);
-  EXPECT_FALSE(record_number32("2147483648"));
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ enum AlertType { kTypeBlock = 1, kTypeManual = 2, kTypeController = 3 };
 
 void AlertEngine::tick() {
   if (doors_.alert.fire_stop || doors_.alert.msg_manual) return;
-  switch (ClampedNumber(doors_.settings.SettingsLine[kAlertType])) {
+  switch (Number(doors_.settings.SettingsLine[kAlertType])) {
     case kTypeBlock:
       doors_.block.check();
       break;

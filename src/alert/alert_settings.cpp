@@ -30,7 +30,7 @@ void take_choice(ControlArray<OptionButton>& options, std::string& line) {
 }  // namespace
 
 int AlertSettings::number(SettingsIndex index) const {
-  return ClampedNumber(line(index));
+  return Number(line(index));
 }
 
 void AlertSettings::open() {

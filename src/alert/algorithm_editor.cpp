@@ -41,7 +41,7 @@ void AlgorithmEditor::take_message_of(std::string_view record) {
   const std::string file = AlgField(record, kAlgMessage);
   doors_.form5.CmbF3.set_text(file);
   doors_.messages.show_length(file, doors_.form5.LblL3);
-  doors_.form5.VS3.set_value(ClampedNumber(AlgField(record, kAlgPlays)));
+  doors_.form5.VS3.set_value(Number(AlgField(record, kAlgPlays)));
 }
 
 void AlgorithmEditor::add_step() {

@@ -55,7 +55,7 @@ void ManualAlert::tick() {
     return;
   }
   doors_.tab.Timer6.set_enabled(false);
-  const int plays = ClampedNumber(doors_.settings.SettingsLine[kManualPlays]);
+  const int plays = Number(doors_.settings.SettingsLine[kManualPlays]);
   doors_.alert.man_rep = plays;
   doors_.tab.VS1.set_value(plays);
 }
@@ -66,7 +66,7 @@ void ManualAlert::start_algorithm() {
   doors_.alert.fire_stop = false;
   doors_.tab.CmdStF.set_back_color(doors_.paint.ColorButtonFace);
   doors_.alert.fire_bits.fill(0);
-  const int zone = ClampedNumber(Trim(doors_.tab.LblFD.caption()));
+  const int zone = Number(Trim(doors_.tab.LblFD.caption()));
   if (zone < 1 || zone > kZones) {
     doors_.boxes.message("Укажите номер зоны пожара");
     return;

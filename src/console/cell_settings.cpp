@@ -5,7 +5,6 @@
 #include "console/channel_colors.h"
 #include "model/text.h"
 #include "platform/windows.h"
-#include "store/record_number.h"
 #include "store/settings_files.h"
 
 namespace evac {
@@ -79,9 +78,7 @@ int CellSettings::load(const std::string& path) {
     highest_on = i;
     cell(i).set_caption(record.label);
     show_on(i);
-    const auto channel = record_number16(record.channel);
-    if (!channel) break;
-    cells_.used[i] = *channel;
+    cells_.used[i] = record.channel;
   }
   return highest_on;
 }
@@ -104,7 +101,7 @@ int CellSettings::save(const std::string& path) {
     button.set_caption(record.label);
     const std::int16_t channel = cells_.working[i];
     if (channel < 1 || channel == kSwitchedOff) continue;
-    record.channel = std::to_string(channel);
+    record.channel = channel;
     cells_.used[i] = channel;
   }
   write_cells(files_, path, records);

@@ -36,8 +36,8 @@ class EquipmentSettings {
  private:
   // Indicators of the digital-input cards.
   void show_cards();
-  bool read_row(int i, const EquipmentRecords::Row& row);
-  bool read_outlets(int n, const std::string& text);
+  void show_row(int i, const EquipmentRecords::Row& row);
+  void show_outlets(int n, int mask);
   void show_source(int i);
   void show_volume(int i);
   void clear_sources();

@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::string_view kTab = "\t";
 
-double number_of(const std::string& line) {
-  return Val(line.substr(0, line.find(kTab)));
+int number_of(const std::string& line) {
+  return Number(line.substr(0, line.find(kTab)));
 }
 
 // What stands behind the first tab; the whole of a line without one.
@@ -74,8 +74,7 @@ void NameList::save() {
 void NameList::sort() {
   std::map<int, std::string> slots;
   for (const auto& line : doors_.window.List1.rows())
-    if (const double number = number_of(line); number >= 1 && number <= kMostLines)
-      slots[static_cast<int>(number)] = line;
+    if (const int number = number_of(line); number >= 1 && number <= kMostLines) slots[number] = line;
   doors_.window.List1.clear();
   for (const auto& [number, line] : slots) doors_.window.List1.add(line);
 }

@@ -51,7 +51,7 @@ void AlertStore::LoadAlgorithms() {
   int error = file.load();
   int current = 1, step = 0;
   for (int r = 1; error == kNoError && r <= file.count(); ++r) {
-    const int number = ClampedNumber(AlgField(file.text(r), kAlgNumber));
+    const int number = Number(AlgField(file.text(r), kAlgNumber));
     if (number < current) return;
     if (number != current) step = 0;
     current = number;
@@ -109,8 +109,8 @@ std::string AlertStore::print_path() const {
 }
 
 int scan_period(const SettingsState& settings) {
-  const std::int64_t hours = ClampedNumber(settings.SettingsLine[kScanHours]);
-  const std::int64_t minutes = ClampedNumber(settings.SettingsLine[kScanMinutes]);
+  const std::int64_t hours = Number(settings.SettingsLine[kScanHours]);
+  const std::int64_t minutes = Number(settings.SettingsLine[kScanMinutes]);
   return later_in_day(0, static_cast<int>((hours * 3600 + minutes * 60) % kSecondsPerDay));
 }
 
