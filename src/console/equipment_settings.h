@@ -14,23 +14,25 @@ class EquipmentSettings {
   struct Doors {
     SourceState& sources;
     PowerState& power;
-    const SettingsState& settings;
-    Files& files;
+    DataFolder& folder;
     SerialPort& port;
     Form22& form;
     TerminalsTab& terminals_tab;
     SourcesTab& sources_tab;
     std::array<ChannelLegend*, 2> legends;  // of the windows of zones and of terminals
     const AlertState& alert;
+    Boxes& boxes;
   };
   explicit EquipmentSettings(const Doors& doors) : doors_(doors) {}
 
   // Reads the file anew and shows the window until it is closed.
   void open();
   // Reads the file into the window and the model; closes the port and opens the one that the file names. A
-  // number that does not fit ends it silently. Faults when the port cannot be opened.
+  // damaged number leaves its field as it is, a file that can't be read leaves everything. Faults when the
+  // port cannot be opened.
   void load();
   // Command1. The port is opened before the file is touched, so that one that cannot be opened is never kept.
+  // What can't be written is told in a box; the window and the model keep what was settled.
   void save();
 
  private:

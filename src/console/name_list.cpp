@@ -29,8 +29,11 @@ void NameList::open() {
 
 void NameList::load() {
   doors_.window.List1.clear();
+  std::vector<std::string> lines;
+  // A file that can't be read ends the load silently.
+  (void)read_names(doors_.folder, doors_.file, lines);
   int record = 0;
-  for (const auto& line : read_names(doors_.files, doors_.file(doors_.settings))) {
+  for (const auto& line : lines) {
     ++record;
     if (line.empty()) continue;
     doors_.window.List1.add(line);
@@ -66,7 +69,8 @@ void NameList::remove() {
 
 void NameList::save() {
   const auto& lines = doors_.window.List1.rows();
-  if (write_names(doors_.files, doors_.file(doors_.settings), lines) != kNoError) return;
+  // A save that fails ends silently; the list keeps its lines.
+  if (write_names(doors_.folder, doors_.file, lines) != kNoError) return;
   int place = 0;
   for (const auto& line : lines) show_name(++place, line);
 }

@@ -3,19 +3,18 @@
 #pragma once
 
 #include "console/name_window.h"
-#include "model/system_model.h"
 #include "platform/machine.h"
+#include "store/data_folder.h"
 
 namespace evac {
 
 class NameList {
  public:
   struct Doors {
-    const SettingsState& settings;
-    Files& files;
+    DataFolder& folder;
     Boxes& boxes;
     NameWindow& window;
-    std::string (*file)(const SettingsState&);
+    std::string_view file;  // by its name in the data folder
     ControlArray<Button>* shown_at;
   };
   // `shown_at` gets the names as tool tips; null when they stand nowhere but in the list.

@@ -9,11 +9,11 @@ namespace evac {
 TerminalSettings::TerminalSettings(const Doors& doors)
     : CellSettings(
           {doors.form, {doors.terminals.TermChan}, {doors.terminals.TermChanSet}, doors.tab.CmdAT, true},
-          doors.paint, doors.files),
+          doors.paint, doors.folder),
       doors_(doors) {}
 
 void TerminalSettings::LoadTermSettings(int n) {
-  doors_.terminals.term_count = static_cast<std::int16_t>(load(preset_file(doors_.settings, n)));
+  doors_.terminals.term_count = static_cast<std::int16_t>(load(preset_file(n)));
 }
 
 void TerminalSettings::ShowTermChannels() {
@@ -38,8 +38,8 @@ void TerminalSettings::open() {
 }
 
 void TerminalSettings::save() {
-  doors_.terminals.term_count = static_cast<std::int16_t>(
-      CellSettings::save(preset_file(doors_.settings, doors_.terminals.term_file_no)));
+  doors_.terminals.term_count =
+      static_cast<std::int16_t>(CellSettings::save(preset_file(doors_.terminals.term_file_no)));
 }
 
 void TerminalSettings::choose_preset() {

@@ -8,11 +8,11 @@ namespace evac {
 
 ZoneSettings::ZoneSettings(const Doors& doors)
     : CellSettings({doors.form, {doors.zones.ZoneChan}, {doors.zones.ZoneChanSet}, doors.tab.CmdAZ, false},
-                   doors.paint, doors.files),
+                   doors.paint, doors.folder),
       doors_(doors) {}
 
 void ZoneSettings::LoadZoneSettings() {
-  load(zone_file(doors_.settings));
+  load(kZoneFile);
 }
 
 void ZoneSettings::open() {
@@ -29,7 +29,7 @@ void ZoneSettings::open() {
 }
 
 void ZoneSettings::save() {
-  CellSettings::save(zone_file(doors_.settings));
+  CellSettings::save(kZoneFile);
 }
 
 }  // namespace evac

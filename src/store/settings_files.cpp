@@ -40,7 +40,7 @@ void at_cell_places(Cells& cells, const Visit& visit) {
   for (int i = 1; i <= count; ++i) {
     auto& cell = cells[static_cast<std::size_t>(i - 1)];
     visit(i, cell.label);
-    visit.channel(count + i, cell.channel);
+    visit.channel(count + i, cell);
   }
 }
 
@@ -52,14 +52,18 @@ void at_name_places(Lines& lines, const Visit& visit) {
 }
 
 struct Taking {
-  const RecordFile& file;
-  void operator()(int record, std::string& text) const { text = file.text(record); }
+  RecordFile& file;
+  void operator()(int record, std::string& text) const { text = file.take(record); }
   void operator()(int record, std::optional<int>& number, Range range) const {
     number = LeadingNumber(file.text(record));
     if (number && (*number < range.least || *number > range.most)) number.reset();
+    if (number) file.take(record);
   }
-  void channel(int record, std::int16_t& number) const {
-    number = static_cast<std::int16_t>(std::clamp(Number(file.text(record)), kWords.least, kWords.most));
+  // A cell that is off has no channel to take.
+  void channel(int record, CellRecord& cell) const {
+    std::optional<int> number;
+    if (!cell.label.empty()) (*this)(record, number, kWords);
+    cell.channel = static_cast<std::int16_t>(number.value_or(0));
   }
 };
 
@@ -69,71 +73,60 @@ struct Putting {
   void operator()(int record, const std::optional<int>& number, Range) const {
     file.put(record, number ? std::to_string(*number) : "");
   }
-  void channel(int record, std::int16_t number) const {
-    file.put(record, number > 0 ? std::to_string(number) : "");
+  void channel(int record, const CellRecord& cell) const {
+    file.put(record, cell.channel > 0 ? std::to_string(cell.channel) : "");
   }
 };
 
-RecordFile equipment_file(Files& files, const SettingsState& settings) {
-  return {files, settings.data_path("F_ust.dat"), kSettingsRecord};
-}
-
 }  // namespace
 
-std::optional<EquipmentRecords> read_equipment(Files& files, const SettingsState& settings) {
-  RecordFile file = equipment_file(files, settings);
-  if (file.load() != kNoError || file.empty()) return {};
-  EquipmentRecords records;
-  at_equipment_places(records, Taking{file});
-  return records;
+FileError read_equipment(DataFolder& folder, std::optional<EquipmentRecords>& records) {
+  records.reset();
+  RecordFile file(folder, kEquipmentFile, kSettingsRecord);
+  if (const FileError error = file.load()) return error;
+  if (!file.empty()) at_equipment_places(records.emplace(), Taking{file});
+  file.end_reading();
+  return kNoError;
 }
 
-int write_equipment(Files& files, const SettingsState& settings, const EquipmentRecords& records) {
-  RecordFile file = equipment_file(files, settings);
+FileError write_equipment(DataFolder& folder, const EquipmentRecords& records) {
+  RecordFile file(folder, kEquipmentFile, kSettingsRecord);
   at_equipment_places(records, Putting{file});
   return file.save();
 }
 
-std::string zone_file(const SettingsState& settings) {
-  return settings.data_path("F_ustZ.dat");
+std::string preset_file(int preset) {
+  return join("F_ustT", preset, ".dat");
 }
 
-std::string preset_file(const SettingsState& settings, int preset) {
-  return settings.data_path(join("F_ustT", preset, ".dat"));
-}
-
-std::vector<CellRecord> read_cells(Files& files, const std::string& path, int count) {
-  RecordFile file(files, path, kSettingsRecord);
-  if (file.load() != kNoError || file.empty()) return {};
-  std::vector<CellRecord> cells(static_cast<std::size_t>(count));
+FileError read_cells(DataFolder& folder, std::string_view name, int count, std::vector<CellRecord>& cells) {
+  cells.clear();
+  RecordFile file(folder, name, kSettingsRecord);
+  if (const FileError error = file.load()) return error;
+  if (!file.empty()) cells.resize(static_cast<std::size_t>(count));
   at_cell_places(cells, Taking{file});
-  return cells;
+  file.end_reading();
+  return kNoError;
 }
 
-int write_cells(Files& files, const std::string& path, const std::vector<CellRecord>& cells) {
-  RecordFile file(files, path, kSettingsRecord);
+FileError write_cells(DataFolder& folder, std::string_view name, const std::vector<CellRecord>& cells) {
+  RecordFile file(folder, name, kSettingsRecord);
   at_cell_places(cells, Putting{file});
   return file.save();
 }
 
-std::string zone_names_file(const SettingsState& settings) {
-  return settings.data_path("F_name_z.dat");
-}
-
-std::string terminal_names_file(const SettingsState& settings) {
-  return settings.data_path("F_name_t.dat");
-}
-
-std::vector<std::string> read_names(Files& files, const std::string& path) {
-  RecordFile file(files, path, kNameRecord);
-  if (file.load() != kNoError) return {};
-  std::vector<std::string> lines(static_cast<std::size_t>(file.count()));
+FileError read_names(DataFolder& folder, std::string_view name, std::vector<std::string>& lines) {
+  lines.clear();
+  RecordFile file(folder, name, kNameRecord);
+  if (const FileError error = file.load()) return error;
+  lines.resize(static_cast<std::size_t>(file.count()));
   at_name_places(lines, Taking{file});
-  return lines;
+  file.end_reading();
+  return kNoError;
 }
 
-int write_names(Files& files, const std::string& path, const std::vector<std::string>& lines) {
-  RecordFile file(files, path, kNameRecord);
+FileError write_names(DataFolder& folder, std::string_view name, const std::vector<std::string>& lines) {
+  RecordFile file(folder, name, kNameRecord);
   at_name_places(lines, Putting{file});
   return file.save();
 }
