@@ -158,6 +158,7 @@ TEST(PosixFiles, TwoProgramsSaveOneFileAtATimeAndTheDeadOnesNeighbourGoes) {
   std::string bytes;
   EXPECT_EQ(files.read("C:\\F_ust.dat", bytes), kNoError);
   EXPECT_EQ(bytes, "ours");
+  EXPECT_FALSE(fs::exists(scratch.path / dead));
   // What takes this one's neighbour away fails the save.
   cuts.before_sync = [&] {
     for (const auto& entry : fs::directory_iterator(scratch.path))
