@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -120,6 +121,8 @@ FileError PosixFiles::read(std::string_view path, std::string& bytes) {
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
+  struct stat status {};
+  if (::fstat(descriptor.get(), &status) == 0) bytes.reserve(static_cast<std::size_t>(status.st_size));
   char block[65536];
   while (true) {
     const ssize_t got = ::read(descriptor.get(), block, sizeof block);

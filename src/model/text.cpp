@@ -51,13 +51,13 @@ std::string Trim(std::string_view text) {
 
 std::optional<int> LeadingNumber(std::string_view text) {
   const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
-  std::size_t at = std::min(text.find_first_not_of(" \t"), text.size());
-  const bool minus = at < text.size() && text[at] == '-';
-  if (at < text.size() && (minus || text[at] == '+')) ++at;
-  if (at == text.size() || !is_digit(text[at])) return {};
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+  const bool minus = text.starts_with('-');
+  if (minus || text.starts_with('+')) text.remove_prefix(1);
+  if (text.empty() || !is_digit(text.front())) return {};
   std::int64_t value = 0;
-  for (; at < text.size() && is_digit(text[at]); ++at)
-    value = std::min<std::int64_t>(value * 10 + (text[at] - '0'), kMostNumber);
+  for (; !text.empty() && is_digit(text.front()); text.remove_prefix(1))
+    value = std::min<std::int64_t>(value * 10 + (text.front() - '0'), kMostNumber);
   return static_cast<int>(minus ? -value : value);
 }
 
