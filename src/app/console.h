@@ -22,7 +22,13 @@
 #include "model/system_model.h"
 #include "platform/machine.h"
 #include "store/alert_store.h"
-#include "supervision/clock_line.h"
+#include "supervision/auto_control.h"
+#include "supervision/clock.h"
+#include "supervision/scan_report.h"
+#include "supervision/status_file.h"
+#include "supervision/terminal_scan.h"
+#include "supervision/text_log.h"
+#include "supervision/zone_readback.h"
 
 namespace evac {
 
@@ -48,6 +54,7 @@ class Console {
   void wire_menu();
   void wire_console();
   void wire_console_settings();
+  void wire_supervision();
   void wire_alert();
   void wire_alert_settings();
   // The one place where a settings window is asked for; what guards it stands here.
@@ -71,7 +78,6 @@ class Console {
   Link link_;
   ReplyWait reply_wait_;
   Dispatcher dispatcher_;
-  ClockLine clock_line_;
   AudioMatrix audio_matrix_;
   EquipmentSettings equipment_;
   NameList zone_names_, terminal_names_;
@@ -79,6 +85,15 @@ class Console {
   TerminalSettings terminal_settings_;
   ZoneConsole zone_console_;
   TerminalConsole terminal_console_;
+
+  // Supervision.
+  TerminalScan terminal_scan_;
+  ScanReport scan_report_;
+  AutoControl auto_control_;
+  ZoneReadback zone_readback_;
+  StatusFile status_file_;
+  TextLog text_log_;
+  Clock clock_;
 
   // Alert.
   ZoneLamps zone_lamps_;
