@@ -43,7 +43,9 @@ TEST_F(Supervision, TellsTheWatcherOnceASecondThatItLives) {
   rig.alert().al_active = true;
   rig.run(88s);
   EXPECT_EQ(status(), "05-янв-26 # 8:01:39 $ 99 % 1 = 0\r\n");
-  rig.run(2s);
+  rig.run(1s);
+  EXPECT_EQ(status(), "05-янв-26 # 8:01:40 $ 100 % 1 = 0\r\n");
+  rig.run(1s);
   EXPECT_EQ(status(), "05-янв-26 # 8:01:41 $ 1 % 1 = 0\r\n");
 }
 
@@ -57,6 +59,11 @@ TEST_F(Supervision, WithALimitOfNothingEveryNumberIsLostOnEachReport) {
   EXPECT_EQ(form().List4.row(kTerminals), "Терминал 1 не отвечает");
   EXPECT_EQ(form().List5.rows(), std::vector<std::string>{"Все терминалы в порядке"});
   EXPECT_EQ(rig.logged("beep 1500 100"), 2 * kTerminals);
+  // With the monitor off the alarm is on, and silent.
+  form().CmdArm.click();
+  rig.run(5s);
+  EXPECT_TRUE(form().Timer9.enabled());
+  EXPECT_EQ(rig.logged("beep 1500 100"), 3 * kTerminals);
 }
 
 TEST_F(Supervision, AnEmptyLimitIsOne) {

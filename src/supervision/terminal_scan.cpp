@@ -52,7 +52,6 @@ void TerminalScan::ask(int terminal) {
 }
 
 bool TerminalScan::answered() {
-  if (!doors_.supervision.ScanRunning) return false;
   doors_.wait.begin_scan();
   while (doors_.supervision.ScanRunning && doors_.wait.scan() == ReplyWait::Scan::kWaiting)
     doors_.loop.pump();
