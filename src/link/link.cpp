@@ -107,12 +107,12 @@ void Link::SendMatrix(const std::array<std::uint8_t, 4>& pairs) {
 }
 
 void Link::SendAllStop() {
-  doors_.state.alarm_zones_on = false;
+  note_alarm_zones(false);
   send(doors_.state.h_buf, kAllStop.command, kAllStop.data);
 }
 
 void Link::SendAlertStart() {
-  doors_.state.alarm_zones_on = true;
+  note_alarm_zones(true);
   for (const auto& frame : kAlertStart) send(doors_.state.h_buf, frame.command, frame.data);
 }
 
@@ -121,7 +121,7 @@ void Link::SendSeqPower(int code, int mask) {
 }
 
 void Link::SendAlarm9(bool on) {
-  if (!on) doors_.state.alarm_zones_on = false;
+  if (!on) note_alarm_zones(false);
   send(doors_.state.t_buf, kCmdAlarm9, {0, on ? kPowerOn : kPowerOff, 0, 0, 0});
 }
 
@@ -148,6 +148,10 @@ void Link::SendTime(int second_of_day) {
   send(doors_.state.t_buf, kCmdCalendar,
        {kTimeMark, ToByte(second_of_day / 3600), ToByte(second_of_day / 60 % 60), ToByte(second_of_day % 60),
         0});
+}
+
+void Link::note_alarm_zones(bool on) {
+  if (doors_.port.is_open()) doors_.state.alarm_zones_on = on;
 }
 
 void Link::send(Frame9& buffer, std::uint8_t command, const std::array<std::uint8_t, 5>& data) {
