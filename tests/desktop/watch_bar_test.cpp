@@ -46,7 +46,7 @@ TEST_F(Bar, BurnsInEveryWindowHighEnoughAndKeepsItsPlace) {
   FormWindow& main = window("Form1");
   main.resize(1280, 800);
   settle();
-  QTest::qWait(20);
+  until([&] { return bar("Form1").height() == bar("Form1").sizeHint().height(); });
   const QRect calm = bar("Form1").geometry();
   EXPECT_GE(calm.height(), 48);
   EXPECT_GE(calm.width(), main.width() - 20) << "over the full width";
