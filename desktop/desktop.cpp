@@ -1,5 +1,7 @@
 #include "desktop/desktop.h"
 
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 
 #include "desktop/layouts/layouts.h"
@@ -91,11 +93,16 @@ void Desktop::look_after_devices() {
 
 QWidget* Desktop::make_stand_button(QWidget* parent) {
   if (!stand_) return nullptr;
-  auto* button = new QPushButton(qt(Stand::kName), parent);
+  auto* part = new QWidget(parent);
+  auto* button = new QPushButton(QStringLiteral("С&тенд"), part);
   button->setObjectName(qt(Stand::kName));
   button->setToolTip(QStringLiteral("Окно виртуальной стойки"));
   QObject::connect(button, &QPushButton::clicked, button, [this] { stand_->bring_up(); });
-  return button;
+  auto* layout = new QHBoxLayout(part);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(new QLabel(QStringLiteral("Учебный режим: «Стенд» → нажмите контакт"), part));
+  layout->addWidget(button);
+  return part;
 }
 
 HostSetup training_setup(const std::filesystem::path& folder) {

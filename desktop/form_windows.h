@@ -21,13 +21,15 @@ class FormWindow : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
-  void make_menu(QLayout& layout);
+  void make_menu(const WindowLayout& layout, QLayout& place);
   void show_title();
 
   Form& form_;
   Screen& screen_;
+  const std::vector<OptionButton*> opens_on_;
   const QString title_suffix_;
 };
 

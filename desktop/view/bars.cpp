@@ -38,7 +38,7 @@ void BarView::show_state() {
 BarView::Parts BarView::parts() const {
   const bool upright = orientation() == Qt::Vertical;
   const int length = upright ? height() : width(), thick = upright ? width() : height();
-  const int knob = std::min(thick, length / 2);
+  const int knob = std::min({thick, length / 2, line_ * 8 / 5});
   Parts parts;
   parts.less = upright ? QRect(0, height() - knob, thick, knob) : QRect(0, 0, knob, thick);
   parts.more = upright ? QRect(0, 0, thick, knob) : QRect(width() - knob, 0, knob, thick);
@@ -145,8 +145,8 @@ ProgressView::ProgressView(ProgressBar& control, Screen& screen, const Node& nod
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void ProgressView::show_state() {
-  setAccessibleDescription(QString::number(control_.value()));
+QStringList ProgressView::values() const {
+  return {QStringLiteral("%1 из %2").arg(control_.value()).arg(control_.most())};
 }
 
 void ProgressView::paintEvent(QPaintEvent*) {

@@ -23,6 +23,9 @@ bool draw_picture(QPainter& painter, const QRectF& area, std::string_view word, 
 bool is_picture(std::string_view word);
 // A lamp of a zone, with its number in it.
 void draw_lamp(QPainter& painter, const QRect& area, std::string_view word, const QString& number);
+QString lamp_words(std::string_view word);
+// A sample of a colour at the left of the area, which keeps its grey; returns its width.
+int draw_swatch(QPainter& painter, const QRect& area, const QColor& color);
 // What a picture drawn once is drawn from again: `key` tells everything about it but its size. Smooth shapes
 // cost far more than the copying of their points, and boards have hundreds of the same.
 void draw_cached(QPainter& painter, const QRect& area, const QString& key,

@@ -26,6 +26,12 @@ std::vector<Face*> Screen::faces(const Control& control) const {
   return at == views_.end() ? std::vector<Face*>{} : at->second->faces;
 }
 
+void Screen::set_burning(Picture& lamp, bool on) {
+  if (on == is_burning(lamp)) return;
+  on ? void(burning_.insert(&lamp)) : void(burning_.erase(&lamp));
+  if (const auto at = views_.find(&lamp); at != views_.end()) at->second->control_changed(lamp);
+}
+
 void Screen::flush() {
   while (!changed_.empty()) {
     const auto views = std::exchange(changed_, {});

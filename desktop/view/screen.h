@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string_view>
 #include <vector>
 
@@ -50,6 +51,10 @@ class Screen {
   // Runs as an event of the console's loop, in its turn.
   void act(std::function<void()> deed) { loop_.post(std::move(deed)); }
 
+  // A lamp that burns keeps the sign of fire whatever picture it is given.
+  void set_burning(Picture& lamp, bool on);
+  bool is_burning(const Picture& lamp) const { return burning_.contains(&lamp); }
+
   // Where a pop-up menu comes up: the place of the last right press.
   void set_popup_place(QPoint place) { popup_place_ = place; }
   QPoint popup_place() const { return popup_place_; }
@@ -73,6 +78,7 @@ class Screen {
   EventLoop& loop_;
   std::map<const Control*, std::unique_ptr<View>> views_;
   std::vector<View*> changed_;
+  std::set<const Picture*> burning_;
   QPoint popup_place_;
 };
 
