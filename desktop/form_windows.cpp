@@ -9,7 +9,9 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "desktop/boxes.h"
 #include "desktop/view/spoken.h"
+#include "desktop/view/watch_bar.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
@@ -58,15 +60,22 @@ FormWindow::FormWindow(const WindowLayout& layout, Screen& screen, const HostPar
       form_(layout.form),
       screen_(screen),
       opens_on_(layout.opens_on),
+      feed_(host.feed),
       title_suffix_(title_suffix) {
   setObjectName(qt(form_.name()));
   auto* box = new QVBoxLayout(this);
   box->setContentsMargins(6, 4, 6, 4);
   box->setSpacing(4);
   make_menu(layout, *box);
+  if (owner) box->addWidget(new WatchBar(host.feed, this));
   box->addWidget(LayoutBuilder(screen, host).build(layout.content, this), 1);
   form_.view_changed = [this] { show_title(); };
   show_title();
+}
+
+bool FormWindow::may_close() {
+  if (parentWidget() || !feed_.burning()) return true;
+  return ask_host(feed_, this, QStringLiteral("%1\n\nЗакрыть пульт?").arg(qt(feed_.lines().front().text)));
 }
 
 FormWindow::~FormWindow() {
@@ -119,7 +128,9 @@ void FormWindow::showEvent(QShowEvent* event) {
 void FormWindow::closeEvent(QCloseEvent* event) {
   // The console decides what closing means.
   event->ignore();
-  screen_.act([&form = form_] { user::close(form); });
+  screen_.act([this] {
+    if (may_close()) user::close(form_);
+  });
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {

@@ -25,11 +25,14 @@ class FormWindow : public QWidget {
 
  private:
   void make_menu(const WindowLayout& layout, QLayout& place);
+  // While something burns, the main window asks once before the program ends.
+  bool may_close();
   void show_title();
 
   Form& form_;
   Screen& screen_;
   const std::vector<OptionButton*> opens_on_;
+  WatchFeed& feed_;
   const QString title_suffix_;
 };
 

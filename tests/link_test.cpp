@@ -12,7 +12,9 @@ namespace {
 
 class LinkFrames : public testing::Test {
  protected:
-  LinkFrames() : host(scratch.path), link(state, host.machine().port) { host.machine().port.open(); }
+  LinkFrames() : host(scratch.path), link({.state = state, .port = host.machine().port}) {
+    host.machine().port.open();
+  }
 
   // Everything sent since the last call: command and data bytes, frames apart by a bar; sync and sum are
   // checked here.

@@ -48,11 +48,11 @@ Node terminals_tab(Form1& form) {
       frame(tab.Frame6, column({row({use(tab.Option1), use(tab.Option3), space()}),
                                 row({words("№ пресета"), use(tab.VsUs).called("Номер пресета").grow(1),
                                      use(tab.LblUs).shown(Look::kValue).wide(3).called("Номер пресета")}),
-                                use(tab.CmdU).shown(Look::kBig).high(3).key("У"), space()}));
+                                use(tab.CmdU).shown(Look::kBig).high(2.2).key("У"), space()}));
   const Node terminals = board(tab.CmdAT, 17)
                              .shown(Look::kCell)
                              .wide(2)
-                             .high(1.25)
+                             .high(1.2)
                              .called("Терминал")
                              .switching("не выбран", "выбран");
   return row(

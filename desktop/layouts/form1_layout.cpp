@@ -1,4 +1,4 @@
-// The main window: the header strip, the place of the alarm, and the seven tabs beneath it; and the about
+// The main window: the header strip, the alarm bar, and the seven tabs beneath it; and the about
 // window.
 #include "desktop/layouts/form1_tabs.h"
 #include "desktop/layouts/layouts.h"
@@ -6,8 +6,6 @@
 
 namespace evac::desktop {
 namespace {
-
-constexpr double kAlarmHigh = 3.1;  // lines of text: 52 pixels
 
 Node header_strip(Form1& form) {
   AlarmTab& alarm = form;
@@ -23,7 +21,8 @@ Node header_strip(Form1& form) {
           .shown(Look::kValue)
           .packed();
   return column({row({Node(left).grow(1), Node(right).grow(1)}),
-                 row({use(form.Picture2).wide(12).called("Опрос"), notices().grow(1), stand_button()})})
+                 row({use(form.Picture2).wide(12).called("Опрос"), box_note().grow(1), stand_button()}),
+                 notices()})
       .packed();
 }
 
@@ -44,7 +43,7 @@ Controls messages(AlarmTab& tab) {
 WindowLayout layout(Form1& form) {
   return {.form = form,
           .content = column(
-              {header_strip(form), fires(form.PctA).high(kAlarmHigh),
+              {header_strip(form), watch_bar(),
                tabs(form.SSTab1, {alarm_tab(form), zones_tab(form), terminals_tab(form), player_tab(form),
                                   sources_tab(form), control_tab(form), power_tab(form)})
                    .grow(1)}),

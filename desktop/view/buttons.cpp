@@ -178,7 +178,7 @@ OptionView::OptionView(OptionButton& control, Screen& screen, const Node& node, 
   setText(qt(control.caption()));
   QFont bold = font();
   bold.setBold(true);
-  keep_size(node, ring_size() + QFontMetrics(bold).horizontalAdvance(text()) + line_ * 2 / 3, line_ * 7 / 5);
+  keep_size(node, ring_size() + QFontMetrics(bold).horizontalAdvance(text()) + line_ * 2 / 3, line_ * 4 / 3);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
 }
@@ -221,7 +221,7 @@ QStringList OptionView::values() const {
 CheckView::CheckView(CheckBox& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent) {
   setText(qt(control.caption()));
-  keep_size(node, line_ + fontMetrics().horizontalAdvance(text()) + line_ * 2 / 3, line_ * 7 / 5);
+  keep_size(node, line_ + fontMetrics().horizontalAdvance(text()) + line_ * 2 / 3, line_ * 4 / 3);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
 }

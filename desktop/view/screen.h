@@ -49,7 +49,9 @@ class Screen {
   // Shows all changes since the last time.
   void flush();
   // Runs as an event of the console's loop, in its turn.
-  void act(std::function<void()> deed) { loop_.post(std::move(deed)); }
+  void act(std::function<void()> deed);
+  // Whether the innermost event that runs is such a deed.
+  bool in_act() const { return loop_.running() != 0 && loop_.running() == act_; }
 
   // A lamp that burns keeps the sign of fire whatever picture it is given.
   void set_burning(Picture& lamp, bool on);
@@ -76,6 +78,7 @@ class Screen {
   };
 
   EventLoop& loop_;
+  std::uint64_t act_ = 0;  // the innermost deed, as the loop numbers its events
   std::map<const Control*, std::unique_ptr<View>> views_;
   std::vector<View*> changed_;
   std::set<const Picture*> burning_;

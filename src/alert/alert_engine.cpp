@@ -1,17 +1,13 @@
 #include "alert/alert_engine.h"
 
+#include "alert/alert_type.h"
 #include "model/text.h"
 
 namespace evac {
-namespace {
-
-enum AlertType { kTypeBlock = 1, kTypeManual = 2, kTypeController = 3 };
-
-}  // namespace
 
 void AlertEngine::tick() {
   if (doors_.alert.fire_stop || doors_.alert.msg_manual) return;
-  switch (ClampedNumber(doors_.settings.SettingsLine[kAlertType])) {
+  switch (alert_type(doors_.settings)) {
     case kTypeBlock:
       doors_.block.check();
       break;
@@ -29,8 +25,10 @@ void AlertEngine::scan_inputs() {
   Words words{};
   if (!doors_.alert.fire_sim)
     for (std::size_t i = 0; i < kBankTable.size(); ++i)
-      doors_.cards.read_port(kBankTable[i].card == 0 ? doors_.alert.di_card0 : doors_.alert.di_card1,
-                             kBankTable[i].port, words[i]);
+      // A card that fails gives its last word, and the watch says so.
+      static_cast<void>(
+          doors_.cards.read_port(kBankTable[i].card == 0 ? doors_.alert.di_card0 : doors_.alert.di_card1,
+                                 kBankTable[i].port, words[i]));
 
   // The inputs of the fourth bank are read, and on purpose start nothing: its zones are alerted only as zones
   // of another zone's algorithm.
@@ -43,6 +41,11 @@ void AlertEngine::scan_inputs() {
   }
 }
 
+void AlertEngine::reset() {
+  doors_.end.AlertReset();
+  restarts_.reset(doors_.loop.now());
+}
+
 bool AlertEngine::scan_bank(int bank, const Words& words) {
   const Bank& row = kBankTable[static_cast<std::size_t>(bank - 1)];
   std::int32_t sum = 0;
@@ -52,16 +55,17 @@ bool AlertEngine::scan_bank(int bank, const Words& words) {
     auto& seen = doors_.alert.fire_seen[bank][static_cast<std::size_t>(zone - 1)];
     if (seen == bit || bit == 0 || (doors_.alert.al_bank[bank] && !doors_.alert.al_alarm_zones)) continue;
     if (doors_.alert.al_alarm_zones) {
-      doors_.end.AlertReset();
+      reset();
       doors_.alert.al_active = doors_.alert.al_bank[bank] = doors_.alert.al_alarm_zones = false;
     }
     seen += bit;
     doors_.alert.al_active = doors_.alert.al_bank[bank] = true;
     doors_.journal.JournalLine(join("ПОЖАР! в Зоне: \t", zone));
+    restarts_.started(zone, doors_.loop.now());
     if (!doors_.algorithm.start(zone, row)) return false;
   }
   if (sum == 0 && doors_.alert.al_bank[bank]) {
-    doors_.end.AlertReset();
+    reset();
     doors_.alert.al_active = doors_.alert.al_bank[bank] = false;
   }
   return true;

@@ -7,6 +7,7 @@
 #include "alert/algorithm_run.h"
 #include "alert/banks.h"
 #include "alert/block_alert.h"
+#include "alert/restart_log.h"
 #include "journal/journal.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
@@ -20,6 +21,7 @@ class AlertEngine {
     const SettingsState& settings;
     AlarmTab& tab;
     Cards& cards;
+    const EventLoop& loop;
     BlockAlert& block;
     AlgorithmRun& algorithm;
     AlertEnd& end;
@@ -30,16 +32,20 @@ class AlertEngine {
   // Timer4. Touches no file and not the line unless there is a new fire.
   void tick();
 
+  const RestartLog& restarts() const { return restarts_; }
+
  private:
   // Words of inputs, one a bank.
   using Words = std::array<std::int32_t, kBanks>;
 
   void scan_inputs();
+  void reset();
   // False when a zone of fire has no algorithm: the tick ends there.
   bool scan_bank(int bank, const Words& words);
   std::int32_t masked_input(int bank, int zone, const Words& words) const;
 
   const Doors doors_;
+  RestartLog restarts_;
 };
 
 }  // namespace evac

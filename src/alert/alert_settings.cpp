@@ -13,12 +13,9 @@ std::string flag_text(bool on) {
   return on ? "1" : "0";
 }
 
-// Option i of the group for the line's number i + 1; none of them for another.
-void choose(ControlArray<OptionButton>& options, const OptionGroup& group, int number) {
-  if (number >= 1 && number <= options.last() + 1)
-    options[number - 1].set_value(true);
-  else if (OptionButton* chosen = group.chosen())
-    chosen->set_value(false);
+// Option i for the line's number i + 1; none of them for another.
+void choose(ControlArray<OptionButton>& options, int number) {
+  if (number >= 1 && number <= options.last() + 1) options[number - 1].set_value(true);
 }
 
 // The number of the option that is on, as a line; `line` as it was when none is.
@@ -45,13 +42,22 @@ void AlertSettings::open() {
 }
 
 void AlertSettings::show_types() {
-  for (Frame* frame : {&doors_.form5.Frm1, &doors_.form5.Frm2, &doors_.form5.Frm3}) frame->set_enabled(true);
-  choose(doors_.form5.Opt1, doors_.form5.types, number(kAlertType));
-  if (const auto* type = doors_.form5.types.chosen()) type_chosen(*type->index());
-  choose(doors_.form5.Opt2, doors_.form5.sources, number(kBlockSource));
+  // As when the window was made, whatever an earlier opening left: each option that the lines choose then
+  // raises its click.
+  Form5& form5 = doors_.form5;
+  for (auto& option : form5.Opt1) option.set_value(false);
+  for (auto& option : form5.Opt2) option.set_value(false);
+  for (Control* control :
+       std::initializer_list<Control*>{&form5.Frm1, &form5.Frm2, &form5.Frm3, &form5.Opt2[kExternal],
+                                       &form5.CmbF1, &form5.CmbF3, &form5.CmdSound1, &form5.CmdSound3})
+    control->set_enabled(true);
+  choose(form5.Opt1, number(kAlertType));
+  choose(form5.Opt2, number(kBlockSource));
 }
 
 void AlertSettings::show_numbers() {
+  for (ScrollBar* bar : {&doors_.form5.VS1, &doors_.form5.VS2, &doors_.form5.VSH, &doors_.form5.VSM})
+    bar->set_value(bar->least());
   const auto show_plays = [](ScrollBar& bar, int plays) {
     if (plays > 0 && plays <= kMostPlays) bar.set_value(plays);
   };

@@ -24,6 +24,9 @@ bool AlgorithmRun::start(int zone, const Bank& bank) {
   }
   doors_.alert.alg_step = 1;
   doors_.alert.alg_zone = static_cast<std::int16_t>(zone);
+  doors_.alert.alg_running = true;
+  doors_.alert.alg_by_contact = !doors_.alert.fire_sim;
+  doors_.alert.block_zone = 0;
   const std::string zones = AlgField(record, kAlgZones);
   switch_on(zones, kFirstPlayMarks, bank.heading);
   if (zones.starts_with(kAlarmMark)) {
@@ -77,7 +80,7 @@ void AlgorithmRun::finish() {
   doors_.alert.alg_step = 1;
   doors_.alert.alg_rep = plays_of(step(1));
   // The inputs that were answered stay answered until a reset, and the alarm mark stays set.
-  doors_.alert.al_active = false;
+  doors_.alert.clear_active();
   doors_.alert.al_bank.fill(false);
   doors_.lamps.all_idle();
   doors_.house.give_back();

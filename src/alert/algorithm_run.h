@@ -42,6 +42,8 @@ class AlgorithmRun {
   // table is a fault.
   void tick();
 
+  const FollowedMessage& message() const { return message_; }
+
  private:
   // Switches on the zones whose mark is one of `marks`.
   void switch_on(std::string_view zones, std::string_view marks, std::string_view heading);

@@ -13,14 +13,20 @@ constexpr int kSourceComputer = 1;
 
 }  // namespace
 
+bool BlockAlert::reports_alarm(const Frame9& frame) {
+  return frame[kReportByte] == kAlarmReport;
+}
+
 void BlockAlert::check() {
-  if (doors_.link.r_frame[kReportByte] == kAlarmReport && !doors_.alert.al_active) start();
+  if (reports_alarm(doors_.link.r_frame) && !doors_.alert.al_active) start();
   if (!doors_.alert.al_active) doors_.tab.LblU[kModeLine].set_caption("Q-4710");
 }
 
 void BlockAlert::start() {
   doors_.alert.al_active = true;
   const int zone = doors_.link.r_frame[kZoneByte] + 1;
+  doors_.alert.block_zone = static_cast<std::int16_t>(zone);
+  message_.forget_outcome();
   doors_.lamps.fire(zone);
   doors_.journal.JournalLine(join("ПОЖАР! в Зоне: \t", zone));
   const auto tell = [this](std::string_view text) {

@@ -15,6 +15,7 @@ namespace evac {
 class House {
  public:
   struct Doors {
+    AlertState& alert;
     const PlayerState& player;
     const TimerState& timer;
     const SupervisionState& supervision;
@@ -28,9 +29,9 @@ class House {
 
   // Switches off the player, the weekly timer and automatic control, where they are on.
   void silence() {
-    if (doors_.player.mp_pow) doors_.player_tab.CmdPMP.click();
-    if (doors_.timer.tm_on) doors_.timer_panel.CmdTV.click();
-    if (doors_.supervision.auto_mode) doors_.monitor_panel.CmdZ.click();
+    press(doors_.player.mp_pow, doors_.player_tab.CmdPMP, doors_.alert.player_silenced);
+    press(doors_.timer.tm_on, doors_.timer_panel.CmdTV, doors_.alert.timer_silenced);
+    press(doors_.supervision.auto_mode, doors_.monitor_panel.CmdZ, doors_.alert.control_silenced);
   }
 
   // Recalls the preset that the console shows, picks its terminals and sends it.
@@ -41,6 +42,12 @@ class House {
   }
 
  private:
+  static void press(bool on, Button& button, int& silenced) {
+    if (!on) return;
+    button.click();
+    ++silenced;
+  }
+
   const Doors doors_;
 };
 

@@ -62,6 +62,7 @@ void ManualAlert::tick() {
 
 void ManualAlert::start_algorithm() {
   if (!doors_.boxes.ask(join("Включить алгоритм № ", doors_.tab.LblFD.caption()), "Алгоритм???")) return;
+  doors_.alert.test_zone = static_cast<std::int16_t>(ClampedNumber(doors_.tab.LblFD.caption()));
   doors_.alert.fire_sim = true;
   doors_.alert.fire_stop = false;
   doors_.tab.CmdStF.set_back_color(doors_.paint.ColorButtonFace);

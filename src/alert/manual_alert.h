@@ -22,6 +22,7 @@ class ManualAlert {
     ZoneLamps& lamps;
     AlertEnd& end;
     Media& MP1;
+    MessageState& messages;
     EventLoop& loop;
     Boxes& boxes;
     Link& link;
@@ -32,7 +33,8 @@ class ManualAlert {
         message_({.media = doors.MP1,
                   .end = doors.alert.man_end,
                   .settings = doors.settings,
-                  .loop = doors.loop}) {}
+                  .loop = doors.loop,
+                  .file_given = &doors.messages.mp1_file}) {}
 
   // CmdAl. The engine is held from here until the message is cancelled, also past its last play. No zone is
   // switched: the operator routes the message.

@@ -4,19 +4,26 @@
 
 #include "alert/alert_engine.h"
 #include "alert/alert_settings.h"
+#include "alert/fire_waiting.h"
 #include "alert/manual_alert.h"
+#include "alert/watch.h"
 #include "alert/zone_groups.h"
 #include "app/forms.h"
+#include "console/alarm_channels.h"
 #include "console/audio_matrix.h"
+#include "console/deck.h"
 #include "console/equipment_settings.h"
 #include "console/name_list.h"
+#include "console/sequencers.h"
 #include "console/terminal_console.h"
 #include "console/terminal_settings.h"
+#include "console/tuner.h"
 #include "console/zone_console.h"
 #include "console/zone_settings.h"
 #include "journal/journal.h"
 #include "link/dispatcher.h"
 #include "link/link.h"
+#include "link/reply_wait.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
 #include "store/alert_store.h"
@@ -38,6 +45,8 @@ class Console {
   Form1& form1() { return forms_.form1; }
   SystemModel& model() { return model_; }
   Journal& journal() { return journal_; }
+  Watch& watch() { return watch_; }
+  const FireWaiting& fire_waiting() const { return fire_waiting_; }
 
  private:
   // The handlers of each wing, in a file of its own.
@@ -45,6 +54,7 @@ class Console {
   void wire_menu();
   void wire_console();
   void wire_console_settings();
+  void wire_sources();
   void wire_alert();
   void wire_alert_settings();
   // The one place where a settings window is asked for; what guards it stands here.
@@ -66,9 +76,14 @@ class Console {
   Forms forms_;
   Journal journal_;
   Link link_;
+  ReplyWait reply_wait_;
   Dispatcher dispatcher_;
   ClockLine clock_line_;
+  Deck cd_deck_, mp3_deck_;
+  Tuner tuner_;
   AudioMatrix audio_matrix_;
+  Sequencers sequencers_;
+  AlarmChannels alarm_channels_;
   EquipmentSettings equipment_;
   NameList zone_names_, terminal_names_;
   ZoneSettings zone_settings_;
@@ -91,6 +106,8 @@ class Console {
   AlgorithmRun algorithm_run_;
   AlertEngine alert_engine_;
   ManualAlert manual_alert_;
+  Watch watch_;
+  FireWaiting fire_waiting_;
 };
 
 }  // namespace evac

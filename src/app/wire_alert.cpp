@@ -6,7 +6,11 @@ namespace evac {
 
 void Console::wire_alert() {
   Form1& form1 = forms_.form1;
-  form1.Timer4.tick = [this] { alert_engine_.tick(); };
+  form1.Timer4.tick = [this] {
+    watch_.look();
+    alert_engine_.tick();
+    watch_.look();
+  };
   form1.Timer5.tick = [this] { block_alert_.tick(); };
   form1.Timer6.tick = [this] { manual_alert_.tick(); };
   form1.Timer7.tick = [this] { algorithm_run_.tick(); };

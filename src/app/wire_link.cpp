@@ -6,7 +6,8 @@ namespace evac {
 void Console::wire_link() {
   machine_.port.receive = [this] { link_.receive(); };
   link_.frame_received = [this] { dispatcher_.dispatch(); };
-  forms_.form1.Timer1.tick = [this] { dispatcher_.tick(); };
+  reply_wait_.answer = [this] { dispatcher_.answer_poll(); };
+  forms_.form1.Timer1.tick = [this] { reply_wait_.tick(); };
   forms_.form1.Timer3.tick = [this] { clock_line_.tick(); };
 }
 

@@ -68,6 +68,7 @@ int CellSettings::load(const std::string& path) {
   for (const auto& record : read_cells(files_, path, count())) {
     ++i;
     const bool on = !record.label.empty();
+    if (cells_.in_use) (*cells_.in_use)[i] = on;
     if (cells_.buttons_follow_file) {
       cells_.buttons[i].set_enabled(on);
       cells_.buttons[i].set_caption(record.label);
@@ -94,6 +95,7 @@ int CellSettings::save(const std::string& path) {
     Button& button = cells_.buttons[i];
     cells_.used[i] = kNotSet;
     button.set_enabled(is_on(i));
+    if (cells_.in_use) (*cells_.in_use)[i] = is_on(i);
     if (!is_on(i)) {
       button.set_caption("");
       button.set_back_color(kMainBackground);

@@ -37,6 +37,7 @@ void NameList::load() {
     show_name(record, line);
     doors_.window.VS1.set_value(record + 1);
   }
+  keep();
 }
 
 void NameList::add() {
@@ -69,6 +70,7 @@ void NameList::save() {
   if (write_names(doors_.files, doors_.file(doors_.settings), lines) != kNoError) return;
   int place = 0;
   for (const auto& line : lines) show_name(++place, line);
+  keep();
 }
 
 void NameList::sort() {
@@ -83,6 +85,14 @@ void NameList::sort() {
 void NameList::ready_for_next() {
   doors_.window.VS1.set_value(doors_.window.List1.count() + 1);
   doors_.window.Txt1.set_text("");
+}
+
+void NameList::keep() {
+  if (!doors_.kept) return;
+  doors_.kept->by_number.clear();
+  for (const auto& line : doors_.window.List1.rows())
+    doors_.kept->by_number[static_cast<int>(number_of(line))] = name_of(line);
+  ++doors_.kept->edition;
 }
 
 void NameList::show_name(int place, const std::string& line) {

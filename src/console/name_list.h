@@ -17,6 +17,7 @@ class NameList {
     NameWindow& window;
     std::string (*file)(const SettingsState&);
     ControlArray<Button>* shown_at;
+    NumberedNames* kept = nullptr;  // the list as last loaded or saved, for who needs it
   };
   // `shown_at` gets the names as tool tips; null when they stand nowhere but in the list.
   explicit NameList(const Doors& doors) : doors_(doors) {}
@@ -37,6 +38,7 @@ class NameList {
 
   void sort();
   void ready_for_next();
+  void keep();
   void show_name(int place, const std::string& line);
 
   const Doors doors_;

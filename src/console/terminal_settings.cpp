@@ -7,12 +7,19 @@
 namespace evac {
 
 TerminalSettings::TerminalSettings(const Doors& doors)
-    : CellSettings(
-          {doors.form, {doors.terminals.TermChan}, {doors.terminals.TermChanSet}, doors.tab.CmdAT, true},
-          doors.paint, doors.files),
+    : CellSettings({doors.form,
+                    {doors.terminals.TermChan},
+                    {doors.terminals.TermChanSet},
+                    doors.tab.CmdAT,
+                    nullptr,
+                    true},
+                   doors.paint, doors.files),
       doors_(doors) {}
 
 void TerminalSettings::LoadTermSettings(int n) {
+  // A preset without a file has no terminal on; a file puts on what it has.
+  for (int t = 1; t <= count(); ++t)
+    if (is_on(t)) show_off(t);
   doors_.terminals.term_count = static_cast<std::int16_t>(load(preset_file(doors_.settings, n)));
 }
 
@@ -28,7 +35,7 @@ void TerminalSettings::ShowTermChannels() {
 
 void TerminalSettings::open() {
   doors_.names.load();
-  doors_.equipment.load();
+  doors_.equipment.load(EquipmentSettings::Reading::kByWindow);
   paint_legend(doors_.form.L1);
   LoadTermSettings(doors_.terminals.term_file_no);
   ShowTermChannels();

@@ -11,7 +11,10 @@ struct TerminalsTab {
   Place place;
 
   Frame Frame12{place, "Frame12", "Терминалы"};
-  ControlArray<Button> CmdAT{Frame12.inside(), "CmdAT", 1, kTerminals, ""};
+  // A terminal that is off takes no click; the file of the preset says which are on.
+  ControlArray<Button> CmdAT{1, kTerminals, [this](auto& items, int t) {
+                               items.emplace_back(Frame12.inside(), "CmdAT", "", t).set_enabled(false);
+                             }};
 
   Frame Frm5{place, "Frm5", "Выбор звукового канала/установка громкости"};
   OptionGroup channels;

@@ -7,7 +7,12 @@
 namespace evac {
 
 ZoneSettings::ZoneSettings(const Doors& doors)
-    : CellSettings({doors.form, {doors.zones.ZoneChan}, {doors.zones.ZoneChanSet}, doors.tab.CmdAZ, false},
+    : CellSettings({doors.form,
+                    {doors.zones.ZoneChan},
+                    {doors.zones.ZoneChanSet},
+                    doors.tab.CmdAZ,
+                    &doors.zones.in_use,
+                    false},
                    doors.paint, doors.files),
       doors_(doors) {}
 
@@ -17,7 +22,7 @@ void ZoneSettings::LoadZoneSettings() {
 
 void ZoneSettings::open() {
   doors_.names.load();
-  doors_.equipment.load();
+  doors_.equipment.load(EquipmentSettings::Reading::kByWindow);
   LoadZoneSettings();
   paint_legend(doors_.form.L1);
   for (int z = 1; z <= count(); ++z)

@@ -18,11 +18,7 @@ enum Report : std::uint8_t {
 constexpr std::uint8_t kLinkBit = 0x01, kProgrammeBit = 0x02;
 constexpr std::uint8_t kNoLink = 0xFF, kLinkLost = 0x01, kStatusCMark = 0x69;
 
-// Values of reply_wait.
-constexpr std::int16_t kPollWait = 243, kWaitOver = 245, kDataCame = 249, kIdle = 255;
-
 constexpr int kLineLife = 30;  // frames after which the line of polling text is cleared
-constexpr std::string_view kChannelData = "Данные каналов";
 
 enum LinkReport : std::uint8_t { kLinkDown = 1, kLinkUp = 2 };
 enum ProgrammeReport : std::uint8_t { kSuspended = 1, kRunning = 2 };
@@ -30,12 +26,8 @@ enum PollAnswer : std::uint8_t { kDateNext = 0, kTimeNext = 1, kSteady = 2 };
 
 }  // namespace
 
-void Dispatcher::tick() {
-  if (state_.reply_wait < kWaitOver) ++state_.reply_wait;
-}
-
 void Dispatcher::dispatch() {
-  const auto& frame = state_.r_buf;
+  const auto& frame = doors_.state.r_buf;
   switch (frame[0]) {
     case kRepLink:
       show_link(frame[1] != kNoLink);
@@ -45,8 +37,9 @@ void Dispatcher::dispatch() {
       break;
     case kRepPoll:
       report_status(frame[3]);
-      if (frame[3] & kProgrammeBit) strip_.Picture2.print("Опрос оборудования");
-      answer_poll();
+      if (frame[3] & kProgrammeBit) doors_.strip.Picture2.print("Опрос оборудования");
+      doors_.state.last_poll = doors_.loop.now();
+      doors_.wait.poll_came();
       break;
     case kRepStatusA:
       if (frame[3] == kLinkBit && frame[4] == 0) report_status(kLinkBit);
@@ -65,28 +58,28 @@ void Dispatcher::dispatch() {
         show_link(true);
       break;
     default:
-      if (state_.reply_wait != kIdle) state_.reply_wait = kDataCame;
+      doors_.wait.data_came();
   }
-  if (state_.link_mode_text == kChannelData && ++state_.status_line_count >= kLineLife) {
-    strip_.Picture2.clear();
-    state_.status_line_count = 0;
+  if (++doors_.state.status_line_count >= kLineLife) {
+    doors_.strip.Picture2.clear();
+    doors_.state.status_line_count = 0;
   }
 }
 
 void Dispatcher::show_link(bool up) {
-  strip_.LblCon.set_caption(up ? "Соединение установленно" : "Соединение не установленно");
-  strip_.PctD1.set_picture(up ? picture::kYes : picture::kNo);
+  doors_.strip.LblCon.set_caption(up ? "Соединение установленно" : "Соединение не установленно");
+  doors_.strip.PctD1.set_picture(up ? picture::kYes : picture::kNo);
 }
 
 void Dispatcher::report_link(bool up) {
   show_link(up);
-  state_.link_state = up ? kLinkUp : kLinkDown;
+  doors_.state.link_state = up ? kLinkUp : kLinkDown;
 }
 
 void Dispatcher::report_programme(bool running) {
-  strip_.LblSs.set_caption(running ? "Программа в работе" : "Программа приостановленна");
-  strip_.PctD0.set_picture(running ? picture::kYes : picture::kPause);
-  state_.prog_state = running ? kRunning : kSuspended;
+  doors_.strip.LblSs.set_caption(running ? "Программа в работе" : "Программа приостановленна");
+  doors_.strip.PctD0.set_picture(running ? picture::kYes : picture::kPause);
+  doors_.state.prog_state = running ? kRunning : kSuspended;
 }
 
 void Dispatcher::report_status(std::uint8_t bits) {
@@ -95,21 +88,17 @@ void Dispatcher::report_status(std::uint8_t bits) {
 }
 
 void Dispatcher::answer_poll() {
-  // Two ticks give the controller time to turn the line round. A reply or a stop that comes meanwhile sets
-  // the word past its end, and must not hold the answer back.
-  state_.reply_wait = kPollWait;
-  while (state_.reply_wait < kWaitOver) loop_.pump();
-  switch (state_.poll_answer_state) {
+  switch (doors_.state.poll_answer_state) {
     case kDateNext:
-      state_.poll_answer_state = kTimeNext;
-      link_.SendDate(date_of(loop_.wall()));
+      doors_.state.poll_answer_state = kTimeNext;
+      doors_.link.SendDate(date_of(doors_.loop.wall()));
       break;
     case kTimeNext:
-      state_.poll_answer_state = kSteady;
-      link_.SendTime(second_of_day(loop_.wall()));
+      doors_.state.poll_answer_state = kSteady;
+      doors_.link.SendTime(second_of_day(doors_.loop.wall()));
       break;
     default:
-      link_.SendPollAnswer();
+      doors_.link.SendPollAnswer();
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "link/header_strip.h"
 #include "link/link.h"
+#include "link/reply_wait.h"
 #include "model/system_model.h"
 #include "platform/event_loop.h"
 
@@ -11,25 +12,27 @@ namespace evac {
 
 class Dispatcher {
  public:
-  Dispatcher(LinkState& state, Link& link, EventLoop& loop, HeaderStrip& strip)
-      : state_(state), link_(link), loop_(loop), strip_(strip) {}
+  struct Doors {
+    LinkState& state;
+    ReplyWait& wait;
+    Link& link;
+    const EventLoop& loop;
+    HeaderStrip& strip;
+  };
+  explicit Dispatcher(const Doors& doors) : doors_(doors) {}
 
-  // The frame in `r_buf`. A poll's answer waits inside for two ticks of Timer1, with the event pump running.
+  // The frame in `r_buf`.
   void dispatch();
-  // One tick of Timer1: the stopwatch of waits, in units of 20 ms.
-  void tick();
+  // Sends the answer to one poll: the first two set the controller's calendar and clock.
+  void answer_poll();
 
  private:
   void show_link(bool up);
   void report_link(bool up);
   void report_programme(bool running);
   void report_status(std::uint8_t bits);
-  void answer_poll();
 
-  LinkState& state_;
-  Link& link_;
-  EventLoop& loop_;
-  HeaderStrip& strip_;
+  const Doors doors_;
 };
 
 }  // namespace evac

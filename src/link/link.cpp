@@ -52,43 +52,46 @@ std::uint8_t digits_as_hex(int decimal) {
 }
 
 void Link::reset_receiver() {
-  state_.rx_state = 0;
-  state_.rx_count = 0;
+  doors_.state.rx_state = 0;
+  doors_.state.rx_count = 0;
 }
 
 void Link::receive() {
-  while (const auto byte = port_.read()) take(*byte);
+  while (const auto byte = doors_.port.read())
+    if (take(*byte)) return;
 }
 
-void Link::take(std::uint8_t byte) {
-  switch (state_.rx_state) {
+bool Link::take(std::uint8_t byte) {
+  LinkState& state = doors_.state;
+  switch (state.rx_state) {
     case 0:
-      if (byte != kSync) return;
-      state_.r_frame[0] = kSync;
-      state_.rx_state = 1;
-      return;
+      if (byte != kSync) return false;
+      state.r_frame[0] = kSync;
+      state.rx_state = 1;
+      return false;
     case 1:
-      state_.rx_count = 0;
-      state_.rx_state = byte == kSync ? 2 : 0;
-      if (byte == kSync) state_.r_frame[1] = kSync;
-      return;
+      state.rx_count = 0;
+      state.rx_state = byte == kSync ? 2 : 0;
+      if (byte == kSync) state.r_frame[1] = kSync;
+      return false;
     default: {
-      const auto at = static_cast<std::size_t>(state_.rx_count);
-      state_.r_frame[at + kSyncBytes] = byte;
-      state_.r_buf[at] = byte;
-      if (++state_.rx_count < kBodyBytes) return;
+      const auto at = static_cast<std::size_t>(state.rx_count);
+      state.r_frame[at + kSyncBytes] = byte;
+      state.r_buf[at] = byte;
+      if (++state.rx_count < kBodyBytes) return false;
       reset_receiver();
       frame_received();
+      return true;
     }
   }
 }
 
 void Link::SendZoneSet(int channel, int volume, int zone) {
-  send(state_.h_buf, kCmdAddress, {ToByte(channel), ToByte(volume), kZoneAddress, ToByte(zone), 0});
+  send(doors_.state.h_buf, kCmdAddress, {ToByte(channel), ToByte(volume), kZoneAddress, ToByte(zone), 0});
 }
 
 void Link::SendTermSet(int channel, int volume, int terminal) {
-  send(state_.h_buf, kCmdAddress,
+  send(doors_.state.h_buf, kCmdAddress,
        {ToByte(channel), ToByte(volume), kTerminalAddress, ToByte(terminal % 256), ToByte(terminal / 256)});
 }
 
@@ -104,42 +107,45 @@ void Link::SendMatrix(const std::array<std::uint8_t, 4>& pairs) {
 }
 
 void Link::SendAllStop() {
-  send(state_.h_buf, kAllStop.command, kAllStop.data);
+  doors_.state.alarm_zones_on = false;
+  send(doors_.state.h_buf, kAllStop.command, kAllStop.data);
 }
 
 void Link::SendAlertStart() {
-  for (const auto& frame : kAlertStart) send(state_.h_buf, frame.command, frame.data);
+  doors_.state.alarm_zones_on = true;
+  for (const auto& frame : kAlertStart) send(doors_.state.h_buf, frame.command, frame.data);
 }
 
 void Link::SendSeqPower(int code, int mask) {
-  send(state_.t_buf, kCmdSeqPower, {ToByte(code), ToByte(mask), kSeqPowerMark, 0, 0});
+  send(doors_.state.t_buf, kCmdSeqPower, {ToByte(code), ToByte(mask), kSeqPowerMark, 0, 0});
 }
 
 void Link::SendAlarm9(bool on) {
-  send(state_.t_buf, kCmdAlarm9, {0, on ? kPowerOn : kPowerOff, 0, 0, 0});
+  if (!on) doors_.state.alarm_zones_on = false;
+  send(doors_.state.t_buf, kCmdAlarm9, {0, on ? kPowerOn : kPowerOff, 0, 0, 0});
 }
 
 void Link::SendAlarm10(bool on) {
-  send(state_.t_buf, kCmdAlarm10, {on ? kPowerOn : kPowerOff, 0, 0, 0, 0});
+  send(doors_.state.t_buf, kCmdAlarm10, {on ? kPowerOn : kPowerOff, 0, 0, 0, 0});
 }
 
 void Link::SendScanQuery(int terminal) {
-  send(state_.h_buf, kCmdScanQuery,
+  send(doors_.state.h_buf, kCmdScanQuery,
        {kScanMark, ToByte(terminal % 256), ToByte(nearest_high_byte(terminal)), 0, 0});
 }
 
 void Link::SendPollAnswer() {
-  send(state_.t_buf, kCmdPollAnswer, {kPollMark, 0, 0, 0, 0});
+  send(doors_.state.t_buf, kCmdPollAnswer, {kPollMark, 0, 0, 0, 0});
 }
 
 void Link::SendDate(Date today) {
-  send(state_.t_buf, kCmdCalendar,
+  send(doors_.state.t_buf, kCmdCalendar,
        {kDateMark, ToByte(year_number(today) % 100), ToByte(month_number(today)), ToByte(day_number(today)),
         ToByte(weekday_number(today))});
 }
 
 void Link::SendTime(int second_of_day) {
-  send(state_.t_buf, kCmdCalendar,
+  send(doors_.state.t_buf, kCmdCalendar,
        {kTimeMark, ToByte(second_of_day / 3600), ToByte(second_of_day / 60 % 60), ToByte(second_of_day % 60),
         0});
 }
@@ -148,7 +154,7 @@ void Link::send(Frame9& buffer, std::uint8_t command, const std::array<std::uint
   buffer = {kSync, kSync, command, data[0], data[1], data[2], data[3], data[4], 0};
   buffer.back() =
       static_cast<std::uint8_t>(std::accumulate(buffer.begin() + kSyncBytes, buffer.end() - 1, 0) & 0xFF);
-  port_.write(buffer);
+  doors_.port.write(buffer);
 }
 
 }  // namespace evac

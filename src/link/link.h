@@ -19,16 +19,21 @@ class Link {
   static constexpr int kSourceCommand = 6;
   static constexpr int kCdDeck = 11, kTuner = 12, kMp3Deck = 13;
 
-  Link(LinkState& state, SerialPort& port) : state_(state), port_(port) {}
+  struct Doors {
+    LinkState& state;
+    SerialPort& port;
+  };
+  explicit Link(const Doors& doors) : doors_(doors) {}
 
   // Sync off, no body: the state at start.
   void reset_receiver();
   // Called with each complete frame, while the machine is ready for the next one.
   Event<> frame_received;
-  // Takes all that waits in the port's buffer.
+  // Takes what waits in the port's buffer up to the end of a frame. The rest is an event of its own, so that
+  // whoever waits for a frame sees it before the next one takes its place.
   void receive();
-  // One byte through the receive machine.
-  void take(std::uint8_t byte);
+  // One byte through the receive machine; true when it was the last of a frame.
+  bool take(std::uint8_t byte);
 
   // All of these fault with an overflow when an argument does not fit its byte; then nothing is sent.
   // Channel, volume and zone as numbers.
@@ -55,8 +60,7 @@ class Link {
  private:
   void send(Frame9& buffer, std::uint8_t command, const std::array<std::uint8_t, 5>& data);
 
-  LinkState& state_;
-  SerialPort& port_;
+  const Doors doors_;
 };
 
 }  // namespace evac

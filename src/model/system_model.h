@@ -4,6 +4,8 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,14 +33,18 @@ struct LinkState {
   Frame9 r_frame{};                      // the last frame as on the wire
   std::uint8_t rx_state = 0;             // 0 first sync byte, 1 second, 2 body
   std::int16_t rx_count = 0;             // body bytes so far, 0..6
-  std::int16_t reply_wait =
-      255;  // 255 idle, 0..242 scan waits, 243..244 poll answer waits, 245 over, 249 data came
+  std::optional<Instant> last_poll;
+  bool alarm_zones_on = false;         // from the alert sequence until a stop of all
   std::uint8_t poll_answer_state = 0;  // 0 date next, 1 time next, 2 steady
   std::uint8_t link_state = 0;         // 1 down, 2 up; written only
   std::uint8_t prog_state = 0;         // 1 suspended, 2 running; written only
   std::uint8_t status_line_count = 0;  // frames since the line of polling text was cleared
-  std::string link_mode_text =
-      "Данные каналов";  // the dispatcher keeps that line while this is "Данные каналов"
+};
+
+// A list of names by the number of its line; the edition grows with each load or save.
+struct NumberedNames {
+  std::map<int, std::string> by_number;
+  int edition = 0;
 };
 
 // Zones and terminals. Channels: 1..5, 0 none. Indexed by number.
@@ -48,6 +54,9 @@ struct ZoneState {
   BoundedArray<bool, 1, kZones> ZoneOn;
   BoundedArray<std::int16_t, 1, kZones> ZoneChanScan;
   BoundedArray<std::int16_t, 1, kZones> ZoneVolScan;
+  // As the settings of the zones and the list of their names were last loaded or saved.
+  BoundedArray<bool, 1, kZones> in_use;
+  NumberedNames names;
   bool AllZonesOn = false;
   bool ChosenZonesOn = false;
 };
@@ -131,6 +140,13 @@ struct AlertState {
   bool msg_manual = false;
   bool msg_cancel = false;
   bool al_all_on = false;
+  // What runs while al_active is set: the zone that the block reported (0: none), and an algorithm, from its
+  // first step on.
+  std::int16_t block_zone = 0;
+  bool alg_running = false, alg_by_contact = false;
+  std::int16_t test_zone = 0;  // of the test start that the operator confirmed last
+  // How often an alert has switched each of them off.
+  int timer_silenced = 0, control_silenced = 0, player_silenced = 0;
   std::array<std::int32_t, kBanks> fire_bits{};
   BoundedArray<std::array<std::int32_t, kSeenEntries>, 1, kBanks> fire_seen;
   std::int16_t di_card0 = -1, di_card1 = -1;
@@ -139,16 +155,23 @@ struct AlertState {
   std::int32_t alg_rep = 0, al_rep = 0, man_rep = 0;
   // Times of day in whole seconds.
   std::int32_t alg_end = 0, al_end = 0, man_end = 0;
+
+  void clear_active() {
+    al_active = alg_running = false;
+    block_zone = 0;
+  }
 };
 
 // The steps of the algorithms, by zone of fire and step; an empty text is no such step.
 struct AlgorithmState {
   BoundedArray<BoundedArray<std::string, 1, kAlgorithmSteps>, 1, kZones> AlgZoneTable;
+  int edition = 0;  // grows with each load or save of the table
 };
 
 // The message files, in the order in which they are listed.
 struct MessageState {
   std::vector<std::string> MessageLengths;  // "0:00:10" of each file
+  std::string mp1_file;                     // the file that MP1 was given last
 };
 
 struct SupervisionState {

@@ -1,6 +1,7 @@
 // The listers of drives, folders and files: lists that read the disk when they are pointed at a place.
 #pragma once
 
+#include <algorithm>
 #include <string>
 
 #include "platform/controls.h"
@@ -8,7 +9,7 @@
 
 namespace evac {
 
-// The drives that exist, as "C:" and so on.
+// The drives that exist, as "C:" and so on; a refresh keeps the chosen one chosen while it is there.
 class DriveLister : public RowControl {
  public:
   DriveLister(const Place& place, std::string_view name, Files& files)
@@ -16,8 +17,12 @@ class DriveLister : public RowControl {
     refresh();
   }
   void refresh() {
-    clear();
-    for (const auto& drive : files_.drives()) add(drive);
+    const auto drives = files_.drives();
+    for (int i = count() - 1; i >= 0; --i)
+      if (std::ranges::find(drives, row(i)) == drives.end()) remove(i);
+    for (int i = 0; i < static_cast<int>(drives.size()); ++i)
+      if (const auto& drive = drives[static_cast<std::size_t>(i)]; i == count() || row(i) != drive)
+        insert(i, drive);
   }
 
  private:

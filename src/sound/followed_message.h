@@ -17,20 +17,32 @@ class FollowedMessage {
     std::int32_t& end;
     const SettingsState& settings;
     EventLoop& loop;
+    std::string* file_given = nullptr;  // where the file last given to the media is kept, if anywhere
   };
   // Keeps the end, a time of day in whole seconds, in `end`.
   explicit FollowedMessage(const Doors& doors) : doors_(doors) {}
 
-  // Plays a file of the folder "message". Returns the whole seconds to its end, one more than the file has;
-  // none when it can't be opened, and then the end stays as it was.
+  // Plays a file of the folder "message". A play takes a second more than its file, to the nearest second,
+  // ties up. Returns the whole part of that time, the figure for the journal; none when the file can't be
+  // opened, and then the end stays as it was.
   std::optional<int> play(std::string_view file);
   // Whole seconds from now to the end; negative once it is past, and until midnight where it lies behind it.
   int left() const;
+  // Whether the last play could be opened; so it is before the first one, and once the outcome is forgotten.
+  bool opened() const { return opened_; }
+  void forget_outcome() { opened_ = true; }
+  // Plays that could be opened, so far.
+  int plays() const { return plays_; }
+  // The second of the end has passed unseen: it is more than a second ago, and does not lie behind midnight.
+  bool overdue() const;
   // Sets the end so many seconds from now, whatever plays.
   void end_in(int seconds);
 
  private:
   const Doors doors_;
+  bool opened_ = true;
+  int plays_ = 0;
+  int started_ = 0;  // time of day of the last play
 };
 
 // Path of a file in the folder "message".

@@ -45,6 +45,7 @@ void AlertStore::SaveSettings() {
 }
 
 void AlertStore::LoadAlgorithms() {
+  ++doors_.algorithms.edition;
   auto& table = doors_.algorithms.AlgZoneTable;
   for (auto& steps : table) steps.fill({});
   RecordFile file(doors_.files, doors_.settings.data_path(kAlgorithmFile), kAlgorithmRecordLength);
@@ -76,6 +77,7 @@ void AlertStore::SaveAlgorithms(const AlgorithmLines& lines) {
     doors_.boxes.message(join(kAlgorithmWriteFault, error));
     return;
   }
+  ++doors_.algorithms.edition;
   for (int n = 1; n <= kZones; ++n)
     for (std::size_t i = 0; i < lines[n].size(); ++i)
       doors_.algorithms.AlgZoneTable[n][static_cast<int>(i) + 1] = lines[n][i];

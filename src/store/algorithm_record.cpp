@@ -25,6 +25,10 @@ std::string AlgField(std::string_view record, int n) {
   return Trim(Mid(record, before + n, count));
 }
 
+bool has_alarm_mark(std::string_view record) {
+  return AlgField(record, kAlgZones).starts_with(kAlarmMark);
+}
+
 std::string algorithm_record(std::string_view number, int order, std::string_view message,
                              std::string_view plays, std::string_view zones) {
   return join(Left(number, kNumberLength), kEnds[0], order, kEnds[1], Left(message, kMessageLength), kEnds[2],

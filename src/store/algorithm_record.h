@@ -17,6 +17,9 @@ inline constexpr std::string_view kAlarmMark = "7";
 // empty record.
 std::string AlgField(std::string_view record, int n);
 
+// Whether the zones of the record, its fifth field, begin with the alarm mark.
+bool has_alarm_mark(std::string_view record);
+
 // Number and plays are cut to 3 characters, the message to 20.
 std::string algorithm_record(std::string_view number, int order, std::string_view message,
                              std::string_view plays, std::string_view zones);

@@ -148,7 +148,7 @@ struct Bench : Form {
 
 TEST_F(SpokenDesktop, WhatNoRoomStandsBehindIsOffAndSaysSo) {
   Bench bench(desktop->console().windows());
-  const HostParts host{desktop->notices(), [](QWidget*) { return nullptr; }};
+  const HostParts host{desktop->notices(), desktop->feed(), [](QWidget*) { return nullptr; }};
   QWidget parent;
   LayoutBuilder builder(desktop->screen(), host);
   const auto made = [&](Control& control) { return builder.build(use(control), &parent); };
