@@ -119,10 +119,17 @@ void FormWindow::make_menu(const WindowLayout& layout, QLayout& place) {
 
 void FormWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
+  QWidget* first = nullptr;
   for (OptionButton* option : opens_on_)
-    if (option->value())
-      if (const auto faces = screen_.faces(*option); !faces.empty())
-        faces.front()->widget().setFocus(Qt::ActiveWindowFocusReason);
+    if (const auto faces = screen_.faces(*option); option->value() && !faces.empty())
+      first = &faces.front()->widget();
+  // Else the first control, not the bar above it.
+  for (QWidget* next = nextInFocusChain(); !first && parentWidget() && next != this;
+       next = next->nextInFocusChain())
+    if (next->focusPolicy() & Qt::TabFocus && next->isEnabled() && next->isVisible() &&
+        !qobject_cast<WatchBar*>(next))
+      first = next;
+  if (first) first->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

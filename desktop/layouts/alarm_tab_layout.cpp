@@ -7,7 +7,7 @@ namespace {
 
 Node status_lines(AlarmTab& tab) {
   return column(
-             {use(tab.LblU[kModeLine]).shown(Look::kHuge).wide(20).high(3.2).called("Оповещение").grow(3),
+             {use(tab.LblU[kModeLine]).shown(Look::kHuge).wide(20).high(3).called("Оповещение").grow(3),
               use(tab.LblU[kSecondLine]).shown(Look::kHuge).wide(20).high(1.7).called("Оповещение").grow(2),
               row({words("Осталось").wide(5), use(tab.LblT)
                                                   .shown(Look::kHuge)
@@ -22,7 +22,7 @@ Node status_lines(AlarmTab& tab) {
 }
 
 Node emergency(Button& button, const char* letter, Look look = Look::kBig) {
-  return use(button).shown(look).high(3).key(letter).grow(1);
+  return use(button).shown(look).high(2.7).key(letter).grow(1);
 }
 
 // The words stand over their bar.

@@ -74,7 +74,7 @@ Node key(Button& button, std::string_view sign_shown, const std::string& what) {
 
 Node deck(Frame& around, const std::string& source, ControlArray<Button>& keys, Label& state,
           SourceOutputs& outputs) {
-  return frame(around, column({use(state).shown(Look::kValue).high(1.6).wide(16).called(source),
+  return frame(around, column({use(state).shown(Look::kValue).high(1.4).wide(16).called(source),
                                row({key(keys[0], sign::kPlay, source + " воспроизведение"),
                                     key(keys[2], sign::kPrevious, source + " предыдущая дорожка"),
                                     key(keys[1], sign::kNext, source + " следующая дорожка"),
@@ -85,7 +85,7 @@ Node deck(Frame& around, const std::string& source, ControlArray<Button>& keys, 
 
 Node tuner(SourcesTab& tab) {
   return frame(tab.Frame3,
-               column({use(tab.LblT).shown(Look::kValue).high(1.6).wide(16).called("Тюнер"),
+               column({use(tab.LblT).shown(Look::kValue).high(1.4).wide(16).called("Тюнер"),
                        row({use(tab.CmdT[0]).high(2.2).grow(1), use(tab.CmdT[1]).high(2.2).grow(1),
                             key(tab.CmdT[3], sign::kPrevious, "Предыдущая станция"),
                             key(tab.CmdT[2], sign::kNext, "Следующая станция"),

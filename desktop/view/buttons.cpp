@@ -40,9 +40,11 @@ void draw_cell(QPainter& p, const QRect& area, const CellState& state, const QSt
   if (text.isEmpty()) return;
   QRect inside = area.adjusted(3, 3, -2, -3);
   if (const int channel = channel_of(state.color); state.on && channel)
-    inside.setLeft(inside.left() + draw_swatch(p, inside, screen_color(state.color)));
+    inside.setLeft(inside.left() + draw_swatch(p, inside, screen_color(state.color), channel));
   QFont font = p.font();
   font.setBold(state.on);
+  const int needed = QFontMetrics(font).horizontalAdvance(text);
+  if (needed > inside.width()) font.setStretch(100 * inside.width() / needed);
   p.setFont(font);
   p.setPen(state.on || (state.enabled && state.raised) ? grey::kText : grey::kFaint);
   p.drawText(inside, Qt::AlignCenter, text);
@@ -178,7 +180,7 @@ OptionView::OptionView(OptionButton& control, Screen& screen, const Node& node, 
   setText(qt(control.caption()));
   QFont bold = font();
   bold.setBold(true);
-  keep_size(node, ring_size() + QFontMetrics(bold).horizontalAdvance(text()) + line_ * 2 / 3, line_ * 4 / 3);
+  keep_size(node, ring_size() + QFontMetrics(bold).horizontalAdvance(text()) + line_ * 2 / 3, line_ * 5 / 4);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
 }
@@ -221,7 +223,7 @@ QStringList OptionView::values() const {
 CheckView::CheckView(CheckBox& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent) {
   setText(qt(control.caption()));
-  keep_size(node, line_ + fontMetrics().horizontalAdvance(text()) + line_ * 2 / 3, line_ * 4 / 3);
+  keep_size(node, line_ + fontMetrics().horizontalAdvance(text()) + line_ * 2 / 3, line_ * 5 / 4);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
 }

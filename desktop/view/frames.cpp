@@ -28,9 +28,7 @@ class WideTabs : public QTabBar {
     for (int tab = 0; tab < count(); ++tab) {
       const bool front = tab == currentIndex();
       const QRect area = tabRect(tab).adjusted(1, front ? 0 : 2, -1, 0);
-      p.setPen(grey::kLine);
-      p.setBrush(front ? grey::kField : grey::kFace);
-      p.drawRect(area.adjusted(0, 0, -1, -1));
+      draw_field(p, area, front ? grey::kField : grey::kFace);
       if (front) p.fillRect(area.adjusted(0, 0, 0, 4 - area.height()), grey::kFocus);
       QFont font = this->font();
       font.setBold(front);

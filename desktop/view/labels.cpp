@@ -76,7 +76,7 @@ QStringList LabelView::values() const {
 QFont LabelView::fitting_font(const QString& text) const {
   QFont font = this->font();
   if (look_ != Look::kHuge) return font;
-  double size = font.pointSizeF() * std::clamp(double(height()) / minimumSizeHint().height(), 1.0, 2.0);
+  double size = font.pointSizeF() * std::clamp(double(height()) / minimumSizeHint().height(), 1.0, 2.5);
   const QRect area = rect().adjusted(2, 0, -2, 0);
   const double least = QApplication::font().pointSizeF();
   for (; size > least; size -= 1) {
@@ -102,9 +102,7 @@ void LabelView::paintEvent(QPaintEvent*) {
   QColor back = grey::kWindow;
   if (!plain || says) {
     back = look_ == Look::kValue && !says ? grey::kField : screen_color(control_.back_color());
-    p.setPen(grey::kLine);
-    p.setBrush(back);
-    p.drawRect(rect().adjusted(0, 0, -1, -1));
+    draw_field(p, rect(), back);
   }
   p.setPen(isEnabled() ? text_upon(back) : grey::kFaint);
   const int channel = look_ == Look::kSwatch ? channel_of(control_.back_color()) : 0;

@@ -93,7 +93,8 @@ QWidget* LayoutBuilder::build(const Node& node, QWidget* parent) {
     case Node::What::kStandButton:
       return host_.stand_button(parent);
     case Node::What::kCloseButton: {
-      auto* button = new QPushButton(QStringLiteral("Закрыть"), parent);
+      auto* button = new QPushButton(QStringLiteral("&Закрыть"), parent);
+      button->setMinimumHeight(button->fontMetrics().height() * 2);
       QObject::connect(button, &QPushButton::clicked, button, [button] { button->window()->close(); });
       return button;
     }

@@ -13,6 +13,8 @@
 namespace evac::desktop {
 namespace {
 
+constexpr int kNumberedSwatch = 36;  // pixels of a cell that has room for the number of its channel
+
 QRectF square_in(const QRectF& area) {
   const double side = std::min(area.width(), area.height());
   return {area.center().x() - side / 2, area.center().y() - side / 2, side, side};
@@ -269,25 +271,34 @@ QString lamp_words(std::string_view word) {
   return qt(lamp_of(word).aloud);
 }
 
-int draw_swatch(QPainter& p, const QRect& area, const QColor& color) {
-  const int width = std::max(7, area.width() / 6);
-  draw_cached(p, QRect(area.left(), area.top(), width, area.height()),
-              QStringLiteral("swatch %1").arg(color.rgb()), [&](QPainter& painter, const QRectF& box) {
+int draw_swatch(QPainter& p, const QRect& area, const QColor& color, int channel) {
+  const bool numbered = channel > 0 && area.width() >= kNumberedSwatch;
+  const int width = numbered ? std::max(10, area.width() / 5) : 7;
+  const QRect box(area.left(), area.top(), width, area.height());
+  draw_cached(p, box, QStringLiteral("swatch %1").arg(color.rgb()),
+              [&](QPainter& painter, const QRectF& whole) {
                 painter.setPen(QPen(grey::kLine, 1));
                 painter.setBrush(color);
-                painter.drawRect(box.adjusted(0.5, 0.5, -0.5, -0.5));
+                painter.drawRect(whole.adjusted(0.5, 0.5, -0.5, -0.5));
               });
+  if (!numbered) return width;
+  p.save();
+  QFont small = p.font();
+  small.setPixelSize(width);
+  small.setBold(false);
+  p.setFont(small);
+  p.setPen(text_upon(color));
+  p.drawText(box, Qt::AlignCenter, QString::number(channel));
+  p.restore();
   return width;
 }
 
-void draw_channel_sign(QPainter& p, const QRectF& area, int channel) {
-  if (channel == 0) return;
+void draw_field(QPainter& p, const QRect& area, const QColor& ground) {
   p.save();
-  QFont font = p.font();
-  font.setPointSizeF(font.pointSizeF() * 0.65);
-  font.setBold(false);
-  p.setFont(font);
-  p.drawText(area.adjusted(0, 0, -3, 0), Qt::AlignRight | Qt::AlignBottom, QString::number(channel));
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setPen(QPen(grey::kLine, 1));
+  p.setBrush(ground);
+  p.drawRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5));
   p.restore();
 }
 
