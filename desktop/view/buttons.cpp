@@ -26,6 +26,7 @@ QString with_letter(QString caption, const QString& letter) {
 }  // namespace
 
 QFont font_of(Look look, QFont font) {
+  if (look == Look::kHead) font.setPointSizeF(font.pointSizeF() * 0.85);
   if (look == Look::kBig || look == Look::kStop || look == Look::kTitle || look == Look::kHuge) {
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * (look == Look::kHuge ? 1.5 : look == Look::kTitle ? 1.25 : 1.1));

@@ -76,7 +76,7 @@ QStringList LabelView::values() const {
 QFont LabelView::fitting_font(const QString& text) const {
   QFont font = this->font();
   if (look_ != Look::kHuge) return font;
-  double size = font.pointSizeF() * std::clamp(double(height()) / minimumSizeHint().height(), 1.0, 2.5);
+  double size = font.pointSizeF() * std::clamp(double(height()) / minimumSizeHint().height(), 1.0, 1.6);
   const QRect area = rect().adjusted(2, 0, -2, 0);
   const double least = QApplication::font().pointSizeF();
   for (; size > least; size -= 1) {

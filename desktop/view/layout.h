@@ -15,6 +15,7 @@ namespace evac::desktop {
 enum class Look {
   kNormal,
   kBig,      // an operator's chief button, a heading
+  kHead,     // small words over what they belong to
   kHuge,     // a status line to be read from across the room
   kStop,     // the button that ends an alert
   kTitle,    // the heading of a window or of the strip

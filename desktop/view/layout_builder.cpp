@@ -20,7 +20,6 @@ namespace evac::desktop {
 namespace {
 
 constexpr int kGap = 6, kTightGap = 1;
-constexpr double kHeadSize = 0.85;  // of the heads over a board
 
 template <class View, class ControlType>
 QWidget* make_view(Control& control, Screen& screen, const Node& node, QWidget* parent) {
@@ -54,9 +53,7 @@ Node cell_of(const Node& board, const Controls& controls, int at) {
 
 QLabel* make_head(const std::string& text, QWidget* parent) {
   auto* head = new QLabel(qt(text), parent);
-  QFont small = head->font();
-  small.setPointSizeF(small.pointSizeF() * kHeadSize);
-  head->setFont(small);
+  head->setFont(font_of(Look::kHead, head->font()));
   head->setAlignment(Qt::AlignCenter);
   return head;
 }

@@ -168,11 +168,12 @@ void draw_lamp_of_fire(QPainter& p, const QRectF& box) {
   p.setBrush(signal::kFire);
   p.drawPath(polygon(box, {{x, 0}, {1 - x, 0}, {1, y}, {1, 1 - y}, {1 - x, 1}, {x, 1}, {0, 1 - y}, {0, y}}));
 }
-// A zone that hears the message: a loudspeaker's waves on both sides of its number.
+// A zone that hears the message: a loudspeaker's waves on both sides of its number, where there is room.
 void draw_lamp_alerted(QPainter& p, const QRectF& box) {
   p.setPen(QPen(grey::kText, 1.5));
   p.setBrush(signal::kAlerted);
   p.drawRoundedRect(box, box.height() / 2, box.height() / 2);
+  if (box.width() < 1.4 * box.height()) return;
   p.setBrush(Qt::NoBrush);
   p.setPen(QPen(Qt::white, 1.5, Qt::SolidLine, Qt::RoundCap));
   const double reach = box.height() * 0.7;

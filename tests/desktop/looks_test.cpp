@@ -172,9 +172,11 @@ TEST_F(Looks, WhatIsPressedInAnEmergencyIsHighEnoughForAFinger) {
     for (Button& cell : *array) EXPECT_GE(widget(cell)->height(), 30) << cell.full_name();
 }
 
-TEST_F(Looks, OnASmallScreenATabScrollsToTheControlThatHasTheKeyboard) {
+TEST_F(Looks, OnASmallScreenTheStopIsSeenAndATabScrollsToItsControls) {
   resize_main(1024, 700);
   EXPECT_LE(main_window().width(), 1024);
+  settle();
+  EXPECT_EQ(widget(form1().CmdStF)->visibleRegion().boundingRect(), widget(form1().CmdStF)->rect());
   form1().SSTab1.set_value(1);
   settle();
   QApplication::processEvents();
