@@ -50,7 +50,8 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
         [this](int card, int port) { return training_->rack().contact_word(card, port); });
-  files_.make_folder(kProgramFolder);
+  // It is there from the second start on; what it is needed for says so if it can't be made.
+  (void)files_.make_folder(kProgramFolder);
   host_.before_wait = [this] { screen_.flush(); };
   boxes_.before_box = [this] { screen_.flush(); };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };

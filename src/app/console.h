@@ -27,6 +27,7 @@
 #include "model/system_model.h"
 #include "platform/machine.h"
 #include "store/alert_store.h"
+#include "store/data_folder.h"
 #include "supervision/clock_line.h"
 
 namespace evac {
@@ -74,6 +75,7 @@ class Console {
   SystemModel model_;
   Windows windows_;
   Forms forms_;
+  DataFolder data_folder_;
   Journal journal_;
   Link link_;
   ReplyWait reply_wait_;

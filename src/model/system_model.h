@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/bounded_array.h"
@@ -192,6 +193,29 @@ struct CalendarState {
   Date journal_day{};  // day of the last header of the journal
 };
 
+// A file whose reading left records untaken that are not empty, the one that stopped it included.
+struct CutFile {
+  std::string file;   // in the data folder, "alarm\\f_al.dat"
+  bool cut = false;   // by the last reading
+  bool kept = false;  // a save behind a cut reading kept the file as it was then
+
+  // "f_al.dat", for the operator.
+  std::string_view name() const { return std::string_view(file).substr(file.rfind('\\') + 1); }
+};
+// What follows the name of a file that was kept.
+inline constexpr std::string_view kKeptEnding = ".bak";
+
+// Files that were once cut in this run of the program.
+struct FilesState {
+  CutFile* find(std::string_view file) {
+    for (auto& known : cut_files)
+      if (known.file == file) return &known;
+    return nullptr;
+  }
+  std::vector<CutFile> cut_files;
+  int edition = 0;  // grows with each change
+};
+
 struct SystemModel {
   LinkState link;
   ZoneState zones;
@@ -207,6 +231,7 @@ struct SystemModel {
   TimerState timer;
   PlayerState player;
   CalendarState calendar;
+  FilesState files;
 };
 
 }  // namespace evac
