@@ -1,7 +1,9 @@
 #include "desktop/desktop.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 
 #include "desktop/layouts/layouts.h"
@@ -59,6 +61,10 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
   windows_.set_layouts(all_layouts(console_->forms()));
   feed_.follow(console_->watch());
+  QObject::connect(&feed_, &WatchFeed::changed, &feed_, [this] {
+    for (Picture& lamp : console_->form1().PctA)
+      screen_.set_burning(lamp, feed_.closed(lamp.index().value_or(0)));
+  });
   feed_.show_alarm_panel = [this] { screen_.act([this] { console_->form1().SSTab1.set_value(kAlarmTab); }); };
   qApp->installEventFilter(this);
   QObject::connect(&device_watch_, &QTimer::timeout, &device_watch_, [this] { look_after_devices(); });
@@ -122,11 +128,16 @@ void Desktop::look_after_devices() {
 
 QWidget* Desktop::make_stand_button(QWidget* parent) {
   if (!stand_) return nullptr;
-  auto* button = new QPushButton(qt(Stand::kName), parent);
+  auto* part = new QWidget(parent);
+  auto* button = new QPushButton(QStringLiteral("С&тенд"), part);
   button->setObjectName(qt(Stand::kName));
   button->setToolTip(QStringLiteral("Окно виртуальной стойки"));
   QObject::connect(button, &QPushButton::clicked, button, [this] { stand_->bring_up(); });
-  return button;
+  auto* layout = new QHBoxLayout(part);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(new QLabel(QStringLiteral("Учебный режим: «Стенд» → нажмите контакт"), part));
+  layout->addWidget(button);
+  return part;
 }
 
 HostSetup training_setup(const std::filesystem::path& folder) {

@@ -34,6 +34,12 @@ void Screen::act(std::function<void()> deed) {
   });
 }
 
+void Screen::set_burning(Picture& lamp, bool on) {
+  if (on == is_burning(lamp)) return;
+  on ? void(burning_.insert(&lamp)) : void(burning_.erase(&lamp));
+  if (const auto at = views_.find(&lamp); at != views_.end()) at->second->control_changed(lamp);
+}
+
 void Screen::flush() {
   while (!changed_.empty()) {
     const auto views = std::exchange(changed_, {});

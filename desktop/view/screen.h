@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string_view>
 #include <vector>
 
@@ -52,6 +53,10 @@ class Screen {
   // Whether the innermost event that runs is such a deed.
   bool in_act() const { return loop_.running() != 0 && loop_.running() == act_; }
 
+  // A lamp that burns keeps the sign of fire whatever picture it is given.
+  void set_burning(Picture& lamp, bool on);
+  bool is_burning(const Picture& lamp) const { return burning_.contains(&lamp); }
+
   // Where a pop-up menu comes up: the place of the last right press.
   void set_popup_place(QPoint place) { popup_place_ = place; }
   QPoint popup_place() const { return popup_place_; }
@@ -76,6 +81,7 @@ class Screen {
   std::uint64_t act_ = 0;  // the innermost deed, as the loop numbers its events
   std::map<const Control*, std::unique_ptr<View>> views_;
   std::vector<View*> changed_;
+  std::set<const Picture*> burning_;
   QPoint popup_place_;
 };
 

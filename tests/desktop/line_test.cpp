@@ -50,16 +50,16 @@ TEST_F(Line, APollIsAnsweredUnderAModalWindowButHeldByABox) {
     });
   };
   poll_and_look([&] {
-    seen = window("Form2").isVisible();
+    seen = window(forms().form2).isVisible();
     reached_below = user::reaches(form1().CmdTW1[0]);
-    window("Form2").close();
+    window(forms().form2).close();
   });
   desktop->screen().act([this] { user::click(form1().M_o_p); });
   settle();
   EXPECT_TRUE(seen);
   EXPECT_FALSE(reached_below);
   EXPECT_EQ(answered_inside, 1);
-  EXPECT_FALSE(window("Form2").isVisible());
+  EXPECT_FALSE(window(forms().form2).isVisible());
 
   poll_and_look([] { dynamic_cast<QDialog&>(*QApplication::activeModalWidget()).accept(); });
   desktop->screen().act([this] { user::click(form1().M_op); });
