@@ -14,6 +14,7 @@ class PosixFiles : public Files {
   explicit PosixFiles(std::map<char, std::filesystem::path> drives) : drives_(std::move(drives)) {}
 
   int read(std::string_view path, std::string& bytes) override;
+  int read_end(std::string_view path, std::size_t count, std::string& bytes) override;
   int replace(std::string_view path, std::string_view bytes) override;
   int append(std::string_view path, std::string_view bytes) override;
   int remove(std::string_view path) override;
