@@ -21,6 +21,13 @@
 #include "link/reply_wait.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "player/add_panel.h"
+#include "player/player_power.h"
+#include "player/position.h"
+#include "player/tag_search.h"
+#include "player/track_choice.h"
+#include "player/track_removal.h"
+#include "player/volume.h"
 #include "store/alert_store.h"
 #include "supervision/clock_line.h"
 
@@ -50,6 +57,7 @@ class Console {
   void wire_console_settings();
   void wire_alert();
   void wire_alert_settings();
+  void wire_player();
   // The one place where a settings window is asked for; what guards it stands here.
   void open_settings(const std::function<void()>& open);
   void shutdown();
@@ -79,6 +87,22 @@ class Console {
   TerminalSettings terminal_settings_;
   ZoneConsole zone_console_;
   TerminalConsole terminal_console_;
+
+  // Player.
+  ListPanels list_panels_;
+  DriveSteps drive_steps_;
+  TrackList track_list_;
+  TagReader tag_reader_;
+  Volume volume_;
+  Transport transport_;
+  Position position_;
+  TrackChoice track_choice_;
+  ListLength list_length_;
+  AddPanel add_panel_;
+  PlayLists play_lists_;
+  TrackRemoval track_removal_;
+  TagSearch tag_search_;
+  PlayerPower player_power_;
 
   // Alert.
   ZoneLamps zone_lamps_;
