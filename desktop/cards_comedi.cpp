@@ -52,20 +52,21 @@ void ComediCards::release_card(std::int16_t handle) {
   cards_.erase(card);
 }
 
-void ComediCards::read_port(std::int16_t handle, int port, std::int32_t& word) {
+bool ComediCards::read_port(std::int16_t handle, int port, std::int32_t& word) {
   const auto card = cards_.find(handle);
-  if (card == cards_.end() || port < 0 || port >= kPorts) return;
+  if (card == cards_.end() || port < 0 || port >= kPorts) return false;
   Port& inputs = card->second.ports[static_cast<std::size_t>(port)];
   unsigned bits = 0;
-  if (comedi_dio_bitfield2(card->second.device, inputs.subdevice, 0, &bits, 0) < 0) {
-    if (inputs.trouble.empty())
-      inputs.trouble =
-          join("Плата ", int{handle}, ", порт ", port, " не читается: ", comedi_strerror(comedi_errno()));
-  } else {
+  const bool read = comedi_dio_bitfield2(card->second.device, inputs.subdevice, 0, &bits, 0) >= 0;
+  if (read) {
     inputs.last = static_cast<std::int32_t>(bits);
     inputs.trouble.clear();
+  } else if (inputs.trouble.empty()) {
+    inputs.trouble =
+        join("Плата ", int{handle}, ", порт ", port, " не читается: ", comedi_strerror(comedi_errno()));
   }
   word = inputs.last;
+  return read;
 }
 
 std::string ComediCards::trouble() const {

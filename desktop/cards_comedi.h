@@ -26,7 +26,7 @@ class ComediCards : public Cards {
   // The handle is the card's number; -1 when the device can't be opened or has no two ports of 32 inputs.
   std::int16_t register_card(int type, int number) override;
   void release_card(std::int16_t handle) override;
-  void read_port(std::int16_t handle, int port, std::int32_t& word) override;
+  bool read_port(std::int16_t handle, int port, std::int32_t& word) override;
 
   // What is wrong with the cards now, in the operator's words; empty when nothing is.
   std::string trouble() const;

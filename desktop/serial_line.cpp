@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kRetry = 1000ms, kBacklogShown = 250ms;
+constexpr auto kBacklogShown = 250ms;
 constexpr auto kLongBacklog = 1s;
 
 QString plain_reason(const QSerialPort& port) {
@@ -60,12 +60,10 @@ SerialLine::SerialLine(EventLoop& loop, std::map<int, QString> devices, Notices&
     QMetaObject::invokeMethod(
         this,
         [this] {
-          if (device_.isOpen()) lose();
+          if (device_.isOpen()) give_up();
         },
         Qt::QueuedConnection);
   });
-  retry_.setInterval(kRetry);
-  connect(&retry_, &QTimer::timeout, this, &SerialLine::try_again);
   backlog_.setInterval(kBacklogShown);
   connect(&backlog_, &QTimer::timeout, this, &SerialLine::show_backlog);
 }
@@ -75,18 +73,17 @@ SerialLine::~SerialLine() {
 }
 
 QString SerialLine::device() const {
-  const auto at = devices_.find(number_);
+  const auto at = devices_.find(port());
   return at == devices_.end() ? QString() : at->second;
 }
 
-std::optional<std::string> SerialLine::open_line(int number) {
-  number_ = number;
+std::optional<std::string> SerialLine::open_line(int) {
   const QString name = device();
-  if (name.isEmpty()) return "в host.ini для этого порта не названо устройство";
   if (std::exchange(closing_, false)) {
     if (device_.isOpen() && device_.portName() == name) return std::nullopt;
     device_.close();
   }
+  if (name.isEmpty()) return "в host.ini для этого порта не названо устройство";
   device_.setPortName(name);
   // A pseudo-terminal that already stands as it should takes a wish for parity as an error, here and below.
   const QScopedValueRollback configuring(configuring_, true);
@@ -100,8 +97,6 @@ void SerialLine::close_line(int) {
   // The console closes its port only to open one at once. The device is kept until it is known which, so that
   // frames that wait on the same line are not lost.
   closing_ = true;
-  retry_.stop();
-  notices_.take_back(Notices::kLine);
 }
 
 void SerialLine::configure_line(const std::string&) {
@@ -157,19 +152,19 @@ void SerialLine::take_bytes() {
   deliver({reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
 }
 
-void SerialLine::lose() {
+void SerialLine::give_up() {
   device_.close();
   free_ = {};
-  notices_.tell(
-      Notices::kLine,
-      QStringLiteral("Линия потеряна: COM%1 (%2)").arg(number_).arg(QFileInfo(device()).fileName()));
-  retry_.start();
+  lose();
 }
 
-void SerialLine::try_again() {
-  if (open_line(number_)) return;
-  retry_.stop();
-  notices_.take_back(Notices::kLine);
+void SerialLine::loss_changed(bool lost) {
+  if (lost)
+    notices_.tell(
+        Notices::kLine,
+        QStringLiteral("Линия потеряна: COM%1 (%2)").arg(port()).arg(QFileInfo(device()).fileName()));
+  else
+    notices_.take_back(Notices::kLine);
 }
 
 }  // namespace evac::desktop

@@ -15,8 +15,10 @@ class SimulatedCards : public Cards {
 
   std::int16_t register_card(int, int number) override { return static_cast<std::int16_t>(number); }
   void release_card(std::int16_t) override {}
-  void read_port(std::int16_t handle, int port, std::int32_t& word) override {
-    if (handle >= 0) word = static_cast<std::int32_t>(inputs_(handle, port));
+  bool read_port(std::int16_t handle, int port, std::int32_t& word) override {
+    if (handle < 0) return false;
+    word = static_cast<std::int32_t>(inputs_(handle, port));
+    return true;
   }
 
  private:

@@ -5,6 +5,7 @@
 
 #include "drill/drill.h"
 #include "model/text.h"
+#include "platform/listers.h"
 #include "store/code_page.h"
 
 namespace evac::drill {
@@ -40,10 +41,14 @@ void Drill::do_clock(const Words& words) {
 }
 
 void Drill::do_card(const Words& words) {
-  want(words, 3, "card 0 on");
+  want(words, 3, "card 0 on, off, fail or work");
   const int number = parse_int(words[1], "the card");
   if (number != 0 && number != 1) throw CommandError("the cards are 0 and 1");
-  machine_.set_card(number, parse_switch(words[2], "on", "off"));
+  const std::string& state = words[2].text;
+  if (state == "fail" || state == "work")
+    machine_.set_card_failing(number, state == "fail");
+  else
+    machine_.set_card(number, parse_switch(words[2], "on", "off"));
 }
 
 void Drill::do_contact(const Words& words) {
@@ -103,11 +108,17 @@ void Drill::do_drive(const Words& words) {
   const std::string& letter = words[1].text;
   if (letter.size() != 1 || letter[0] < 'A' || letter[0] > 'Z')
     throw CommandError("a drive is one capital letter");
-  if (letter == "C") throw CommandError("drive C is always ready");
-  if (parse_switch(words[2], "on", "off"))
+  const bool on = parse_switch(words[2], "on", "off");
+  if (letter == "C" && !on) throw CommandError("drive C is always ready");
+  if (on)
     machine_.mount_drive(letter[0]);
   else
-    machine_.files().unmount(letter[0]);
+    machine_.unmount_drive(letter[0]);
+  // The system tells whoever lists the drives.
+  if (!console_) return;
+  for (const Form* form : windows().forms())
+    for (Control* control : form->controls())
+      if (auto* lister = dynamic_cast<DriveLister*>(control)) lister->refresh();
 }
 
 void Drill::do_port(const Words& words) {
@@ -161,6 +172,18 @@ void Drill::do_wait(const Words& words) {
   }
   want(words, 2, "wait 5s, wait 250ms or wait until 23:59:59");
   machine_.allow(parse_duration(words[1].text));
+}
+
+void Drill::do_now(const Words& words) {
+  want(words, 1, "now");
+  const WallTime now = machine_.wall();
+  const Date today = date_of(now);
+  const int second = second_of_day(now);
+  char text[96];
+  std::snprintf(text, sizeof text, "= %04d-%02d-%02d %02d:%02d:%02d.%03d", year_number(today),
+                month_number(today), day_number(today), second / 3600, second / 60 % 60, second % 60,
+                static_cast<int>(now.time_since_epoch().count() % 1000));
+  print(text);
 }
 
 void Drill::do_rx(const Words& words) {

@@ -32,6 +32,7 @@ const std::map<std::string_view, Drill::Command>& Drill::commands() {
       {"quit", {&Drill::do_quit, true, true}},
       {"start", {&Drill::do_start, true, false}},
       {"wait", {&Drill::do_wait, false, true}},
+      {"now", {&Drill::do_now, false, true}},
       {"rx", {&Drill::do_rx, false, true}},
       {"frame", {&Drill::do_frame, false, true}},
       {"click", {&Drill::do_click, false, true}},
@@ -42,10 +43,13 @@ const std::map<std::string_view, Drill::Command>& Drill::commands() {
       {"key", {&Drill::do_key, false, true}},
       {"drag", {&Drill::do_drag, false, true}},
       {"drop", {&Drill::do_drop, false, true}},
+      {"press", {&Drill::do_press, false, true}},
+      {"release", {&Drill::do_release, false, true}},
       {"close", {&Drill::do_close, false, true}},
       {"get", {&Drill::do_get, false, true}},
+      {"watch", {&Drill::do_watch, false, true}},
       {"items", {&Drill::do_items, false, true}},
-      {"expect", {&Drill::do_expect, false, true}},
+      {"expect", {&Drill::do_expect, true, true}},
       {"forget", {&Drill::do_forget, false, true}},
   };
   return table;
@@ -56,6 +60,7 @@ int Drill::run() {
     try {
       machine_.loop().pump();
     } catch (const Fault& fault) {
+      faults_.push_back(fault.number());
       print(join("fault ", fault.number(), " ", in_quotes(fault.what())));
       end_process();
     } catch (const ProcessEnded&) {

@@ -22,6 +22,8 @@ class Drill {
 
   // Obeys all commands; the number of those that failed.
   int run();
+  // Numbers of the faults that came and that nothing expected, the last one last.
+  const std::vector<int>& faults() const { return faults_; }
 
  private:
   using Words = std::vector<Word>;
@@ -62,6 +64,7 @@ class Drill {
   // Time and the line.
   void do_start(const Words&);
   void do_wait(const Words&);
+  void do_now(const Words&);
   void do_rx(const Words&);
   void do_frame(const Words&);
   void do_quit(const Words&);
@@ -74,12 +77,15 @@ class Drill {
   void do_key(const Words&);
   void do_drag(const Words&);
   void do_drop(const Words&);
+  void do_press(const Words&);
+  void do_release(const Words&);
   void do_close(const Words&);
   void do_answer(const Words&);
   // A control that the user's hand reaches; an error otherwise.
   Control& reachable(const Word& name);
   // What is seen.
   void do_get(const Words&);
+  void do_watch(const Words&);
   void do_items(const Words&);
   void do_expect(const Words&);
   void do_forget(const Words&);
@@ -88,6 +94,8 @@ class Drill {
   void expect_box(const Words&);
   void expect_journal(const Words&);
   void expect_row(const Words&);
+  void expect_watch(const Words&);
+  void expect_fault(const Words&);
 
   std::istream& in_;
   std::ostream& out_;
@@ -99,6 +107,7 @@ class Drill {
   bool reported_ = true;
   int line_ = 0, command_line_ = 0;
   int failures_ = 0;
+  std::vector<int> faults_;
 };
 
 }  // namespace evac::drill

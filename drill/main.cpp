@@ -36,6 +36,7 @@ class TemporaryRoot {
   fs::path path;
 };
 
+// With a file the status tells whether all went as the file expects.
 int drill(const fs::path& root, const std::string& file) {
   if (file.empty()) {
     evac::drill::Drill(root, std::cin, std::cout, false).run();
@@ -46,7 +47,11 @@ int drill(const fs::path& root, const std::string& file) {
     std::cerr << "console-drill: cannot read " << file << '\n';
     return 2;
   }
-  return evac::drill::Drill(root, in, std::cout, true).run() == 0 ? 0 : 1;
+  evac::drill::Drill drill(root, in, std::cout, true);
+  const int failures = drill.run();
+  for (const int fault : drill.faults())
+    std::cerr << "console-drill: fault " << fault << " came and nothing expected it\n";
+  return failures == 0 && drill.faults().empty() ? 0 : 1;
 }
 
 }  // namespace

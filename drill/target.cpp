@@ -1,8 +1,8 @@
 #include "drill/target.h"
 
+#include <algorithm>
 #include <map>
 
-#include "drill/words.h"
 #include "model/text.h"
 
 namespace evac::drill {
@@ -48,8 +48,6 @@ std::string value_of(const Control& control) {
   if (const auto* c = dynamic_cast<const OptionButton*>(&control)) return flag(c->value());
   if (const auto* c = dynamic_cast<const CheckBox*>(&control)) return flag(c->value());
   if (const auto* c = dynamic_cast<const MenuItem*>(&control)) return flag(c->value());
-  if (const auto* c = dynamic_cast<const MonthCalendar*>(&control))
-    return short_date_text(c->from()) + " " + short_date_text(c->to());
   throw CommandError(control.full_name() + " has no value");
 }
 
@@ -98,6 +96,9 @@ const std::map<std::string_view, Reader>& readers() {
       {"picture", [](const Control& c) { return c.picture(); }},
       {"left", [](const Control& c) { return join(c.left()); }},
       {"value", value_of},
+      {"password", [](const Control& c) { return flag(as<TextBox>(c, "password").password()); }},
+      {"from", [](const Control& c) { return short_date_text(as<MonthCalendar>(c, "from").from()); }},
+      {"to", [](const Control& c) { return short_date_text(as<MonthCalendar>(c, "to").to()); }},
       {"text", text_of},
       {"count", [](const Control& c) { return join(as<RowControl>(c, "count").count()); }},
       {"selected", [](const Control& c) { return join(as<RowControl>(c, "selected").selected()); }},
@@ -147,6 +148,18 @@ std::string read_property(Windows& windows, std::string_view path) {
   const auto reader = readers().find(property);
   if (reader == readers().end()) throw CommandError(join("no property ", property));
   return reader->second(control);
+}
+
+int find_row(const RowControl& list, const Word& word) {
+  if (word.quoted) {
+    const auto& rows = list.rows();
+    const auto at = std::ranges::find_if(rows, [&](const std::string& row) { return means(word, row); });
+    if (at == rows.end()) throw CommandError("no row " + in_quotes(word.text));
+    return static_cast<int>(at - rows.begin());
+  }
+  const int row = parse_int(word, "the row");
+  if (row < 0 || row >= list.count()) throw CommandError(join("no row ", row));
+  return row;
 }
 
 }  // namespace evac::drill

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "drill/words.h"
 #include "platform/windows.h"
 
 namespace evac::drill {
@@ -18,5 +19,8 @@ Form& find_form(Windows& windows, std::string_view name);
 
 // `C.prop` or, for `shown` and `title`, `Form.prop`.
 std::string read_property(Windows& windows, std::string_view path);
+
+// A row by its number from 0, or by its text in quotes. A CommandError when there is none.
+int find_row(const RowControl& list, const Word& word);
 
 }  // namespace evac::drill

@@ -53,6 +53,7 @@ void VirtualMachine::set_wall(WallTime wall) {
 void VirtualMachine::clear_process() {
   loop_.clear();
   port_.reset();
+  for (VirtualMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->reset();
   held_ = false;
 }
 
@@ -145,19 +146,25 @@ std::string VirtualMachine::input(std::string_view prompt, std::string_view titl
 }
 
 std::int16_t VirtualMachine::register_card(int, int number) {
-  return card_present_.at(static_cast<std::size_t>(number)) ? static_cast<std::int16_t>(number)
-                                                            : std::int16_t{-1};
+  Card& card = cards_.at(static_cast<std::size_t>(number));
+  card.last = {};
+  return card.present ? static_cast<std::int16_t>(number) : std::int16_t{-1};
 }
 
 void VirtualMachine::release_card(std::int16_t) {}
 
 bool VirtualMachine::read_port(std::int16_t handle, int port, std::int32_t& word) {
   if (handle < 0) return false;
-  std::uint32_t bits = 0;
-  const auto first = static_cast<std::size_t>(handle * 64 + port * 32);
-  for (std::size_t i = 0; i < 32; ++i) bits |= std::uint32_t{contacts_.test(first + i)} << i;
-  word = static_cast<std::int32_t>(bits);
-  return true;
+  Card& card = cards_.at(static_cast<std::size_t>(handle));
+  std::int32_t& last = card.last.at(static_cast<std::size_t>(port));
+  if (!card.failing) {
+    std::uint32_t bits = 0;
+    const auto first = static_cast<std::size_t>(handle * 64 + port * 32);
+    for (std::size_t i = 0; i < 32; ++i) bits |= std::uint32_t{contacts_.test(first + i)} << i;
+    last = static_cast<std::int32_t>(bits);
+  }
+  word = last;
+  return !card.failing;
 }
 
 void VirtualMachine::beep(int frequency, int duration) {
@@ -201,6 +208,12 @@ void VirtualMachine::VirtualMedia::set_file(std::string_view path) {
   position_ = 0;
   playing_since_.reset();
   note("file " + in_quotes(path));
+}
+
+void VirtualMachine::VirtualMedia::reset() {
+  path_.clear();
+  playing_since_.reset();
+  position_ = 0;
 }
 
 int VirtualMachine::VirtualMedia::ready_state() {

@@ -77,10 +77,13 @@ class VirtualMachine : public LoopHost,
   void unset_sound(std::string_view path);
   std::optional<double> sound_length(std::string_view path);
 
-  // Puts a drive in, with its directory under the root.
+  // Puts a drive in, with its directory under the root, or takes it out.
   void mount_drive(char letter);
+  void unmount_drive(char letter) { files_.unmount(letter); }
 
-  void set_card(int number, bool present) { card_present_.at(static_cast<std::size_t>(number)) = present; }
+  // Whether the card is there when the console registers it, and whether its readings fail.
+  void set_card(int number, bool present) { cards_.at(static_cast<std::size_t>(number)).present = present; }
+  void set_card_failing(int number, bool on) { cards_.at(static_cast<std::size_t>(number)).failing = on; }
   // Digital input of zone 1..128.
   void set_contact(int zone, bool closed) { contacts_.set(static_cast<std::size_t>(zone - 1), closed); }
 
@@ -136,6 +139,8 @@ class VirtualMachine : public LoopHost,
     double position() override;
     void seek(double seconds) override;
     void set_volume(int hundredths) override;
+    // As a fresh process finds it.
+    void reset();
 
    private:
     void note(const std::string& what) { owner_.trace("media " + name_ + " " + what); }
@@ -161,7 +166,11 @@ class VirtualMachine : public LoopHost,
   std::deque<std::string> raised_;
   bool held_ = false;
   std::map<std::string, double> sounds_;
-  std::array<bool, 2> card_present_{};
+  struct Card {
+    bool present = false, failing = false;
+    std::array<std::int32_t, 2> last{};  // the words last read
+  };
+  std::array<Card, 2> cards_{};
   std::bitset<128> contacts_;
 };
 

@@ -1,6 +1,7 @@
 #include "drill/words.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -65,6 +66,10 @@ std::string path_of(const Word& word) {
   return path;
 }
 
+bool means(const Word& word, std::string_view text) {
+  return word.text == text || path_of(word) == text;
+}
+
 std::string in_quotes(std::string_view text) {
   std::string out = "\"";
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -110,7 +115,7 @@ std::chrono::milliseconds parse_duration(const std::string& text) {
   const bool short_unit = text.ends_with("ms");
   if (!text.ends_with('s')) throw CommandError("a duration ends in ms or s: " + text);
   const double value = parse_number(text.substr(0, text.size() - (short_unit ? 2 : 1)));
-  return std::chrono::milliseconds(static_cast<long long>(short_unit ? value : value * 1000));
+  return std::chrono::milliseconds(std::llround(short_unit ? value : value * 1000));
 }
 
 bool parse_switch(const Word& word, std::string_view first, std::string_view second) {

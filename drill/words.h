@@ -28,6 +28,8 @@ std::vector<Word> split_words(std::string_view line);
 // A path as it was meant: no path holds a tab, so that "C:\\ZEF_DAT\\timer" needs no doubled backslash
 // either.
 std::string path_of(const Word& word);
+// Whether the text is the one that the word means; a path in it need not have its backslashes doubled.
+bool means(const Word& word, std::string_view text);
 // The text in double quotes, as traces print it.
 std::string in_quotes(std::string_view text);
 

@@ -4,15 +4,20 @@
 
 #include "alert/alert_engine.h"
 #include "alert/alert_settings.h"
+#include "alert/fire_waiting.h"
 #include "alert/manual_alert.h"
 #include "alert/watch.h"
 #include "alert/zone_groups.h"
 #include "app/forms.h"
+#include "console/alarm_channels.h"
 #include "console/audio_matrix.h"
+#include "console/deck.h"
 #include "console/equipment_settings.h"
 #include "console/name_list.h"
+#include "console/sequencers.h"
 #include "console/terminal_console.h"
 #include "console/terminal_settings.h"
+#include "console/tuner.h"
 #include "console/zone_console.h"
 #include "console/zone_settings.h"
 #include "journal/journal.h"
@@ -48,6 +53,7 @@ class Console {
   SystemModel& model() { return model_; }
   Journal& journal() { return journal_; }
   Watch& watch() { return watch_; }
+  const FireWaiting& fire_waiting() const { return fire_waiting_; }
 
  private:
   // The handlers of each wing, in a file of its own.
@@ -55,6 +61,7 @@ class Console {
   void wire_menu();
   void wire_console();
   void wire_console_settings();
+  void wire_sources();
   void wire_alert();
   void wire_alert_settings();
   void wire_player();
@@ -80,7 +87,11 @@ class Console {
   ReplyWait reply_wait_;
   Dispatcher dispatcher_;
   ClockLine clock_line_;
+  Deck cd_deck_, mp3_deck_;
+  Tuner tuner_;
   AudioMatrix audio_matrix_;
+  Sequencers sequencers_;
+  AlarmChannels alarm_channels_;
   EquipmentSettings equipment_;
   NameList zone_names_, terminal_names_;
   ZoneSettings zone_settings_;
@@ -120,6 +131,7 @@ class Console {
   AlertEngine alert_engine_;
   ManualAlert manual_alert_;
   Watch watch_;
+  FireWaiting fire_waiting_;
 };
 
 }  // namespace evac

@@ -68,7 +68,7 @@ void Console::load_settings() {
   alert_store_.LoadSettings();
   terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
   zone_settings_.LoadZoneSettings();
-  equipment_.load();
+  equipment_.load(EquipmentSettings::Reading::kAtStart);
   terminal_names_.load();
   zone_names_.load();
   terminal_console_.start();

@@ -3,14 +3,13 @@
 #include <algorithm>
 
 #include "console/channel_colors.h"
+#include "console/source_names.h"
 #include "model/text.h"
 #include "platform/windows.h"
 #include "store/record_number.h"
 
 namespace evac {
 namespace {
-
-constexpr std::string_view kComputer = "Компьютер", kCd = "CD/MP3", kMp3 = "mp3", kTuner = "Тюнер";
 
 void fill(ComboBox& combo, std::string_view text) {
   combo.clear();
@@ -25,12 +24,12 @@ void fill(ComboBox& combo, std::string_view text) {
 }  // namespace
 
 void EquipmentSettings::open() {
-  load();
+  load(Reading::kByWindow);
   show_cards();
   doors_.form.windows().show_modal(doors_.form);
 }
 
-void EquipmentSettings::load() {
+void EquipmentSettings::load(Reading reading) {
   clear_sources();
   const auto records = read_equipment(doors_.files, doors_.settings);
   if (!records) {
@@ -38,19 +37,20 @@ void EquipmentSettings::load() {
     return;
   }
   for (int i = 0; i < kSourceRows; ++i)
-    if (!read_row(i, records->rows[static_cast<std::size_t>(i)])) return;
+    if (!read_row(i, records->rows[static_cast<std::size_t>(i)], reading)) return;
+  const auto open_port = reading == Reading::kAtStart ? &SerialPort::open : &SerialPort::reopen;
   if (records->port == "1") {
-    use_port(1);
+    use_port(1, open_port);
     doors_.form.Opt1.set_value(true);
   } else if (records->port == "2") {
-    use_port(2);
+    use_port(2, open_port);
     doors_.form.Opt2.set_value(true);
   }
   for (int n = 1; n <= kSequencers; ++n)
     if (!read_outlets(n, records->outlets[static_cast<std::size_t>(n - 1)])) return;
 }
 
-bool EquipmentSettings::read_row(int i, const EquipmentRecords::Row& row) {
+bool EquipmentSettings::read_row(int i, const EquipmentRecords::Row& row, Reading reading) {
   fill(doors_.form.Combo1[i], row.source);
   show_source(i);
   if (!row.volume.empty()) {
@@ -58,6 +58,7 @@ bool EquipmentSettings::read_row(int i, const EquipmentRecords::Row& row) {
     if (!volume) return false;
     doors_.form.VS_Z[i].set_value(*volume);
     show_volume(i);
+    if (reading == Reading::kAtStart) set_volume_bar(i);
   }
   if (!row.output.empty()) {
     const auto output = record_number16(row.output);
@@ -84,11 +85,12 @@ void EquipmentSettings::save() {
                                                  doors_.form.LblN[i].caption()};
     show_source(i);
     show_volume(i);
+    set_volume_bar(i);
     take_source(i);
   }
   if (doors_.form.Opt1.value() || doors_.form.Opt2.value()) {
     const int number = doors_.form.Opt1.value() ? 1 : 2;
-    use_port(number);
+    use_port(number, &SerialPort::open);
     records.port = std::to_string(number);
   }
   for (int n = 1; n <= kSequencers; ++n) {
@@ -114,11 +116,14 @@ void EquipmentSettings::show_source(int i) {
 }
 
 void EquipmentSettings::show_volume(int i) {
+  if (!is_channel(i)) return;
+  for (auto* legend : doors_.legends) legend->LblZ[i].set_caption(doors_.form.LblZ[i].caption());
+}
+
+void EquipmentSettings::set_volume_bar(int i) {
   const std::string& volume = doors_.form.LblZ[i].caption();
   doors_.terminals_tab.VS_Z[i].set_value(Number(volume));
   doors_.terminals_tab.LblZ[i].set_caption(volume);
-  if (!is_channel(i)) return;
-  for (auto* legend : doors_.legends) legend->LblZ[i].set_caption(volume);
 }
 
 void EquipmentSettings::clear_sources() {
@@ -135,10 +140,10 @@ void EquipmentSettings::take_source(int i) {
     SourceOutputs* outputs;  // null when it has none to choose from
   };
   const Source known[] = {
-      {kComputer, doors_.sources.ch_computer, doors_.sources.vol_computer, nullptr},
-      {kCd, doors_.sources.ch_cd, doors_.sources.vol_cd, &doors_.sources_tab.Opt_cd},
-      {kMp3, doors_.sources.ch_mp3, doors_.sources.vol_mp3, &doors_.sources_tab.Opt_mp},
-      {kTuner, doors_.sources.ch_tuner, doors_.sources.vol_tuner, &doors_.sources_tab.Opt_t},
+      {source_name::kComputer, doors_.sources.ch_computer, doors_.sources.vol_computer, nullptr},
+      {source_name::kCd, doors_.sources.ch_cd, doors_.sources.vol_cd, &doors_.sources_tab.Opt_cd},
+      {source_name::kMp3, doors_.sources.ch_mp3, doors_.sources.vol_mp3, &doors_.sources_tab.Opt_mp},
+      {source_name::kTuner, doors_.sources.ch_tuner, doors_.sources.vol_tuner, &doors_.sources_tab.Opt_t},
   };
   for (const auto& source : known) {
     if (source.name != doors_.form.Combo1[i].text()) continue;
@@ -152,10 +157,10 @@ void EquipmentSettings::take_source(int i) {
   }
 }
 
-void EquipmentSettings::use_port(int number) {
+void EquipmentSettings::use_port(int number, void (SerialPort::*open)()) {
   doors_.port.close();
   doors_.port.set_port(number);
-  doors_.port.open();
+  (doors_.port.*open)();
 }
 
 }  // namespace evac

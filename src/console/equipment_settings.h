@@ -27,22 +27,26 @@ class EquipmentSettings {
 
   // Reads the file anew and shows the window until it is closed.
   void open();
+  // Who asks for a reading decides what a port that cannot be opened is: at the start a fault, by a settings
+  // window that shows what is there a lost line. The operator's volume bars follow at the start alone.
+  enum class Reading { kAtStart, kByWindow };
   // Reads the file into the window and the model; closes the port and opens the one that the file names. A
-  // number that does not fit ends it silently. Faults when the port cannot be opened.
-  void load();
+  // number that does not fit ends it silently.
+  void load(Reading reading);
   // Command1. The port is opened before the file is touched, so that one that cannot be opened is never kept.
   void save();
 
  private:
   // Indicators of the digital-input cards.
   void show_cards();
-  bool read_row(int i, const EquipmentRecords::Row& row);
+  bool read_row(int i, const EquipmentRecords::Row& row, Reading reading);
   bool read_outlets(int n, const std::string& text);
   void show_source(int i);
   void show_volume(int i);
+  void set_volume_bar(int i);
   void clear_sources();
   void take_source(int i);
-  void use_port(int number);
+  void use_port(int number, void (SerialPort::*open)());
 
   const Doors doors_;
 };

@@ -35,7 +35,7 @@ void TerminalSettings::ShowTermChannels() {
 
 void TerminalSettings::open() {
   doors_.names.load();
-  doors_.equipment.load();
+  doors_.equipment.load(EquipmentSettings::Reading::kByWindow);
   paint_legend(doors_.form.L1);
   LoadTermSettings(doors_.terminals.term_file_no);
   ShowTermChannels();

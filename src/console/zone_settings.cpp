@@ -22,7 +22,7 @@ void ZoneSettings::LoadZoneSettings() {
 
 void ZoneSettings::open() {
   doors_.names.load();
-  doors_.equipment.load();
+  doors_.equipment.load(EquipmentSettings::Reading::kByWindow);
   LoadZoneSettings();
   paint_legend(doors_.form.L1);
   for (int z = 1; z <= count(); ++z)

@@ -8,6 +8,20 @@
 #include "platform/windows.h"
 
 namespace evac {
+namespace {
+
+constexpr char kDigitPlace = '#';
+
+bool is_digit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+std::string digits_of(std::string text) {
+  std::erase_if(text, [](char c) { return !is_digit(c); });
+  return text;
+}
+
+}  // namespace
 
 Control::Control(const Place& place, Kind kind, std::string_view name, std::string_view caption,
                  std::optional<int> index)
@@ -93,6 +107,44 @@ void TextBox::press_key(std::string key) {
   key_press(key);
   if (key.empty()) return;
   set_text(key == "\b" ? Left(text_, Len(text_) - 1) : text_ + key);
+}
+
+void MaskedEdit::set_text(std::string_view text) {
+  digits_before_ = 0;
+  TextBox::set_text(text);
+}
+
+void MaskedEdit::press_key(std::string key) {
+  key_press(key);
+  std::string digits = digits_of(text());
+  const auto at = static_cast<std::size_t>(digits_before_);
+  if (key == "\b" && at > 0) {
+    digits.erase(at - 1, 1);
+    --digits_before_;
+  } else if (key.size() == 1 && is_digit(key[0]) && caret() < static_cast<int>(mask_.size())) {
+    digits.replace(at, 1, key);
+    ++digits_before_;
+  } else {
+    return;
+  }
+  std::string laid_out;
+  std::size_t next = 0;
+  for (std::size_t i = 0; i < mask_.size() && next < digits.size(); ++i)
+    laid_out += mask_[i] == kDigitPlace ? digits[next++] : mask_[i];
+  TextBox::set_text(laid_out);
+}
+
+int MaskedEdit::caret() const {
+  int places = 0;
+  for (std::size_t i = 0; i < mask_.size(); ++i)
+    if (mask_[i] == kDigitPlace && places++ == digits_before_) return static_cast<int>(i);
+  return static_cast<int>(mask_.size());
+}
+
+void MaskedEdit::place_caret(int position) {
+  const auto before = std::string_view(mask_).substr(0, static_cast<std::size_t>(std::max(position, 0)));
+  digits_before_ = static_cast<int>(std::min<std::size_t>(
+      static_cast<std::size_t>(std::ranges::count(before, kDigitPlace)), digits_of(text()).size()));
 }
 
 const std::string& RowControl::row(int row) const {
@@ -199,6 +251,14 @@ void MonthCalendar::set_range(Date from, Date to) {
   if (from == from_ && to == to_) return;
   from_ = from;
   to_ = to;
+  changed();
+  change();
+}
+
+void MonthCalendar::pick(Date from, Date to) {
+  using std::chrono::local_days;
+  from_ = from;
+  to_ = Date(std::min(local_days(to), local_days(from) + std::chrono::days(most_days_ - 1)));
   changed();
   change();
 }

@@ -131,10 +131,10 @@ class TextBox : public Control {
       : TextBox(place, Kind::kTextBox, name, text, index) {}
   const std::string& text() const { return text_; }
   // Raises `change` when the text changes.
-  void set_text(std::string_view text);
+  virtual void set_text(std::string_view text);
   // One character from the keyboard, "\b" for backspace, at the end of the text. `key_press` may alter it, or
   // empty it to drop it.
-  void press_key(std::string key);
+  virtual void press_key(std::string key);
   bool password() const { return password_; }
   void set_password(bool on) { assign(password_, on); }
 
@@ -151,14 +151,25 @@ class TextBox : public Control {
   bool password_ = false;
 };
 
+// An input of digits: in the mask "#" is the place of one, all else stands for itself. The text ends with the
+// last digit typed.
 class MaskedEdit : public TextBox {
  public:
   MaskedEdit(const Place& place, std::string_view name, std::string_view mask, std::optional<int> index = {})
       : TextBox(place, Kind::kMaskedEdit, name, {}, index), mask_(mask) {}
   const std::string& mask() const { return mask_; }
+  // Puts the caret before the first digit.
+  void set_text(std::string_view text) override;
+  // Over the digit at the caret; backspace takes out the one before it.
+  void press_key(std::string key) override;
+  // Position in the text, from 0, of the digit that the next key gives: never on a character of the mask's
+  // own. The length of the mask when there is no place left.
+  int caret() const;
+  void place_caret(int position);
 
  private:
   const std::string mask_;
+  int digits_before_ = 0;  // the caret
 };
 
 // Rows with at most one selected; -1 is none.
@@ -236,16 +247,21 @@ class Grid : public Control {
 
 class MonthCalendar : public Control {
  public:
-  MonthCalendar(const Place& place, std::string_view name, std::optional<int> index = {})
-      : Control(place, Kind::kMonthCalendar, name, {}, index) {}
+  // `most_days`: the longest range that a user can choose.
+  MonthCalendar(const Place& place, std::string_view name, int most_days = 31, std::optional<int> index = {})
+      : Control(place, Kind::kMonthCalendar, name, {}, index), most_days_(most_days) {}
+  int most_days() const { return most_days_; }
   Date from() const { return from_; }
   Date to() const { return to_; }
   // Raises `change` when either changes.
   void set_range(Date from, Date to);
+  // A user's choice: cut to its first `most_days`, and raises `change` always.
+  void pick(Date from, Date to);
 
   Event<> change;
 
  private:
+  const int most_days_;
   Date from_{}, to_{};
 };
 

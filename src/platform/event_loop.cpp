@@ -16,10 +16,29 @@ constexpr milliseconds kSecondPhase{10};
 // After a tick out of phase the next one in phase may follow sooner than a second, but not sooner than this.
 constexpr milliseconds kLeastGap{100};
 
+// Keeps the number of the innermost event for as long as it runs, however it ends.
+class Innermost {
+ public:
+  Innermost(std::uint64_t& running, std::uint64_t number) : running_(running), outer_(running) {
+    running = number;
+  }
+  ~Innermost() { running_ = outer_; }
+  Innermost(const Innermost&) = delete;
+  Innermost& operator=(const Innermost&) = delete;
+
+ private:
+  std::uint64_t& running_;
+  const std::uint64_t outer_;
+};
+
 }  // namespace
 
-void EventLoop::post(std::function<void()> event) {
-  posted_.push_back({host_.now(), ++order_, std::move(event)});
+void EventLoop::post_after(milliseconds delay, std::function<void()> event) {
+  const Instant due = host_.now() + delay;
+  const auto behind =
+      std::upper_bound(posted_.begin(), posted_.end(), due,
+                       [](Instant moment, const Posted& other) { return moment < other.due; });
+  posted_.insert(behind, {due, ++order_, std::move(event)});
 }
 
 void EventLoop::pump() {
@@ -30,11 +49,12 @@ bool EventLoop::run_due() {
   const Instant now = host_.now();
   const std::size_t at = oldest_timer();
   const bool timer_due = at < timers_.size() && timers_[at].due <= now;
-  const bool posted_due = !posted_.empty();
+  const bool posted_due = !posted_.empty() && posted_.front().due <= now;
   if (!timer_due && !posted_due) return false;
   const bool timer_first =
       timer_due && (!posted_due || timers_[at].due < posted_.front().due ||
                     (timers_[at].due == posted_.front().due && timers_[at].order < posted_.front().order));
+  const Innermost innermost(running_, ++begun_);
   if (timer_first) {
     Armed& armed = timers_[at];
     Timer& timer = *armed.timer;

@@ -34,12 +34,15 @@ class EventLoop {
   WallTime wall() const { return host_.wall(); }
 
   // The event runs after all that are due before it, once.
-  void post(std::function<void()> event);
+  void post(std::function<void()> event) { post_after({}, std::move(event)); }
+  void post_after(std::chrono::milliseconds delay, std::function<void()> event);
   // One step: runs the oldest event that is due, or lets the host wait for the next one. A handler that has
   // to let the others in calls this until what it waits for has come.
   void pump();
   // Runs the oldest event that is due now; false when none is.
   bool run_due();
+  // The number of the innermost event that is being run; 0 when none is.
+  std::uint64_t running() const { return running_; }
   // The moment of the next event, past or future; none when nothing is armed or posted.
   std::optional<Instant> next_due() const;
   // Forgets the posted events.
@@ -65,9 +68,10 @@ class EventLoop {
   Instant next_full_second(Instant after) const;
 
   LoopHost& host_;
-  std::deque<Posted> posted_;
+  std::deque<Posted> posted_;  // the next one first
   std::vector<Armed> timers_;
   std::uint64_t order_ = 0;
+  std::uint64_t running_ = 0, begun_ = 0;
 };
 
 }  // namespace evac

@@ -16,7 +16,6 @@ class DriveLister : public RowControl {
   DriveLister(const Place& place, std::string_view name, Files& files)
       : RowControl(place, Kind::kLister, name), files_(files) {
     refresh();
-    mark(find(drive_[0]));
   }
   // "C:".
   const std::string& drive() const { return drive_; }
@@ -26,7 +25,8 @@ class DriveLister : public RowControl {
   }
   void refresh() {
     clear();
-    for (const auto& drive : files_.drives()) add(drive);
+    add_all(files_.drives());
+    mark(find(drive_[0]));
   }
 
  protected:

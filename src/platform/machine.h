@@ -39,8 +39,8 @@ class Cards {
   // A handle of 0 or more; negative when there is no such card.
   virtual std::int16_t register_card(int type, int number) = 0;
   virtual void release_card(std::int16_t handle) = 0;
-  // False when the reading failed: a card that fails gives the word last read, and a handle that is no card's
-  // leaves `word` as it is.
+  // False when nothing was read: a card that fails gives the word last read, and `word` stays as it is when
+  // the handle is no card's.
   [[nodiscard]] virtual bool read_port(std::int16_t handle, int port, std::int32_t& word) = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/user.h"
 
+#include "model/text.h"
 #include "platform/windows.h"
 
 namespace evac::user {
@@ -48,6 +49,18 @@ bool double_click(Control& control) {
   return true;
 }
 
+bool press(Control& control) {
+  if (!begin(control)) return false;
+  control.mouse_down({});
+  return true;
+}
+
+bool release(Control& control) {
+  if (!begin(control)) return false;
+  control.mouse_up();
+  return true;
+}
+
 bool set_value(ScrollBar& bar, int value) {
   if (!begin(bar)) return false;
   bar.set_value(value);
@@ -63,6 +76,7 @@ bool set_checked(CheckBox& box, bool on) {
 bool set_text(TextBox& box, std::string_view text) {
   if (!begin(box)) return false;
   box.set_text(text);
+  if (auto* masked = dynamic_cast<MaskedEdit*>(&box)) masked->place_caret(Len(text));
   return true;
 }
 
@@ -78,9 +92,9 @@ bool pick(RowControl& list, int row) {
   return true;
 }
 
-bool set_range(MonthCalendar& calendar, Date from, Date to) {
+bool pick(MonthCalendar& calendar, Date from, Date to) {
   if (!begin(calendar)) return false;
-  calendar.set_range(from, to);
+  calendar.pick(from, to);
   return true;
 }
 
@@ -96,12 +110,6 @@ bool drag(Control& control, int left) {
   control.mouse_down({});
   control.set_left(left);
   control.mouse_move(way);
-  return true;
-}
-
-bool drop(Control& control) {
-  if (!begin(control)) return false;
-  control.mouse_up();
   return true;
 }
 

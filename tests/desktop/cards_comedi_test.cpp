@@ -71,16 +71,16 @@ TEST(ComediCards, ReadTheTwoDigitalInputSubdevicesAsPorts) {
   card.subdevices[1].inputs = 0x80000001u;
   card.subdevices[3].inputs = 4;
   std::int32_t word = 0;
-  cards.read_port(0, 0, word);
+  EXPECT_TRUE(cards.read_port(0, 0, word));
   EXPECT_EQ(word, static_cast<std::int32_t>(0x80000001u));
-  cards.read_port(0, 1, word);
+  EXPECT_TRUE(cards.read_port(0, 1, word));
   EXPECT_EQ(word, 4);
   word = 0;
-  cards.read_port(-1, 0, word);
+  EXPECT_FALSE(cards.read_port(-1, 0, word));
   EXPECT_EQ(word, 0);
   cards.release_card(0);
   EXPECT_FALSE(card.open);
-  cards.read_port(0, 1, word);
+  EXPECT_FALSE(cards.read_port(0, 1, word));
   EXPECT_EQ(word, 0);
 }
 
@@ -89,15 +89,15 @@ TEST(ComediCards, AFailingReadKeepsTheWordAndIsToldUntilItWorksAgain) {
   cards.register_card(kType, 0);
   card.subdevices[1].inputs = 64;
   std::int32_t word = 0;
-  cards.read_port(0, 0, word);
+  EXPECT_TRUE(cards.read_port(0, 0, word));
   card.broken = true;
   card.subdevices[1].inputs = 0;
   word = 0;
-  cards.read_port(0, 0, word);
+  EXPECT_FALSE(cards.read_port(0, 0, word));
   EXPECT_EQ(word, 64);
   EXPECT_EQ(cards.trouble(), "Плата 0, порт 0 не читается: no answer");
   card.broken = false;
-  cards.read_port(0, 0, word);
+  EXPECT_TRUE(cards.read_port(0, 0, word));
   EXPECT_EQ(word, 0);
   EXPECT_EQ(cards.trouble(), "");
 }
