@@ -33,8 +33,11 @@ void PlayerPower::switch_on() {
   tab.LblUP.set_caption(kReady);
   tab.Tmr1.set_enabled(false);
   tab.Tmr2.set_enabled(false);
+  // A drag before the first play still goes by the length of the track that was played last.
+  const double last_length = player.mp_dur;
   player = {};
   player.mp_pow = true;
+  player.mp_dur = last_length;
   tab.LblMPU.set_caption(join(player.mp_pct, "%"));
   if (!doors_.lists.PlayerInit()) return;
   doors_.MP.set_volume(player.mp_vol);
