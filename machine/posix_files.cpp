@@ -133,6 +133,22 @@ FileError PosixFiles::read(std::string_view path, std::string& bytes) {
   }
 }
 
+FileError PosixFiles::read_end(std::string_view path, std::size_t count, std::string& bytes) {
+  bytes.clear();
+  const fs::path file = locate(path);
+  if (file.empty()) return kDriveNotReady;
+  Descriptor descriptor(file, O_RDONLY);
+  if (descriptor.get() < 0) return error_of(errno);
+  const off_t size = ::lseek(descriptor.get(), 0, SEEK_END);
+  if (size < 0) return error_of(errno);
+  bytes.resize(std::min(count, static_cast<std::size_t>(size)));
+  const ssize_t got =
+      ::pread(descriptor.get(), bytes.data(), bytes.size(), size - static_cast<off_t>(bytes.size()));
+  if (got < 0) return error_of(errno);
+  bytes.resize(static_cast<std::size_t>(got));
+  return kNoError;
+}
+
 FileError PosixFiles::replace(std::string_view path, std::string_view bytes) {
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;

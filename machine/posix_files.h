@@ -15,6 +15,7 @@ class PosixFiles : public Files {
   explicit PosixFiles(std::map<char, std::filesystem::path> drives) : drives_(std::move(drives)) {}
 
   FileError read(std::string_view path, std::string& bytes) override;
+  FileError read_end(std::string_view path, std::size_t count, std::string& bytes) override;
   FileError replace(std::string_view path, std::string_view bytes) override;
   FileError append(std::string_view path, std::string_view bytes) override;
   FileError remove(std::string_view path) override;

@@ -106,6 +106,21 @@ TEST(PosixFiles, PathsWithoutRegardToCase) {
   EXPECT_FALSE(files.drive_ready('D'));
 }
 
+TEST(PosixFiles, TheEndOfAFileIsReadAlone) {
+  Scratch scratch;
+  PosixFiles files({{'C', scratch.path}});
+  ASSERT_EQ(files.replace("C:\\a.mp3", "0123456789"), kNoError);
+  std::string bytes;
+  EXPECT_EQ(files.read_end("C:\\A.mp3", 4, bytes), kNoError);
+  EXPECT_EQ(bytes, "6789");
+  EXPECT_EQ(files.read_end("C:\\a.mp3", 128, bytes), kNoError);
+  EXPECT_EQ(bytes, "0123456789");
+  EXPECT_EQ(files.read_end("C:\\b.mp3", 4, bytes), kFileNotFound);
+  EXPECT_EQ(files.read_end("D:\\a.mp3", 4, bytes), kDriveNotReady);
+  EXPECT_NE(files.read_end("C:\\", 4, bytes), kNoError);
+  EXPECT_EQ(bytes, "");
+}
+
 TEST(PosixFiles, NothingLeadsOutOfADrive) {
   Scratch scratch;
   fs::create_directories(scratch.path / "c/ZEF");

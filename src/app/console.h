@@ -26,6 +26,13 @@
 #include "link/reply_wait.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "player/add_panel.h"
+#include "player/player_power.h"
+#include "player/position.h"
+#include "player/tag_search.h"
+#include "player/track_choice.h"
+#include "player/track_removal.h"
+#include "player/volume.h"
 #include "store/alert_store.h"
 #include "store/data_folder.h"
 #include "supervision/auto_control.h"
@@ -65,6 +72,7 @@ class Console {
   void wire_supervision();
   void wire_alert();
   void wire_alert_settings();
+  void wire_player();
   // The one place where a settings window is asked for; what guards it stands here.
   void open_settings(const std::function<void()>& open);
   void shutdown();
@@ -107,6 +115,21 @@ class Console {
   StatusFile status_file_;
   TextLog text_log_;
   Clock clock_;
+  // Player.
+  ListPanels list_panels_;
+  DriveSteps drive_steps_;
+  TrackList track_list_;
+  TagReader tag_reader_;
+  Volume volume_;
+  Transport transport_;
+  Position position_;
+  TrackChoice track_choice_;
+  ListLength list_length_;
+  AddPanel add_panel_;
+  PlayLists play_lists_;
+  TrackRemoval track_removal_;
+  TagSearch tag_search_;
+  PlayerPower player_power_;
 
   // Alert.
   ZoneLamps zone_lamps_;

@@ -75,6 +75,7 @@ void Console::load_settings() {
   zone_names_.load();
   terminal_console_.start();
   message_lists_.LoadMessageList();
+  transport_.show_off();
   zone_console_.PaintZoneChannels();
   zone_console_.InitZoneRows();
 }

@@ -3,6 +3,7 @@
 // decides.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,8 @@ class Files {
   virtual ~Files() = default;
 
   virtual FileError read(std::string_view path, std::string& bytes) = 0;
+  // The last `count` bytes; all of a shorter file.
+  virtual FileError read_end(std::string_view path, std::size_t count, std::string& bytes) = 0;
   // The whole file, old or new: never a torn one, whenever the power goes. Creates it when it is missing.
   virtual FileError replace(std::string_view path, std::string_view bytes) = 0;
   // In the file when it returns; it need not survive a power cut yet, so that a journal line does not wait
