@@ -86,11 +86,11 @@ TEST_F(Line, ALineThatComesAndGoesTwentyTimesIsTakenUpEachTime) {
 
 TEST_F(Line, SettingsOpenedWhileTheLineIsLostLeaveItLostAndItComesBack) {
   desktop->start();
-  const auto press = [this](const char* form, const char* name) {
-    return [this, form, name] { widget<QAbstractButton>(form, name)->click(); };
+  const auto press = [this](Control& control) {
+    return [this, &control] { widget<QAbstractButton>(control)->click(); };
   };
   work_modal([this] { user::click(form1().M_n_o); },
-             {press("Form22", "Opt1"), press("Form22", "Command1"), press("Form22", "Command2")});
+             {press(forms().form22.Opt1), press(forms().form22.Command1), press(forms().form22.Command2)});
   ASSERT_TRUE(poll_is_answered());
   line_->unplug();
   ASSERT_TRUE(until([&] { return desktop->line().is_lost(); }));
@@ -99,7 +99,7 @@ TEST_F(Line, SettingsOpenedWhileTheLineIsLostLeaveItLostAndItComesBack) {
                                                         lost = desktop->line().is_lost();
                                                         said = says("Линия потеряна: COM1");
                                                       },
-                                                      press("Form33", "Command3")});
+                                                      press(forms().form33.Command3)});
   EXPECT_TRUE(lost && said);
   line_->plug();
   ASSERT_TRUE(until([&] { return desktop->line().is_open(); }));
