@@ -141,8 +141,7 @@ void AlertSettings::save() {
   lines[kManualStart] = flag_text(doors_.form5.ChkA.value());
   show_on_main_window();
   tell(kSettingsWriteFault, doors_.store.SaveSettings());
-  doors_.supervision.NextCheck =
-      later_in_day(second_of_day(doors_.loop.wall()), scan_period(doors_.settings));
+  doors_.control.set_next_check();
 }
 
 bool AlertSettings::take_source() {
@@ -172,8 +171,7 @@ bool AlertSettings::take_scan() {
       return false;
     }
   }
-  doors_.monitor_panel.CmdZ.set_caption(on ? "ВКЛ" : "ВЫКЛ");
-  doors_.monitor_panel.CmdZ.set_picture(on ? picture::kSwitchOn : picture::kSwitchOff);
+  doors_.control.show_mode();
   lines[kAudibleWarning] = flag_text(on && doors_.form5.ChkZ.value());
   return true;
 }

@@ -9,7 +9,7 @@
 #include "model/system_model.h"
 #include "platform/machine.h"
 #include "store/alert_store.h"
-#include "supervision/monitor_panel.h"
+#include "supervision/auto_control.h"
 
 namespace evac {
 
@@ -27,7 +27,7 @@ class AlertSettings {
     Form5& form5;
     AlarmTab& alarm_tab;
     MonitorPanel& monitor_panel;
-    EventLoop& loop;
+    AutoControl& control;
     Boxes& boxes;
   };
   explicit AlertSettings(const Doors& doors) : doors_(doors) {}

@@ -19,7 +19,6 @@ Console::Console(const Machine& machine)
                    .link = link_,
                    .loop = machine.loop,
                    .strip = forms_.form1}),
-      clock_line_({.strip = forms_.form1, .loop = machine.loop}),
       cd_deck_({.kind = kCdDeck,
                 .track = model_.sources.cd_track,
                 .out_channel = model_.sources.cd_out_channel,
@@ -98,6 +97,37 @@ Console::Console(const Machine& machine)
                          .settings = terminal_settings_,
                          .link = link_,
                          .boxes = machine.boxes}),
+      terminal_scan_({.supervision = model_.supervision,
+                      .zones = model_.zones,
+                      .terminals = model_.terminals,
+                      .received = model_.link,
+                      .panel = forms_.form1,
+                      .link = link_,
+                      .wait = reply_wait_,
+                      .loop = machine.loop}),
+      scan_report_({.supervision = model_.supervision,
+                    .settings = model_.settings,
+                    .terminals_tab = forms_.form1,
+                    .panel = forms_.form1,
+                    .tone = machine.tone,
+                    .loop = machine.loop,
+                    .journal = journal_}),
+      auto_control_({.supervision = model_.supervision,
+                     .settings = model_.settings,
+                     .panel = forms_.form1,
+                     .scan_panel = forms_.form1,
+                     .report = scan_report_,
+                     .tone = machine.tone,
+                     .loop = machine.loop}),
+      zone_readback_({.supervision = model_.supervision,
+                      .zones = model_.zones,
+                      .tab = forms_.form1,
+                      .rows = zone_console_,
+                      .scan_panel = forms_.form1}),
+      status_file_(
+          {.settings = model_.settings, .alert = model_.alert, .loop = machine.loop, .files = machine.files}),
+      text_log_({.tab = forms_.form1, .loop = machine.loop}),
+      clock_({.strip = forms_.form1, .loop = machine.loop}),
       zone_lamps_(forms_.form1),
       zone_groups_({.zones = model_.zones,
                     .sources = model_.sources,
@@ -138,7 +168,7 @@ Console::Console(const Machine& machine)
                        .form5 = forms_.form5,
                        .alarm_tab = forms_.form1,
                        .monitor_panel = forms_.form1,
-                       .loop = machine.loop,
+                       .control = auto_control_,
                        .boxes = machine.boxes}),
       house_({.alert = model_.alert,
               .player = model_.player,
@@ -227,6 +257,7 @@ Console::Console(const Machine& machine)
   wire_console();
   wire_console_settings();
   wire_sources();
+  wire_supervision();
   wire_alert();
   wire_alert_settings();
 }

@@ -28,7 +28,13 @@
 #include "platform/machine.h"
 #include "store/alert_store.h"
 #include "store/data_folder.h"
-#include "supervision/clock_line.h"
+#include "supervision/auto_control.h"
+#include "supervision/clock.h"
+#include "supervision/scan_report.h"
+#include "supervision/status_file.h"
+#include "supervision/terminal_scan.h"
+#include "supervision/text_log.h"
+#include "supervision/zone_readback.h"
 
 namespace evac {
 
@@ -56,6 +62,7 @@ class Console {
   void wire_console();
   void wire_console_settings();
   void wire_sources();
+  void wire_supervision();
   void wire_alert();
   void wire_alert_settings();
   // The one place where a settings window is asked for; what guards it stands here.
@@ -80,7 +87,6 @@ class Console {
   Link link_;
   ReplyWait reply_wait_;
   Dispatcher dispatcher_;
-  ClockLine clock_line_;
   Deck cd_deck_, mp3_deck_;
   Tuner tuner_;
   AudioMatrix audio_matrix_;
@@ -92,6 +98,15 @@ class Console {
   TerminalSettings terminal_settings_;
   ZoneConsole zone_console_;
   TerminalConsole terminal_console_;
+
+  // Supervision.
+  TerminalScan terminal_scan_;
+  ScanReport scan_report_;
+  AutoControl auto_control_;
+  ZoneReadback zone_readback_;
+  StatusFile status_file_;
+  TextLog text_log_;
+  Clock clock_;
 
   // Alert.
   ZoneLamps zone_lamps_;

@@ -31,6 +31,8 @@ void Console::load() {
   register_cards();
   paint_legends();
   audio_matrix_.choose_defaults();
+  terminal_scan_.start();
+  clock_.start();
   journal_.JournalLine("Программа загружена");
 
   watch_.begin();
@@ -82,13 +84,9 @@ void Console::take_alert_settings() {
   model_.alert.al_rep = Number(line[kBlockPlays]);
   model_.alert.man_rep = Number(line[kManualPlays]);
   if (const int plays = model_.alert.man_rep; plays > 0 && plays < 101) forms_.form1.VS1.set_value(plays);
-  auto& supervision = model_.supervision;
-  supervision.NextCheck = later_in_day(second_of_day(machine_.loop.wall()), scan_period(model_.settings));
-  supervision.auto_mode = Number(line[kAutoControl]) != 0;
-  forms_.form1.CmdZ.set_picture(supervision.auto_mode ? picture::kSwitchOn : picture::kSwitchOff);
-  forms_.form1.CmdZ.set_caption(supervision.auto_mode ? "ВКЛ" : "ВЫКЛ");
+  auto_control_.start();
   forms_.form1.Timer14.set_enabled(line[kRemoteControl] == "1");
-  if (!line[kScanCycles].empty()) supervision.TermMissLimit = Number(line[kScanCycles]);
+  if (!line[kScanCycles].empty()) model_.supervision.TermMissLimit = Number(line[kScanCycles]);
   forms_.form1.CmdDem.set_enabled(line[kManualStart] == "1");
 }
 

@@ -94,7 +94,8 @@ void NameList::keep() {
   if (!doors_.kept) return;
   doors_.kept->by_number.clear();
   for (const auto& line : doors_.window.List1.rows())
-    doors_.kept->by_number[static_cast<int>(number_of(line))] = name_of(line);
+    if (const double number = number_of(line); number >= 1 && number <= kMostLines)
+      doors_.kept->by_number[static_cast<int>(number)] = name_of(line);
   ++doors_.kept->edition;
 }
 

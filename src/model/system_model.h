@@ -175,10 +175,15 @@ struct MessageState {
   std::string mp1_file;                     // the file that MP1 was given last
 };
 
+// By terminal, of the last pass of the scan: whether it gave a zone and a number of its own; and the passes
+// that it has missed in a row.
 struct SupervisionState {
-  bool auto_mode = false;
-  std::int32_t NextCheck = 0;  // time of day
+  bool ScanRunning = false;
+  BoundedArray<bool, 1, kTerminals> TermZoneOk, TermAddrOk;
+  BoundedArray<std::int16_t, 1, kTerminals> TermMissCount;
   std::int32_t TermMissLimit = 1;
+  bool auto_mode = false, ManualMode = false;
+  std::int32_t NextCheck = 0;  // time of day
 };
 
 struct TimerState {

@@ -45,7 +45,7 @@ int rows_with(const QImage& picture, const QColor& color) {
 TEST_F(Bar, BurnsInEveryWindowHighEnoughAndKeepsItsPlace) {
   resize_main(1280, 800);
   settle();
-  QTest::qWait(20);
+  until([&] { return bar(form1()).height() == bar(form1()).sizeHint().height(); });
   const QRect calm = bar(form1()).geometry();
   EXPECT_GE(calm.height(), 48);
   EXPECT_GE(calm.width(), main_window().width() - 20) << "over the full width";
