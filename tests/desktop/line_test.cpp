@@ -75,12 +75,16 @@ TEST_F(Line, ALineThatComesAndGoesTwentyTimesIsTakenUpEachTime) {
     line_->unplug();
     ASSERT_TRUE(until([&] { return desktop->line().is_lost(); })) << time;
     EXPECT_TRUE(says("Линия потеряна: COM1")) << time;
+    settle();
+    EXPECT_EQ(widget(form1().PctD1)->accessibleName(), "Связь, неизвестно") << time;
     desktop->screen().act([this] { user::click(form1().Opt1[3]); });  // sent into nothing, no harm
     settle();
     line_->plug();
     ASSERT_TRUE(until([&] { return !desktop->line().is_lost(); })) << time;
     EXPECT_FALSE(says("Линия")) << time;
     ASSERT_TRUE(poll_is_answered()) << time;
+    settle();
+    EXPECT_EQ(widget(form1().PctD1)->accessibleName(), "Связь, да") << time;
   }
 }
 
