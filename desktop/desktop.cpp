@@ -8,6 +8,7 @@
 
 #include "desktop/layouts/layouts.h"
 #include "desktop/stand.h"
+#include "desktop/view/pictures.h"
 
 namespace evac::desktop {
 namespace {
@@ -61,10 +62,8 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
   windows_.set_layouts(all_layouts(console_->forms()));
   feed_.follow(console_->watch());
-  QObject::connect(&feed_, &WatchFeed::changed, &feed_, [this] {
-    for (Picture& lamp : console_->form1().PctA)
-      screen_.set_burning(lamp, feed_.closed(lamp.index().value_or(0)));
-  });
+  QObject::connect(&feed_, &WatchFeed::changed, &feed_, [this] { show_signs(); });
+  QObject::connect(&notices_, &Notices::changed, &notices_, [this] { show_signs(); });
   feed_.show_alarm_panel = [this] { screen_.act([this] { console_->form1().SSTab1.set_value(kAlarmTab); }); };
   qApp->installEventFilter(this);
   QObject::connect(&device_watch_, &QTimer::timeout, &device_watch_, [this] { look_after_devices(); });
@@ -112,6 +111,15 @@ void Desktop::start() {
 
 void Desktop::run() {
   while (true) loop_.pump();
+}
+
+void Desktop::show_signs() {
+  if (!console_) return;
+  for (Picture& lamp : console_->form1().PctA)
+    screen_.set_sign(lamp, feed_.closed(lamp.index().value_or(0)) ? picture::kPause : std::string_view());
+  const bool unknown = feed_.polls_missed() || line_.is_lost();
+  for (Picture* indicator : {&console_->form1().PctD1, &console_->form1().PctD0})
+    screen_.set_sign(*indicator, unknown ? sign::kUnknown : std::string_view());
 }
 
 void Desktop::look_after_devices() {

@@ -8,7 +8,6 @@
 #include "desktop/view/palette.h"
 #include "desktop/view/pictures.h"
 #include "desktop/view/press.h"
-#include "platform/pictures.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
@@ -138,13 +137,10 @@ PictureView::PictureView(Picture& control, Screen& screen, const Node& node, QWi
   if (!lamp && node.width > 0) setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-std::string_view PictureView::shown() const {
-  return screen_.is_burning(control_) ? picture::kPause : std::string_view(control_.picture());
-}
-
 QStringList PictureView::values() const {
   if (!control_.lines().empty()) return {qt(control_.lines().back())};
-  return {look_ == Look::kLamp ? lamp_words(shown()) : picture_words(shown())};
+  const std::string_view shown = screen_.picture_of(control_);
+  return {look_ == Look::kLamp ? lamp_words(shown) : picture_words(shown)};
 }
 
 void PictureView::paintEvent(QPaintEvent*) {
@@ -156,10 +152,10 @@ void PictureView::paintEvent(QPaintEvent*) {
     QFont font = this->font();
     font.setPointSizeF(font.pointSizeF() * std::clamp(room, 1.0, 2.0));
     p.setFont(font);
-    draw_lamp(p, rect(), shown(), QString::number(control_.index().value_or(0)));
+    draw_lamp(p, rect(), screen_.picture_of(control_), QString::number(control_.index().value_or(0)));
     return;
   }
-  draw_picture(p, rect(), shown());
+  draw_picture(p, rect(), screen_.picture_of(control_));
   if (control_.lines().empty()) return;
   p.setPen(grey::kText);
   draw_text(p, rect().adjusted(2, 0, -2, 0), Qt::AlignLeft | Qt::AlignVCenter, qt(control_.lines().back()));

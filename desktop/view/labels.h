@@ -44,8 +44,6 @@ class PictureView : public BoundWidget<QWidget, Picture>, public Spoken {
  private:
   void show_state() override {}
   QStringList values() const override;
-  // What is shown: its own picture, or the fire's while it burns.
-  std::string_view shown() const;
 };
 
 }  // namespace evac::desktop

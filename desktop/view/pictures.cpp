@@ -65,6 +65,16 @@ void draw_warning(QPainter& p, const QRectF& box, const QColor& ink) {
   p.drawRect(part(box, 0.45, 0.72, 0.1, 0.1));
 }
 
+// Not known: grey, crossed out.
+void draw_unknown(QPainter& p, const QRectF& box, const QColor&) {
+  p.setPen(QPen(grey::kLine, box.width() * 0.08));
+  p.setBrush(grey::kFace);
+  p.drawEllipse(part(box, 0.1, 0.1, 0.8, 0.8));
+  p.setPen(QPen(grey::kText, box.width() * 0.1, Qt::SolidLine, Qt::RoundCap));
+  p.drawLine(point(box, 0.08, 0.08), point(box, 0.92, 0.92));
+  p.drawLine(point(box, 0.92, 0.08), point(box, 0.08, 0.92));
+}
+
 void draw_switch(QPainter& p, const QRectF& box, bool on, const QColor& ink) {
   const QRectF body = part(box, 0, 0.22, 1, 0.56);
   p.setPen(QPen(ink, box.width() * 0.06));
@@ -148,6 +158,7 @@ constexpr Drawing kDrawings[] = {
     {picture::kSwitchOn, draw_switch_on, "включено"},
     {picture::kSwitchOff, draw_switch_off, "выключено"},
     {picture::kEmblem, draw_emblem, ""},
+    {sign::kUnknown, draw_unknown, "неизвестно"},
     {sign::kPlay, draw_play, "воспроизведение"},
     {sign::kStop, draw_stop, "стоп"},
     {sign::kNext, draw_next, "вперёд"},

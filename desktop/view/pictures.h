@@ -9,8 +9,9 @@
 
 namespace evac::desktop {
 
-// What the keys of the decks carry besides the pictures that controls show.
+// What is drawn besides the pictures that controls show: on the keys of the decks, and for what is not known.
 namespace sign {
+inline constexpr std::string_view kUnknown = "unknown";
 inline constexpr std::string_view kPlay = "play";
 inline constexpr std::string_view kStop = "stop";
 inline constexpr std::string_view kNext = "next";

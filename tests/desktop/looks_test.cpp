@@ -213,14 +213,14 @@ TEST_F(Looks, ALampThatBurnsKeepsTheSignOfFireWhateverElseIsPaintedOnIt) {
   form1().PctA[7].set_picture(picture::kPause);
   settle();
   const QImage fire = lamp->grab().toImage();
-  desktop->screen().set_burning(form1().PctA[7], true);
+  desktop->screen().set_sign(form1().PctA[7], picture::kPause);
   for (const auto word : {picture::kYes, picture::kNo}) {
     form1().PctA[7].set_picture(word);
     settle();
     EXPECT_EQ(lamp->grab().toImage(), fire);
     EXPECT_EQ(lamp->accessibleName(), "Зона 7, пожар");
   }
-  desktop->screen().set_burning(form1().PctA[7], false);
+  desktop->screen().set_sign(form1().PctA[7], {});
   settle();
   EXPECT_EQ(lamp->grab().toImage(), dark);
 }
