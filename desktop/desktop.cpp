@@ -1,5 +1,7 @@
 #include "desktop/desktop.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPushButton>
 
 #include "desktop/layouts/layouts.h"
@@ -11,6 +13,7 @@ namespace {
 constexpr const char* kTrainingTitle = " — учебный режим";
 
 constexpr std::chrono::seconds kDeviceWatch{1};
+constexpr int kAlarmTab = 0;
 
 std::map<int, QString> devices(const HostSetup& setup) {
   std::map<int, QString> names;
@@ -40,7 +43,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       tone_(sound_),
       process_(setup.restart_armed, notices_),
       screen_(loop_),
-      windows_(screen_, {notices_, [this](QWidget* parent) { return make_stand_button(parent); }},
+      windows_(screen_, {notices_, feed_, [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
@@ -48,10 +51,15 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   files_.make_folder(kProgramFolder);
   host_.before_wait = [this] { screen_.flush(); };
   boxes_.before_box = [this] { screen_.flush(); };
+  boxes_.raised_by_user = [this] { return screen_.in_act(); };
+  boxes_.fire_waits = [this] { return console_->fire_waiting().now(); };
   Cards& cards = simulated_cards_ ? static_cast<Cards&>(*simulated_cards_) : comedi_;
   console_ = std::make_unique<Console>(
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
   windows_.set_layouts(all_layouts(console_->forms()));
+  feed_.follow(console_->watch());
+  feed_.show_alarm_panel = [this] { screen_.act([this] { console_->form1().SSTab1.set_value(kAlarmTab); }); };
+  qApp->installEventFilter(this);
   QObject::connect(&device_watch_, &QTimer::timeout, &device_watch_, [this] { look_after_devices(); });
   device_watch_.start(kDeviceWatch);
   look_after_devices();
@@ -62,7 +70,29 @@ Desktop::~Desktop() {
   stand_.reset();
   loop_.clear();
   windows_.destroy();
+  feed_.let_go();
   console_.reset();
+}
+
+bool Desktop::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_F12 && key->modifiers() == Qt::ControlModifier) {
+      if (event->type() == QEvent::KeyPress && !key->isAutoRepeat() && watched->isWindowType()) stop_alert();
+      event->accept();
+      return true;
+    }
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void Desktop::stop_alert() {
+  // A box holds the console: it goes first. The press reaches the button also behind a settings window.
+  boxes_.answer_safely();
+  screen_.act([this] {
+    Button& stop = console_->form1().CmdStF;
+    if (stop.usable()) stop.click();
+  });
 }
 
 void Desktop::start() {

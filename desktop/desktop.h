@@ -22,7 +22,7 @@ namespace evac::desktop {
 
 class Stand;
 
-class Desktop {
+class Desktop : private QObject {
  public:
   // With a training line the machine is a simulated one around its rack.
   Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training);
@@ -40,6 +40,8 @@ class Desktop {
   FormWindows& windows() { return windows_; }
   SerialLine& line() { return line_; }
   Notices& notices() { return notices_; }
+  WatchFeed& feed() { return feed_; }
+  Boxes& boxes() { return boxes_; }
   Files& files() { return files_; }
   EventLoop& loop() { return loop_; }
   // Null outside training mode.
@@ -48,6 +50,9 @@ class Desktop {
 
  private:
   QWidget* make_stand_button(QWidget* parent);
+  // The stop of an alert by one chord, from any tab, window and box.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void stop_alert();
   // Once a second: what sound and cards have to say goes to the header strip.
   void look_after_devices();
 
@@ -62,7 +67,8 @@ class Desktop {
   GstMedia mp_, mp1_, mp2_, mp3_;
   ComediCards comedi_;
   std::unique_ptr<SimulatedCards> simulated_cards_;  // of the training mode
-  QtBoxes boxes_;
+  WatchFeed feed_;
+  QtBoxes boxes_{feed_, notices_};
   GstTone tone_;
   DesktopProcess process_;
   Screen screen_;

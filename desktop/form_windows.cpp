@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "desktop/boxes.h"
+#include "desktop/view/watch_bar.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
@@ -33,15 +35,22 @@ FormWindow::FormWindow(const WindowLayout& layout, Screen& screen, const HostPar
     : QWidget(owner, owner ? Qt::Dialog : Qt::Window),
       form_(layout.form),
       screen_(screen),
+      feed_(host.feed),
       title_suffix_(title_suffix) {
   setObjectName(qt(form_.name()));
   auto* box = new QVBoxLayout(this);
   box->setContentsMargins(6, 6, 6, 6);
   box->setSpacing(4);
   make_menu(*box);
+  if (owner) box->addWidget(new WatchBar(host.feed, this));
   box->addWidget(LayoutBuilder(screen, host).build(layout.content, this), 1);
   form_.view_changed = [this] { show_title(); };
   show_title();
+}
+
+bool FormWindow::may_close() {
+  if (parentWidget() || !feed_.burning()) return true;
+  return ask_host(feed_, this, QStringLiteral("%1\n\nЗакрыть пульт?").arg(qt(feed_.lines().front().text)));
 }
 
 FormWindow::~FormWindow() {
@@ -70,7 +79,9 @@ void FormWindow::make_menu(QLayout& layout) {
 void FormWindow::closeEvent(QCloseEvent* event) {
   // The console decides what closing means.
   event->ignore();
-  screen_.act([&form = form_] { user::close(form); });
+  screen_.act([this] {
+    if (may_close()) user::close(form_);
+  });
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {

@@ -24,10 +24,13 @@ class FormWindow : public QWidget {
 
  private:
   void make_menu(QLayout& layout);
+  // While something burns, the main window asks once before the program ends.
+  bool may_close();
   void show_title();
 
   Form& form_;
   Screen& screen_;
+  WatchFeed& feed_;
   const QString title_suffix_;
 };
 

@@ -71,6 +71,12 @@ fs::path training_folder() {
          "evac-console" / "training";
 }
 
+// What keeps the program from starting, on standard error and in a box.
+void tell_start_error(const Options& options, const QString& text) {
+  std::cerr << "evac-console: " << plain(text) << '\n';
+  if (options.rehearse.isEmpty()) show_start_error(text);
+}
+
 int run(const Options& options) {
   HostSetup setup;
   std::unique_ptr<TrainingLine> training;
@@ -82,7 +88,9 @@ int run(const Options& options) {
     setup = training_setup(folder);
     lock = std::make_unique<QLockFile>(QString::fromStdString((folder / "lock").string()));
     if (!lock->tryLock(0)) {
-      std::cerr << "evac-console: the training mode runs already on " << folder.string() << '\n';
+      tell_start_error(
+          options,
+          QStringLiteral("Учебный режим уже запущен: %1").arg(QString::fromStdString(folder.string())));
       return kUsageStatus;
     }
     training = std::make_unique<TrainingLine>(setup.ports.at(1));
@@ -118,10 +126,12 @@ int main(int argc, char** argv) {
   try {
     return run(options);
   } catch (const HostIniError& error) {
-    std::cerr << "evac-console: " << error.what() << '\n';
+    tell_start_error(options,
+                     QStringLiteral("Описание машины не читается:\n%1").arg(QString::fromUtf8(error.what())));
     return kUsageStatus;
   } catch (const std::exception& error) {
-    std::cerr << "evac-console: " << error.what() << '\n';
+    tell_start_error(options,
+                     QStringLiteral("Программа завершается: %1").arg(QString::fromUtf8(error.what())));
     return kFaultStatus;
   }
 }

@@ -1,5 +1,5 @@
-// The settings and console rooms on a whole console: files that hold what no window would write, and the
-// group buttons over many zones.
+// The settings and console rooms on a whole console: files that hold what no window would write, the group
+// buttons over many zones, numbers past what a frame holds.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -165,6 +165,72 @@ TEST_F(ConsoleRooms, ANumberThatDoesNotFitEndsTheReaderAndKeepsWhatWasRead) {
   EXPECT_EQ(model.power.SeqSavedMask[1], 0);
   EXPECT_EQ(machine.machine().port.port(), 1);
   EXPECT_EQ(last_box(), "");
+}
+
+TEST_F(ConsoleRooms, TheHundredthTrackOrPresetIsCountedButNeitherSentNorShown) {
+  struct Source {
+    Button& next;
+    const Label& text;
+    const std::int16_t& number;
+  };
+  for (int i = 0; i < 3; ++i) {
+    SCOPED_TRACE(i);
+    Form1& form1 = start();
+    auto& sources = console->model().sources;
+    const Source all[] = {{form1.CmdCD[1], form1.LblCD, sources.cd_track},
+                          {form1.CmdMP3[1], form1.LblMP3, sources.mp3_track},
+                          {form1.CmdT[2], form1.SourcesTab::LblT, sources.tuner_preset}};
+    const Source& source = all[i];
+    while (source.number < 99) source.next.click();
+    ASSERT_EQ(machine.sent().size(), 98u);
+    EXPECT_EQ(machine.sent()[8][6], 0x10);
+    EXPECT_EQ(machine.sent().back()[6], 0x99);
+    try {
+      source.next.click();
+      FAIL() << "no fault";
+    } catch (const Fault& fault) {
+      EXPECT_EQ(fault.number(), 6);
+    }
+    EXPECT_EQ(source.number, 100);
+    EXPECT_EQ(machine.sent().size(), 98u);
+    EXPECT_TRUE(source.text.caption().ends_with("- 99") || source.text.caption().ends_with("-99"));
+  }
+}
+
+TEST_F(ConsoleRooms, EachOutletIsAskedAboutByItsNumberAndOnlyTheFirstSequencerHasATitleOfItsOwn) {
+  Form1& form1 = start();
+  std::vector<std::string> asked;
+  machine.trace = [&](const std::string& line) {
+    if (line.starts_with("box ")) asked.push_back(line);
+  };
+  const auto box = [](const std::string& text, const std::string& title) {
+    return "box \"" + text + "\" \"" + title + "\" yesno -> no";
+  };
+  for (int n = 1; n <= kSequencers; ++n) {
+    const int i = n - 1;
+    form1.CmdTW(n)[i].click();
+    form1.CmdTW(n)[i].click();
+    EXPECT_EQ(asked.back(), box("Действительно выключить канал " + std::to_string(i + 1),
+                                n == 1 ? "Power off" : "Power OFF"));
+  }
+  console->model().power.alarm9_on = true;
+  form1.CmdTW9.click();
+  EXPECT_EQ(asked.back(), box("Действительно выключить аварийные каналы 9 и 10", "Power OFF"));
+  form1.CmdTW10.click();
+  EXPECT_EQ(asked.back(), box("Включить аварийный канал 10", "Power ON"));
+  EXPECT_EQ(machine.sent().size(), 8u);
+}
+
+TEST_F(ConsoleRooms, ADamagedMaskBringsUpNoOutletThatIsNotThere) {
+  EquipmentRecords equipment;
+  equipment.outlets[0] = "-128";
+  equipment.outlets[7] = "65408";
+  ASSERT_EQ(write_equipment(machine.files(), settings, equipment), kNoError);
+  Form1& form1 = start();
+  machine.run_for(std::chrono::seconds(34));
+  ASSERT_EQ(machine.sent().size(), 2u);
+  EXPECT_EQ(machine.sent()[1], (Frame9{0xAA, 0xAA, 7, 7, 1, 0xEE, 0, 0, 0xFD}));
+  EXPECT_FALSE(form1.Timer13.enabled());
 }
 
 TEST_F(ConsoleRooms, FilesDamagedAtRandomLoadAndCanBeWorkedWith) {

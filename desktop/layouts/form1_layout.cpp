@@ -10,11 +10,10 @@ Node header_strip(Form1& form) {
   const Node left =
       column({use(form.LblDate).shown(Look::kTitle).wide(26),
               row({use(form.PctD1), use(form.LblCon).wide(13), use(form.PctD0), use(form.LblSs).wide(13)}),
-              row({use(form.Picture2).wide(12), space(), stand_button()})});
+              row({use(form.Picture2).wide(12), box_note().grow(1), stand_button()})});
   const Node right = column({use(alarm.LblU[kModeLine]).shown(Look::kBig).wide(26),
                              row({use(alarm.LblU[kSecondLine]).shown(Look::kBig).wide(18).grow(1),
-                                  use(alarm.LblT).shown(Look::kBig).wide(5).called("Осталось")}),
-                             fires(alarm.PctA).wide(20)})
+                                  use(alarm.LblT).shown(Look::kBig).wide(5).called("Осталось")})})
                          .shown(Look::kValue)
                          .packed();
   return column({row({Node(left).grow(1), Node(right).grow(1)}), notices()}).packed();
@@ -32,7 +31,7 @@ OutOfSight form1_out_of_sight(Form1& form) {
 
 WindowLayout layout(Form1& form) {
   return {form,
-          column({header_strip(form),
+          column({header_strip(form), watch_bar(),
                   tabs(form.SSTab1, {alarm_tab(form), zones_tab(form), terminals_tab(form), player_tab(form),
                                      sources_tab(form), control_tab(form), power_tab(form)})
                       .grow(1)}),

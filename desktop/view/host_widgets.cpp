@@ -1,88 +1,115 @@
 #include "desktop/view/host_widgets.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "desktop/notices.h"
 #include "desktop/view/palette.h"
 #include "desktop/view/pictures.h"
+#include "platform/pictures.h"
 
 namespace evac::desktop {
+namespace {
 
-FiresView::FiresView(std::vector<Picture*> lamps, Screen& screen, const Node& node, QWidget* parent)
-    : QLabel(parent), lamps_(std::move(lamps)), screen_(screen), burning_(lamps_.size()) {
-  setFont(font_of(Look::kTitle, font()));
-  setObjectName("fires");
-  const int line = QFontMetrics(QApplication::font()).height();
-  setFixedHeight(static_cast<int>((node.height > 0 ? node.height : 1.6) * line));
-  setMinimumWidth(static_cast<int>(node.width * line));
-  for (Picture* lamp : lamps_) screen_.bind(*lamp, *this);
+// Shares of the line that the subjects have, in their order.
+constexpr int kShares[] = {4, 4, 3, 3, 3};
+static_assert(std::size(kShares) == Notices::kSubjects);
+constexpr int kAllShares = 17;
+
+QFont bold(QFont font) {
+  font.setBold(true);
+  return font;
 }
 
-FiresView::~FiresView() {
-  for (Picture* lamp : lamps_) screen_.unbind(*lamp, *this);
-}
-
-void FiresView::refresh() {
-  QStringList zones;
-  for (std::size_t i = 0; i < lamps_.size(); ++i) {
-    const std::string& picture = lamps_[i]->picture();
-    if (picture == picture::kPause) burning_[i] = true;
-    if (picture == picture::kNo) burning_[i] = false;
-    if (burning_[i]) zones << QString::number(lamps_[i]->index().value_or(0));
+// The sign of a fault and the text behind it, cut to the place.
+void draw_notice(QPainter& p, QRect place, const QString& text, bool fault) {
+  if (fault) {
+    const double side = place.height() * 0.8;
+    draw_picture(p, QRectF(place.left() + 2, place.center().y() - side / 2, side, side), picture::kPause);
   }
-  const QString text = zones.isEmpty()
-                           ? QString()
-                           : QStringLiteral("ПОЖАР  ") +
-                                 (zones.size() == 1 ? QStringLiteral("зона ") : QStringLiteral("зоны ")) +
-                                 zones.join(", ");
-  if (text == shown_) return;
-  shown_ = text;
-  setText(text);
-  setAccessibleName(text.isEmpty() ? QStringLiteral("Пожара нет") : text);
-  setToolTip(text);
+  place.adjust(fault ? place.height() + 4 : 2, 0, -6, 0);
+  p.setPen(grey::kText);
+  p.drawText(place, Qt::AlignVCenter | Qt::AlignLeft,
+             p.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
 }
 
-void FiresView::paintEvent(QPaintEvent*) {
-  if (shown_.isEmpty()) return;
-  QPainter p(this);
-  p.setRenderHint(QPainter::Antialiasing);
-  p.setPen(Qt::NoPen);
-  p.setBrush(signal::kFire);
-  p.drawRoundedRect(rect(), 4, 4);
-  p.setPen(Qt::white);
-  const QRect area = rect().adjusted(10, 0, -10, 0);
-  p.drawText(area, Qt::AlignVCenter | Qt::AlignLeft,
-             fontMetrics().elidedText(shown_, Qt::ElideRight, area.width()));
-}
+}  // namespace
 
-NoticesView::NoticesView(Notices& notices, QWidget* parent) : QLabel(parent), notices_(notices) {
+NoticesView::NoticesView(Notices& notices, QWidget* parent) : QWidget(parent), notices_(notices) {
   setObjectName("notices");
   setMinimumWidth(1);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   setFixedHeight(fontMetrics().height() * 4 / 3);
-  QFont bold = font();
-  bold.setBold(true);
-  setFont(bold);
-  connect(&notices, &Notices::changed, this, [this] { show_notices(); });
-  show_notices();
+  const auto show = [this] {
+    setAccessibleName(notices_.text());
+    update();
+  };
+  connect(&notices, &Notices::changed, this, show);
+  show();
 }
 
-void NoticesView::show_notices() {
-  const QString text = notices_.text();
-  setText(text);
-  setToolTip(text);
-  setAccessibleName(text);
+// Begins at its own place, and may take those behind it that are empty.
+QRect NoticesView::place_of(int subject) const {
+  int before = 0, shares = 0;
+  for (int i = 0; i < subject; ++i) before += kShares[i];
+  for (int i = subject; i < Notices::kSubjects; ++i) {
+    if (i > subject && !notices_.message(static_cast<Notices::Subject>(i)).isEmpty()) break;
+    shares += kShares[i];
+  }
+  return {width() * before / kAllShares, 0, width() * shares / kAllShares, height()};
 }
 
 void NoticesView::paintEvent(QPaintEvent*) {
-  if (text().isEmpty()) return;
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
-  const double side = height() * 0.8;
-  draw_picture(p, QRectF(2, (height() - side) / 2, side, side), picture::kPause);
-  const QRect area = rect().adjusted(height() + 4, 0, -2, 0);
-  p.setPen(grey::kText);
-  p.drawText(area, Qt::AlignVCenter, fontMetrics().elidedText(text(), Qt::ElideRight, area.width()));
+  for (int i = 0; i < Notices::kSubjects; ++i) {
+    const auto subject = static_cast<Notices::Subject>(i);
+    if (notices_.message(subject).isEmpty()) continue;
+    p.setFont(Notices::is_fault(subject) ? bold(font()) : font());
+    draw_notice(p, place_of(i), notices_.message(subject), Notices::is_fault(subject));
+  }
+}
+
+bool NoticesView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  for (int i = 0; i < Notices::kSubjects; ++i)
+    if (place_of(i).contains(help->pos()))
+      QToolTip::showText(help->globalPos(), notices_.message(static_cast<Notices::Subject>(i)), this);
+  return true;
+}
+
+BoxNoteView::BoxNoteView(Notices& notices, QWidget* parent) : QPushButton(parent), notices_(notices) {
+  setObjectName("box note");
+  setFlat(true);
+  setFont(bold(font()));
+  QSizePolicy keep(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  keep.setRetainSizeWhenHidden(true);
+  setSizePolicy(keep);
+  connect(&notices, &Notices::changed, this, [this] { show_boxes(); });
+  connect(this, &QPushButton::clicked, this, [this] { notices_.dismiss_boxes(); });
+  show_boxes();
+}
+
+void BoxNoteView::show_boxes() {
+  const QStringList& boxes = notices_.boxes();
+  setVisible(!boxes.isEmpty());
+  setToolTip(
+      QStringLiteral("Окна, которые ответили сами:\n%1\n\nНажмите, чтобы убрать").arg(boxes.join('\n')));
+  setAccessibleName(boxes.join(QStringLiteral("; ")));
+  update();
+}
+
+void BoxNoteView::paintEvent(QPaintEvent* event) {
+  QPushButton::paintEvent(event);
+  if (notices_.boxes().isEmpty()) return;
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  const qsizetype count = notices_.boxes().size();
+  QString text = notices_.boxes().back() + QStringLiteral("  ✕");
+  if (count > 1) text.prepend(QStringLiteral("(%1) ").arg(count));
+  draw_notice(p, rect(), text, true);
 }
 
 }  // namespace evac::desktop

@@ -1,43 +1,38 @@
-// What the window shows besides the controls: the zones of fire, and what the host has to say.
+// What the window shows besides the controls: what the host has to say.
 #pragma once
 
-#include <QLabel>
-
-#include "desktop/view/bound_widget.h"
+#include <QPushButton>
 
 namespace evac::desktop {
 
 class Notices;
 
-// The zones of fire by their lamps, white on red; empty and quiet without one. A lamp that has shown the
-// fire's picture counts until it is dark: the next step of an alert lights the zone of fire like its
-// neighbours.
-class FiresView : public QLabel, public Face {
- public:
-  FiresView(std::vector<Picture*> lamps, Screen& screen, const Node& node, QWidget* parent);
-  ~FiresView() override;
-  void refresh() override;
-  QWidget& widget() override { return *this; }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
- private:
-  std::vector<Picture*> lamps_;
-  Screen& screen_;
-  std::vector<bool> burning_;
-  QString shown_;
-};
-
-class NoticesView : public QLabel {
+// What the host has to say, each subject in its own place: faults with the sign, information without.
+class NoticesView : public QWidget {
  public:
   NoticesView(Notices& notices, QWidget* parent);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
-  void show_notices();
+  QRect place_of(int subject) const;
+  Notices& notices_;
+};
+
+// The texts of boxes that answered themselves; a press dismisses them.
+class BoxNoteView : public QPushButton {
+ public:
+  BoxNoteView(Notices& notices, QWidget* parent);
+  QSize sizeHint() const override { return {80, fontMetrics().height() * 3 / 2}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void show_boxes();
   Notices& notices_;
 };
 

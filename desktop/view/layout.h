@@ -47,7 +47,8 @@ struct Node {
     kBoard,        // `controls`, `columns` a row
     kRows,         // rows of `arrays`, side by side under their heads, in `columns` columns of rows
     kPile,         // `controls` in one place, where the visible one is seen
-    kFires,        // the numbers of those of `controls` whose picture is the fire's
+    kWatch,        // the alarm bar
+    kBoxNote,      // what boxes that answered themselves said
     kNotices,      // what the host has to say
     kStandButton,  // the way to the virtual rack, where there is one
     kSpace         // takes what room is left
@@ -144,8 +145,11 @@ template <class T>
 Node pile(ControlArray<T>& array) {
   return make_node(Node::What::kPile, all(array));
 }
-inline Node fires(ControlArray<Picture>& lamps) {
-  return make_node(Node::What::kFires, all(lamps));
+inline Node watch_bar() {
+  return make_node(Node::What::kWatch);
+}
+inline Node box_note() {
+  return make_node(Node::What::kBoxNote);
 }
 inline Node notices() {
   return make_node(Node::What::kNotices);

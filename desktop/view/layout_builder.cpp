@@ -13,6 +13,7 @@
 #include "desktop/view/palette.h"
 #include "desktop/view/press.h"
 #include "desktop/view/texts.h"
+#include "desktop/view/watch_bar.h"
 
 namespace evac::desktop {
 namespace {
@@ -77,8 +78,10 @@ QWidget* LayoutBuilder::build(const Node& node, QWidget* parent) {
       return make_rows(node, parent);
     case Node::What::kPile:
       return make_pile(node, parent);
-    case Node::What::kFires:
-      return make_fires(node, parent);
+    case Node::What::kWatch:
+      return new WatchBar(host_.feed, parent);
+    case Node::What::kBoxNote:
+      return new BoxNoteView(host_.notices, parent);
     case Node::What::kNotices:
       return new NoticesView(host_.notices, parent);
     case Node::What::kStandButton:
@@ -239,14 +242,6 @@ QWidget* LayoutBuilder::make_text(const Node& node, QWidget* parent) {
     label->setWordWrap(true);
   }
   return label;
-}
-
-QWidget* LayoutBuilder::make_fires(const Node& node, QWidget* parent) {
-  std::vector<Picture*> lamps;
-  for (Control* control : node.controls) lamps.push_back(&dynamic_cast<Picture&>(*control));
-  auto* view = new FiresView(std::move(lamps), screen_, node, parent);
-  view->refresh();
-  return view;
 }
 
 }  // namespace evac::desktop

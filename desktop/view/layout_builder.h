@@ -12,10 +12,12 @@ namespace evac::desktop {
 
 class FocusBoard;
 class Notices;
+class WatchFeed;
 
 // What layouts can show of the host.
 struct HostParts {
   Notices& notices;
+  WatchFeed& feed;
   // Makes the button that brings up the virtual rack; null where there is none.
   std::function<QWidget*(QWidget* parent)> stand_button;
 };
@@ -39,7 +41,6 @@ class LayoutBuilder {
                  int column);
   QWidget* make_pile(const Node& node, QWidget* parent);
   QWidget* make_text(const Node& node, QWidget* parent);
-  QWidget* make_fires(const Node& node, QWidget* parent);
 
   Screen& screen_;
   const HostParts& host_;

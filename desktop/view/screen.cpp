@@ -1,5 +1,6 @@
 #include "desktop/view/screen.h"
 
+#include <QScopedValueRollback>
 #include <QWidget>
 
 namespace evac::desktop {
@@ -24,6 +25,13 @@ void Screen::unbind(Control& control, Face& face) {
 std::vector<Face*> Screen::faces(const Control& control) const {
   const auto at = views_.find(&control);
   return at == views_.end() ? std::vector<Face*>{} : at->second->faces;
+}
+
+void Screen::act(std::function<void()> deed) {
+  loop_.post([this, deed = std::move(deed)] {
+    const QScopedValueRollback act(act_, loop_.running());
+    deed();
+  });
 }
 
 void Screen::flush() {

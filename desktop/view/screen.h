@@ -48,7 +48,9 @@ class Screen {
   // Shows all changes since the last time.
   void flush();
   // Runs as an event of the console's loop, in its turn.
-  void act(std::function<void()> deed) { loop_.post(std::move(deed)); }
+  void act(std::function<void()> deed);
+  // Whether the innermost event that runs is such a deed.
+  bool in_act() const { return loop_.running() != 0 && loop_.running() == act_; }
 
   // Where a pop-up menu comes up: the place of the last right press.
   void set_popup_place(QPoint place) { popup_place_ = place; }
@@ -71,6 +73,7 @@ class Screen {
   };
 
   EventLoop& loop_;
+  std::uint64_t act_ = 0;  // the innermost deed, as the loop numbers its events
   std::map<const Control*, std::unique_ptr<View>> views_;
   std::vector<View*> changed_;
   QPoint popup_place_;

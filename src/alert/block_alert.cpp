@@ -13,8 +13,12 @@ constexpr int kSourceComputer = 1;
 
 }  // namespace
 
+bool BlockAlert::reports_alarm(const Frame9& frame) {
+  return frame[kReportByte] == kAlarmReport;
+}
+
 void BlockAlert::check() {
-  if (doors_.link.r_frame[kReportByte] == kAlarmReport && !doors_.alert.al_active) start();
+  if (reports_alarm(doors_.link.r_frame) && !doors_.alert.al_active) start();
   if (!doors_.alert.al_active) doors_.tab.LblU[kModeLine].set_caption("Q-4710");
 }
 

@@ -34,6 +34,8 @@ class BlockAlert {
   // Looks for an alarm in the last frame. The frame is not used up: it raises the alarm again as soon as the
   // alert is reset. A zone without a lamp is a fault.
   void check();
+  // Whether such a frame reports an alarm.
+  static bool reports_alarm(const Frame9& frame);
   // Timer5: repeats the message and ends its sound.
   void tick();
 

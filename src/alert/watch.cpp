@@ -34,27 +34,44 @@ void Watch::look() {
   find_unanswered(f);
   find_gaps(f);
   const bool same_file = !f.manual_message || manual_file_ == doors_.messages.mp1_file;
-  if (f == findings_ && same_file) return;
+  const bool first = !looking_;
+  looking_ = true;
+  if (f == findings_ && same_file && !first) return;
   findings_ = f;
   if (!same_file) manual_file_ = doors_.messages.mp1_file;
   auto lines = told();
-  if (lines == lines_) return;
+  if (lines == lines_ && !first) return;
   lines_ = std::move(lines);
   changed();
 }
 
-void Watch::read_contacts(Findings& f) {
+std::array<bool, 2> Watch::read_words(std::array<std::int32_t, kBanks>& words) const {
   const std::array handles = {doors_.alert.di_card0, doors_.alert.di_card1};
+  std::array<bool, 2> read{true, true};
   for (std::size_t bank = 0; bank < kBankTable.size(); ++bank) {
     const auto card = static_cast<std::size_t>(kBankTable[bank].card);
-    if (handles[card] < 0) {
-      words_[bank] = 0;
-    } else if (!doors_.cards.read_port(handles[card], kBankTable[bank].port, words_[bank])) {
-      f.card_fails[card] = true;
-    }
+    if (handles[card] < 0)
+      words[bank] = 0;
+    else
+      read[card] &= doors_.cards.read_port(handles[card], kBankTable[bank].port, words[bank]);
+  }
+  return read;
+}
+
+bool Watch::new_contact() const {
+  auto words = words_;
+  read_words(words);
+  for (std::size_t bank = 0; bank < words.size(); ++bank)
+    if (words[bank] & ~words_[bank]) return true;
+  return false;
+}
+
+void Watch::read_contacts(Findings& f) {
+  const auto read = read_words(words_);
+  f.card_fails = {!read[0], !read[1]};
+  for (std::size_t bank = 0; bank < words_.size(); ++bank)
     for (int input = 0; input < 32; ++input)
       if (words_[bank] & input_bit(input)) f.contacts.set(bank * 32 + static_cast<std::size_t>(input));
-  }
 }
 
 Watch::Blind Watch::blindness(int type) const {

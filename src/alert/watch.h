@@ -51,8 +51,13 @@ class Watch {
   void look();
   // The most urgent first; within a rank in the order of the table.
   const std::vector<WatchLine>& lines() const { return lines_; }
-  Event<> changed;
+  Event<> changed;  // the first look too
 
+  // Whether it has looked yet: without a line that is good news.
+  bool looking() const { return looking_; }
+  bool polls_missed() const { return findings_.silent_seconds > 0; }
+  // Whether a contact is closed now that was open at the last look. Changes nothing.
+  bool new_contact() const;
   // Whether the fire contact of the zone, 1..128, is closed.
   bool closed(int zone) const { return findings_.contacts[static_cast<std::size_t>(zone - 1)]; }
 
@@ -93,6 +98,8 @@ class Watch {
   };
 
   void take_algorithms();
+  // False for the cards that failed to be read; the words keep what they had.
+  std::array<bool, 2> read_words(std::array<std::int32_t, kBanks>& words) const;
   void read_contacts(Findings& f);
   void find_alerts(Findings& f);
   void find_unanswered(Findings& f) const;
@@ -111,6 +118,7 @@ class Watch {
   std::string manual_file_;
   std::vector<WatchLine> lines_;
   Instant begun_{};
+  bool looking_ = false;
   // The alert that runs has lost its sound; its message, and the plays of it that have opened.
   bool mute_ = false;
   const FollowedMessage* followed_ = nullptr;

@@ -18,7 +18,38 @@ Console::Console(const Machine& machine)
                    .link = link_,
                    .loop = machine.loop,
                    .strip = forms_.form1}),
+      cd_deck_({.kind = kCdDeck,
+                .track = model_.sources.cd_track,
+                .out_channel = model_.sources.cd_out_channel,
+                .buttons = forms_.form1.CmdCD,
+                .text = forms_.form1.LblCD,
+                .terminals_tab = forms_.form1,
+                .paint = model_.paint,
+                .link = link_}),
+      mp3_deck_({.kind = kMp3Deck,
+                 .track = model_.sources.mp3_track,
+                 .out_channel = model_.sources.mp3_out_channel,
+                 .buttons = forms_.form1.CmdMP3,
+                 .text = forms_.form1.LblMP3,
+                 .terminals_tab = forms_.form1,
+                 .paint = model_.paint,
+                 .link = link_}),
+      tuner_({.sources = model_.sources,
+              .tab = forms_.form1,
+              .terminals_tab = forms_.form1,
+              .paint = model_.paint,
+              .link = link_}),
       audio_matrix_({.sources = model_.sources, .tab = forms_.form1, .link = link_}),
+      sequencers_({.power = model_.power,
+                   .tab = forms_.form1,
+                   .paint = model_.paint,
+                   .link = link_,
+                   .boxes = machine.boxes}),
+      alarm_channels_({.power = model_.power,
+                       .tab = forms_.form1,
+                       .paint = model_.paint,
+                       .link = link_,
+                       .boxes = machine.boxes}),
       equipment_({.sources = model_.sources,
                   .power = model_.power,
                   .settings = model_.settings,
@@ -220,11 +251,17 @@ Console::Console(const Machine& machine)
               .block = block_alert_,
               .algorithm = algorithm_run_,
               .cards = machine.cards,
-              .loop = machine.loop}) {
+              .loop = machine.loop}),
+      fire_waiting_({.watch = watch_,
+                     .alert = model_.alert,
+                     .settings = model_.settings,
+                     .link = model_.link,
+                     .port = machine.port}) {
   wire_link();
   wire_menu();
   wire_console();
   wire_console_settings();
+  wire_sources();
   wire_supervision();
   wire_alert();
   wire_alert_settings();

@@ -4,15 +4,20 @@
 
 #include "alert/alert_engine.h"
 #include "alert/alert_settings.h"
+#include "alert/fire_waiting.h"
 #include "alert/manual_alert.h"
 #include "alert/watch.h"
 #include "alert/zone_groups.h"
 #include "app/forms.h"
+#include "console/alarm_channels.h"
 #include "console/audio_matrix.h"
+#include "console/deck.h"
 #include "console/equipment_settings.h"
 #include "console/name_list.h"
+#include "console/sequencers.h"
 #include "console/terminal_console.h"
 #include "console/terminal_settings.h"
+#include "console/tuner.h"
 #include "console/zone_console.h"
 #include "console/zone_settings.h"
 #include "journal/journal.h"
@@ -47,6 +52,7 @@ class Console {
   SystemModel& model() { return model_; }
   Journal& journal() { return journal_; }
   Watch& watch() { return watch_; }
+  const FireWaiting& fire_waiting() const { return fire_waiting_; }
 
  private:
   // The handlers of each wing, in a file of its own.
@@ -54,6 +60,7 @@ class Console {
   void wire_menu();
   void wire_console();
   void wire_console_settings();
+  void wire_sources();
   void wire_supervision();
   void wire_alert();
   void wire_alert_settings();
@@ -78,7 +85,11 @@ class Console {
   Link link_;
   ReplyWait reply_wait_;
   Dispatcher dispatcher_;
+  Deck cd_deck_, mp3_deck_;
+  Tuner tuner_;
   AudioMatrix audio_matrix_;
+  Sequencers sequencers_;
+  AlarmChannels alarm_channels_;
   EquipmentSettings equipment_;
   NameList zone_names_, terminal_names_;
   ZoneSettings zone_settings_;
@@ -111,6 +122,7 @@ class Console {
   AlertEngine alert_engine_;
   ManualAlert manual_alert_;
   Watch watch_;
+  FireWaiting fire_waiting_;
 };
 
 }  // namespace evac

@@ -23,8 +23,6 @@ void Console::wire_console() {
   form1.Option1.click = [this] { terminal_console_.pick_preset(); };
   form1.VsUs.change = [this] { terminal_console_.choose_preset(); };
   form1.CmdU.click = [this] { terminal_console_.send(); };
-
-  form1.SourcesTab::Opt1.on_click([this](int k) { audio_matrix_.choose(k); });
 }
 
 void Console::wire_console_settings() {

@@ -1,14 +1,16 @@
 // Form22, the equipment: which source feeds each channel, the port, the outlets that come up after a start.
 #pragma once
 
+#include "console/source_names.h"
 #include "console/sources_tab.h"
 #include "store/settings_files.h"
 
 namespace evac {
 
 struct Form22 : Form {
-  static constexpr std::string_view kSources[] = {"Дополнительно", "CD/MP3",    "Тюнер",       "mp3",
-                                                  "Цифровой магн", "Компьютер", "Не подключен"};
+  static constexpr std::string_view kSources[] = {"Дополнительно",   source_name::kCd, source_name::kTuner,
+                                                  source_name::kMp3, "Цифровой магн",  source_name::kComputer,
+                                                  "Не подключен"};
 
   explicit Form22(Windows& windows) : Form(windows, "Form22", "Оборудование") {
     // The port that is in use until another is saved.

@@ -3,14 +3,13 @@
 #include <algorithm>
 
 #include "console/channel_colors.h"
+#include "console/source_names.h"
 #include "model/text.h"
 #include "platform/windows.h"
 #include "store/record_number.h"
 
 namespace evac {
 namespace {
-
-constexpr std::string_view kComputer = "Компьютер", kCd = "CD/MP3", kMp3 = "mp3", kTuner = "Тюнер";
 
 void fill(ComboBox& combo, std::string_view text) {
   combo.clear();
@@ -141,10 +140,10 @@ void EquipmentSettings::take_source(int i) {
     SourceOutputs* outputs;  // null when it has none to choose from
   };
   const Source known[] = {
-      {kComputer, doors_.sources.ch_computer, doors_.sources.vol_computer, nullptr},
-      {kCd, doors_.sources.ch_cd, doors_.sources.vol_cd, &doors_.sources_tab.Opt_cd},
-      {kMp3, doors_.sources.ch_mp3, doors_.sources.vol_mp3, &doors_.sources_tab.Opt_mp},
-      {kTuner, doors_.sources.ch_tuner, doors_.sources.vol_tuner, &doors_.sources_tab.Opt_t},
+      {source_name::kComputer, doors_.sources.ch_computer, doors_.sources.vol_computer, nullptr},
+      {source_name::kCd, doors_.sources.ch_cd, doors_.sources.vol_cd, &doors_.sources_tab.Opt_cd},
+      {source_name::kMp3, doors_.sources.ch_mp3, doors_.sources.vol_mp3, &doors_.sources_tab.Opt_mp},
+      {source_name::kTuner, doors_.sources.ch_tuner, doors_.sources.vol_tuner, &doors_.sources_tab.Opt_t},
   };
   for (const auto& source : known) {
     if (source.name != doors_.form.Combo1[i].text()) continue;

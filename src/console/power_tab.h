@@ -19,6 +19,11 @@ struct PowerTab {
                              }};
   ControlArray<Button> CmdTW1 = outlets(1), CmdTW2 = outlets(2), CmdTW3 = outlets(3), CmdTW4 = outlets(4);
   ControlArray<Button> CmdTW5 = outlets(5), CmdTW6 = outlets(6), CmdTW7 = outlets(7), CmdTW8 = outlets(8);
+  // Sequencer 1..8.
+  ControlArray<Button>& CmdTW(int n) {
+    const std::array rows = {&CmdTW1, &CmdTW2, &CmdTW3, &CmdTW4, &CmdTW5, &CmdTW6, &CmdTW7, &CmdTW8};
+    return *rows.at(static_cast<std::size_t>(n - 1));
+  }
   Button CmdTW9{Frame5[kSequencers].inside(), "CmdTW9", "CH9"};
   Button CmdTW10{Frame5[kSequencers].inside(), "CmdTW10", "CH10"};
 

@@ -14,6 +14,21 @@ using std::chrono::milliseconds;
 constexpr int kSecondTimer = 1000;
 constexpr milliseconds kSecondPhase{10};
 
+// Keeps the number of the innermost event for as long as it runs, however it ends.
+class Innermost {
+ public:
+  Innermost(std::uint64_t& running, std::uint64_t number) : running_(running), outer_(running) {
+    running = number;
+  }
+  ~Innermost() { running_ = outer_; }
+  Innermost(const Innermost&) = delete;
+  Innermost& operator=(const Innermost&) = delete;
+
+ private:
+  std::uint64_t& running_;
+  const std::uint64_t outer_;
+};
+
 }  // namespace
 
 void EventLoop::post_after(milliseconds delay, std::function<void()> event) {
@@ -37,6 +52,7 @@ bool EventLoop::run_due() {
   const bool timer_first =
       timer_due && (!posted_due || timers_[at].due < posted_.front().due ||
                     (timers_[at].due == posted_.front().due && timers_[at].order < posted_.front().order));
+  const Innermost innermost(running_, ++begun_);
   if (timer_first) {
     Armed& armed = timers_[at];
     Timer& timer = *armed.timer;

@@ -41,6 +41,8 @@ class EventLoop {
   void pump();
   // Runs the oldest event that is due now; false when none is.
   bool run_due();
+  // The number of the innermost event that is being run; 0 when none is.
+  std::uint64_t running() const { return running_; }
   // The moment of the next event, past or future; none when nothing is armed or posted.
   std::optional<Instant> next_due() const;
   // Forgets the posted events.
@@ -69,6 +71,7 @@ class EventLoop {
   std::deque<Posted> posted_;  // the next one first
   std::vector<Armed> timers_;  // in the order in which they were switched on
   std::uint64_t order_ = 0;
+  std::uint64_t running_ = 0, begun_ = 0;
 };
 
 }  // namespace evac

@@ -36,6 +36,7 @@ class SerialPort {
   // Writes all bytes as one piece; never waits.
   void write(std::span<const std::uint8_t> bytes);
   int in_buffer_count() const { return static_cast<int>(in_.size()); }
+  const std::deque<std::uint8_t>& in_buffer() const { return in_; }
   // The oldest byte received, none when the buffer is empty.
   std::optional<std::uint8_t> read();
 

@@ -1,5 +1,6 @@
 // The desktop on its line: the polls of the rack behind a real pseudo-terminal, a line that comes and goes, a
 // port that cannot be opened, frames that wait.
+#include <QAbstractButton>
 #include <QDialog>
 
 #include "desktop/stand.h"
@@ -81,6 +82,29 @@ TEST_F(Line, ALineThatComesAndGoesTwentyTimesIsTakenUpEachTime) {
     EXPECT_FALSE(says("Линия")) << time;
     ASSERT_TRUE(poll_is_answered()) << time;
   }
+}
+
+TEST_F(Line, SettingsOpenedWhileTheLineIsLostLeaveItLostAndItComesBack) {
+  desktop->start();
+  const auto press = [this](const char* form, const char* name) {
+    return [this, form, name] { widget<QAbstractButton>(form, name)->click(); };
+  };
+  work_modal([this] { user::click(form1().M_n_o); },
+             {press("Form22", "Opt1"), press("Form22", "Command1"), press("Form22", "Command2")});
+  ASSERT_TRUE(poll_is_answered());
+  line_->unplug();
+  ASSERT_TRUE(until([&] { return desktop->line().is_lost(); }));
+  bool lost = false, said = false;
+  work_modal([this] { user::click(form1().M_n_z); }, {[&] {
+                                                        lost = desktop->line().is_lost();
+                                                        said = says("Линия потеряна: COM1");
+                                                      },
+                                                      press("Form33", "Command3")});
+  EXPECT_TRUE(lost && said);
+  line_->plug();
+  ASSERT_TRUE(until([&] { return desktop->line().is_open(); }));
+  EXPECT_FALSE(says("Линия"));
+  EXPECT_TRUE(poll_is_answered());
 }
 
 TEST_F(Line, APortThatCannotBeOpenedAtStartIsAFaultWithItsNameAndAReason) {

@@ -111,15 +111,6 @@ TEST_F(Views, OneControlShowsOnSeveralWidgetsAndKeepsTheirPlace) {
   for (QWidget* line : lines) EXPECT_TRUE(line->accessibleName().contains("WWW"));
   EXPECT_EQ(lines[0]->geometry(), line_place);
   EXPECT_EQ(lamp->geometry(), place);
-  EXPECT_EQ(window("Form1").findChild<QWidget*>("fires")->accessibleName(), "ПОЖАР  зоны 1, 120");
-  form1().PctA[1].set_picture(picture::kYes);
-  form1().PctA[120].set_picture(picture::kNo);
-  settle();
-  EXPECT_EQ(window("Form1").findChild<QWidget*>("fires")->accessibleName(), "ПОЖАР  зона 1")
-      << "a fire until its lamp is dark";
-  form1().PctA[1].set_picture(picture::kNo);
-  settle();
-  EXPECT_EQ(window("Form1").findChild<QWidget*>("fires")->accessibleName(), "Пожара нет");
 }
 
 TEST_F(Views, ASliderFollowsTheHandAndTheControl) {
