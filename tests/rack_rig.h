@@ -25,7 +25,7 @@ struct RackRig : AlertRig {
   void settle_terminals(int last) {
     std::vector<std::string> labels;
     for (int t = 1; t <= last; ++t) labels.push_back(std::to_string(t));
-    write("C:\\ZEF_DAT\\F_ustT1.dat", 256, labels);
+    write("F_ustT1.dat", 256, labels);
   }
 
   // Lets time pass; longer, when a scan begun in it is not over.

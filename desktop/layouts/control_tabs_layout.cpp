@@ -5,10 +5,35 @@ namespace evac::desktop {
 
 Node player_tab(Form1& form) {
   PlayerTab& tab = form;
-  return row({frame(tab.Frame9, column({use(tab.LblUP).shown(Look::kTitle),
-                                        use(tab.CmdPMP).shown(Look::kBig).high(3).called("Плеер"), space()}))
-                  .grow(1),
-              frame(tab.Frame7_1, column({space()})).grow(2)});
+  const auto key = [](Button& button) { return use(button).wide(3).high(2.4); };
+  const Node transport = row(
+      {key(tab.CmdPMP).wide(4), key(tab.CmdPrevMP), key(tab.CmdPlayMP), key(tab.CmdPauseMP),
+       key(tab.CmdStopMP), key(tab.CmdNextMP), key(tab.CmdDownMP), key(tab.CmdUpMP),
+       use(tab.LblMPU).shown(Look::kValue).wide(5).called("Громкость плеера"), use(tab.CmdCicl2).wide(6)});
+  const Node position = row({use(tab.Ipos).wide(3).called("Место в дорожке"), space(), words("Осталось"),
+                             use(tab.LblTMP).shown(Look::kBig).wide(6).called("Осталось")});
+  const Node lists =
+      column({row({use(tab.CmdListMP).grow(1), use(tab.CmdLpl).grow(1), use(tab.CmdCrpl).grow(1),
+                   use(tab.CmdAddPl).grow(1), use(tab.CmdCln).grow(1), use(tab.CmdSVL).grow(1)}),
+              row({use(tab.Label5), use(tab.TxtNzMp).wide(5).called("Номер трека"), space(),
+                   use(tab.LblVPL).shown(Look::kValue).wide(8).called("Длина списка")}),
+              row({use(tab.LstPtreckMP).called("Дорожки").grow(1), use(tab.LstPll).called("Списки").grow(1)})
+                  .grow(1)});
+  const Node adding = column({use(tab.Drive1).called("Диски").high(3), use(tab.Dir2).called("Папки").grow(1),
+                              use(tab.LstAddList).called("Файлы").grow(1)});
+  const Node search = row({use(tab.CmdSeek).wide(6), use(tab.LblSeek),
+                           use(tab.TxtSeek).called("Поиск").grow(1), use(tab.CmdSeekOk).wide(4)});
+  const auto tag = [](Label& head, Label& text) {
+    return row({use(head).wide(8), use(text).shown(Look::kValue).called(head.caption()).grow(1)});
+  };
+  return row({frame(tab.Frame9, column({use(tab.LblUP).shown(Look::kTitle), transport, position,
+                                        row({Node(lists).grow(2), Node(adding).grow(1)}).grow(1), search}))
+                  .grow(2),
+              frame(tab.Frame7_1, column({tag(tab.Label9, tab.LblTitle), tag(tab.Label10, tab.LblArtist),
+                                          tag(tab.Label11, tab.LblAlbum), tag(tab.Label12, tab.LblYear),
+                                          tag(tab.Label13, tab.LblComment),
+                                          use(tab.LblII).shown(Look::kValue).called("Файл"), space()}))
+                  .grow(1)});
 }
 
 namespace {

@@ -30,8 +30,9 @@ Node header_strip(Form1& form) {
 // writes; the two inputs that only other code could fill.
 OutOfSight form1_out_of_sight(Form1& form) {
   return OutOfSight(form.PctD2, form.PctD3, form.PctD4, form.Pct_Kon, form.Pct_Koff, form.Dir1, form.Dir3,
-                    form.File1, form.Opt[0], form.VS_Z[0], form.TerminalsTab::LblZ[0], form.LblU[1],
-                    form.LblU[2], form.LblU[3], form.LblU[4], form.Label1, form.Text1, form.Text2);
+                    form.File1, form.File2, form.File3, form.Opt[0], form.VS_Z[0], form.TerminalsTab::LblZ[0],
+                    form.LblU[1], form.LblU[2], form.LblU[3], form.LblU[4], form.Label1, form.Text1,
+                    form.Text2);
 }
 
 }  // namespace

@@ -144,6 +144,34 @@ void draw_restart(QPainter& p, const QRectF& box, const QColor& ink) {
   strokes.back(0.54, 0.36);
 }
 
+void draw_hold(QPainter& p, const QRectF& box, const QColor& ink) {
+  Strokes strokes(p, box, ink);
+  strokes.bar(0.3);
+  strokes.bar(0.58);
+}
+void draw_louder(QPainter& p, const QRectF& box, const QColor& ink) {
+  const Strokes strokes(p, box, ink);
+  p.drawPath(polygon(box, {{0.5, 0.2}, {0.85, 0.75}, {0.15, 0.75}}));
+}
+void draw_quieter(QPainter& p, const QRectF& box, const QColor& ink) {
+  const Strokes strokes(p, box, ink);
+  p.drawPath(polygon(box, {{0.5, 0.8}, {0.85, 0.25}, {0.15, 0.25}}));
+}
+void draw_power(QPainter& p, const QRectF& box, const QColor& ink) {
+  p.setBrush(Qt::NoBrush);
+  p.setPen(QPen(ink, box.width() * 0.1, Qt::SolidLine, Qt::RoundCap));
+  p.drawArc(part(box, 0.2, 0.24, 0.6, 0.6), 125 * 16, 290 * 16);
+  p.drawLine(QPointF(box.center().x(), box.top() + box.height() * 0.12), box.center());
+}
+// The same sign of a button that is on: white on a filled ground.
+template <auto Draw>
+void draw_on(QPainter& p, const QRectF& box, const QColor&) {
+  p.setPen(Qt::NoPen);
+  p.setBrush(signal::kAlerted);
+  p.drawRoundedRect(box, box.width() / 6, box.width() / 6);
+  Draw(p, box, Qt::white);
+}
+
 // How a word is drawn in its square, and what it is called aloud.
 struct Drawing {
   std::string_view word;
@@ -158,6 +186,22 @@ constexpr Drawing kDrawings[] = {
     {picture::kSwitchOn, draw_switch_on, "включено"},
     {picture::kSwitchOff, draw_switch_off, "выключено"},
     {picture::kEmblem, draw_emblem, ""},
+    {picture::kPower.on, draw_on<draw_power>, "включено"},
+    {picture::kPower.off, draw_power, "выключено"},
+    {picture::kPlay.on, draw_on<draw_play>, "воспроизведение идёт"},
+    {picture::kPlay.off, draw_play, "воспроизведение"},
+    {picture::kHold.on, draw_on<draw_hold>, "пауза стоит"},
+    {picture::kHold.off, draw_hold, "пауза"},
+    {picture::kStop.on, draw_on<draw_stop>, "остановлено"},
+    {picture::kStop.off, draw_stop, "стоп"},
+    {picture::kPrevious.on, draw_on<draw_previous>, "назад, нажато"},
+    {picture::kPrevious.off, draw_previous, "назад"},
+    {picture::kNext.on, draw_on<draw_next>, "вперёд, нажато"},
+    {picture::kNext.off, draw_next, "вперёд"},
+    {picture::kLouder.on, draw_on<draw_louder>, "громче, нажато"},
+    {picture::kLouder.off, draw_louder, "громче"},
+    {picture::kQuieter.on, draw_on<draw_quieter>, "тише, нажато"},
+    {picture::kQuieter.off, draw_quieter, "тише"},
     {sign::kUnknown, draw_unknown, "неизвестно"},
     {sign::kPlay, draw_play, "воспроизведение"},
     {sign::kStop, draw_stop, "стоп"},
