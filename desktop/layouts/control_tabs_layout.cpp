@@ -5,10 +5,13 @@ namespace evac::desktop {
 
 Node player_tab(Form1& form) {
   PlayerTab& tab = form;
-  const auto key = [](Button& button) { return use(button).wide(3).high(2.4); };
+  const auto key = [](Button& button, const char* words) {
+    return use(button).wide(3).high(1.9).called(words);
+  };
   const Node transport = row(
-      {key(tab.CmdPMP).wide(4), key(tab.CmdPrevMP), key(tab.CmdPlayMP), key(tab.CmdPauseMP),
-       key(tab.CmdStopMP), key(tab.CmdNextMP), key(tab.CmdDownMP), key(tab.CmdUpMP),
+      {key(tab.CmdPMP, "Питание плеера").wide(4), key(tab.CmdPrevMP, "Предыдущая дорожка"),
+       key(tab.CmdPlayMP, "Воспроизведение"), key(tab.CmdPauseMP, "Пауза"), key(tab.CmdStopMP, "Стоп плеера"),
+       key(tab.CmdNextMP, "Следующая дорожка"), key(tab.CmdDownMP, "Тише"), key(tab.CmdUpMP, "Громче"),
        use(tab.LblMPU).shown(Look::kValue).wide(5).called("Громкость плеера"), use(tab.CmdCicl2).wide(6)});
   const Node position = row({use(tab.Ipos).wide(3).called("Место в дорожке"), space(), words("Осталось"),
                              use(tab.LblTMP).shown(Look::kBig).wide(6).called("Осталось")});
@@ -17,10 +20,12 @@ Node player_tab(Form1& form) {
                    use(tab.CmdAddPl).grow(1), use(tab.CmdCln).grow(1), use(tab.CmdSVL).grow(1)}),
               row({use(tab.Label5), use(tab.TxtNzMp).wide(5).called("Номер трека"), space(),
                    use(tab.LblVPL).shown(Look::kValue).wide(8).called("Длина списка")}),
-              row({use(tab.LstPtreckMP).called("Дорожки").grow(1), use(tab.LstPll).called("Списки").grow(1)})
+              row({use(tab.LstPtreckMP).called("Дорожки").high(4).grow(1),
+                   use(tab.LstPll).called("Списки").high(4).grow(1)})
                   .grow(1)});
-  const Node adding = column({use(tab.Drive1).called("Диски").high(3), use(tab.Dir2).called("Папки").grow(1),
-                              use(tab.LstAddList).called("Файлы").grow(1)});
+  const Node adding =
+      column({use(tab.Drive1).called("Диски").high(2), use(tab.Dir2).called("Папки").high(3).grow(1),
+              use(tab.LstAddList).called("Файлы").high(3).grow(1)});
   const Node search = row({use(tab.CmdSeek).wide(6), use(tab.LblSeek),
                            use(tab.TxtSeek).called("Поиск").grow(1), use(tab.CmdSeekOk).wide(4)});
   const auto tag = [](Label& head, Label& text) {
