@@ -25,8 +25,8 @@ class Player : public testing::Test {
     console->load();
   }
   void make(const std::string& path, double seconds) {
-    machine.files().make_folder(path.substr(0, path.rfind('\\')));
-    machine.files().replace(path, "sound");
+    (void)machine.files().make_folder(path.substr(0, path.rfind('\\')));
+    EXPECT_EQ(machine.files().replace(path, "sound"), kNoError);
     machine.set_sound(path, seconds);
   }
   Form1& form1() { return console->form1(); }
@@ -78,8 +78,8 @@ TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
 
 // The last track of the list is deleted, and then played all the same: stop does nothing for an empty list.
 TEST_F(Player, ADeletedTrackThatStillSoundsFallsSilentWithThePower) {
-  machine.files().remove("C:\\ZEF\\PlayList\\a.wav");
-  machine.files().remove("C:\\ZEF\\PlayList\\b.wav");
+  for (const char* file : {"C:\\ZEF\\PlayList\\a.wav", "C:\\ZEF\\PlayList\\b.wav"})
+    ASSERT_EQ(machine.files().remove(file), kNoError);
   form1().CmdPMP.click();
   form1().CmdAddPl.click();
   user::pick(form1().Drive1, 1);
@@ -155,7 +155,7 @@ TEST(PlayerInAlert, TheWatchSaysThatThePlayerWasSwitchedOffUntilItIsOnAgain) {
   rig.sound("fire.wav", 10);
   rig.settle(controller_settings());
   rig.settle_steps({step_record(33, 1, 1, 33)});
-  rig.machine.files().make_folder("C:\\ZEF\\PlayList");
+  ASSERT_EQ(rig.machine.files().make_folder("C:\\ZEF\\PlayList"), kNoError);
   rig.start();
   const auto told = [&] {
     const auto& lines = rig.console->watch().lines();
