@@ -222,7 +222,7 @@ std::vector<std::string> PosixFiles::names(std::string_view path, bool folders) 
     std::string name = at->path().filename().string();
     if (at->is_directory(unknown) == folders && !name.ends_with(kNeighbour)) found.push_back(std::move(name));
   }
-  std::sort(found.begin(), found.end(), listed_before);
+  sort_as_listed(found);
   return found;
 }
 

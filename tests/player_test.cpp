@@ -1,13 +1,9 @@
 // What the player does to the media, the loading of a track for the timer, and the files that it reads.
 #include <gtest/gtest.h>
 
-#include <memory>
-
-#include "app/console.h"
-#include "drill/virtual_machine.h"
 #include "platform/user.h"
 #include "store/play_list_file.h"
-#include "tests/scratch.h"
+#include "tests/alert_rig.h"
 
 namespace evac {
 namespace {
@@ -20,7 +16,7 @@ class Player : public testing::Test {
   Player() {
     machine.mount_drive('D');
     make("C:\\ZEF\\PlayList\\a.wav", 4);
-    make("C:\\ZEF\\PlayList\\b.wav", 60);
+    make("C:\\ZEF\\PlayList\\b.wav", 100);
     make("D:\\c.wav", 20);
     machine.trace = [this](const std::string& line) {
       if (line.starts_with("media MP ") || line.starts_with("box")) log.push_back(line);
@@ -30,7 +26,7 @@ class Player : public testing::Test {
   }
   void make(const std::string& path, double seconds) {
     (void)machine.files().make_folder(path.substr(0, path.rfind('\\')));
-    (void)machine.files().replace(path, "sound");
+    EXPECT_EQ(machine.files().replace(path, "sound"), kNoError);
     machine.set_sound(path, seconds);
   }
   Form1& form1() { return console->form1(); }
@@ -62,7 +58,10 @@ TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
   user::pick(form1().LstPtreckMP, 1);
   EXPECT_EQ(logged(), (Lines{kFileB, kHold, kFileB, kPlay}));
   user::drag(form1().Ipos, 2760);
-  EXPECT_EQ(logged(), Lines{"media MP seek 30"});
+  EXPECT_EQ(logged(), Lines{"media MP seek 50"});
+  // A second is 55 whole units, so that the far end of the way lies beyond the track's.
+  user::drag(form1().Ipos, 5500);
+  EXPECT_EQ(logged(), (Lines{"media MP seek 100", kFileA, kHold, kFileA, kPlay}));
   form1().CmdDownMP.click();
   for (int i = 0; i < 9; ++i) form1().CmdDownMP.click();
   EXPECT_EQ(logged().back(), "media MP volume -625");
@@ -79,8 +78,8 @@ TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
 
 // The last track of the list is deleted, and then played all the same: stop does nothing for an empty list.
 TEST_F(Player, ADeletedTrackThatStillSoundsFallsSilentWithThePower) {
-  (void)machine.files().remove("C:\\ZEF\\PlayList\\a.wav");
-  (void)machine.files().remove("C:\\ZEF\\PlayList\\b.wav");
+  for (const char* file : {"C:\\ZEF\\PlayList\\a.wav", "C:\\ZEF\\PlayList\\b.wav"})
+    ASSERT_EQ(machine.files().remove(file), kNoError);
   form1().CmdPMP.click();
   form1().CmdAddPl.click();
   user::pick(form1().Drive1, 1);
@@ -107,8 +106,8 @@ TEST_F(Player, ADriveThatIsListedButNotReadyIsLeftForC) {
   EXPECT_FALSE(player().mp_drv_bad);
 }
 
-// The timer loads a track that no row was picked for; it does not read the tag, and its words are its own.
-TEST_F(Player, LoadTrackHasItsOwnWordsAndBringsTheAlarmPanelToTheFront) {
+// The timer loads a track that no row was picked for, and does not read its tag.
+TEST_F(Player, EachWayToATrackHasItsOwnWordsAndLoadTrackTheAlarmPanelToo) {
   const Machine m = machine.machine();
   Windows windows(m.loop, machine);
   Form1 form(windows, m.files);
@@ -137,11 +136,40 @@ TEST_F(Player, LoadTrackHasItsOwnWordsAndBringsTheAlarmPanelToTheFront) {
   transport.LoadTrack();
   EXPECT_EQ(logged(), (Lines{R"(box "Not found D:\\gone.wav" "Сообщение" ok -> ok)", kHold}));
   EXPECT_EQ(form.SSTab1.value(), 3);
+  state.mp_trk = 2;
+  transport.SelectTrack();
+  EXPECT_EQ(logged(), (Lines{R"(box "not found D:\\gone.wav" "!" ok -> ok)", kHold}));
   form.Drive1.choose('D');
   machine.files().unmount('D');
   transport.LoadTrack();
   EXPECT_EQ(logged(), (Lines{R"(box "Drive D: not access!" "Сообщение" ok -> ok)", kHold}));
   EXPECT_EQ(form.SSTab1.value(), 0);
+  state.mp_drv_bad = false;
+  form.Drive1.choose('D');
+  tags.ReadTag();
+  EXPECT_EQ(logged(), (Lines{R"(box "Drive D: not access" "!!!" ok -> ok)", kHold}));
+}
+
+TEST(PlayerInAlert, TheWatchSaysThatThePlayerWasSwitchedOffUntilItIsOnAgain) {
+  AlertRig rig;
+  rig.sound("fire.wav", 10);
+  rig.settle(controller_settings());
+  rig.settle_steps({step_record(33, 1, 1, 33)});
+  ASSERT_EQ(rig.machine.files().make_folder("C:\\ZEF\\PlayList"), kNoError);
+  rig.start();
+  const auto told = [&] {
+    const auto& lines = rig.console->watch().lines();
+    return std::ranges::any_of(lines, [](const WatchLine& line) { return InStr(line.text, "плеер") > 0; });
+  };
+  Button& power = rig.console->form1().CmdPMP;
+  power.click();
+  rig.machine.set_contact(33, true);
+  rig.run(200ms);
+  EXPECT_EQ(power.caption(), "Off");
+  EXPECT_TRUE(told());
+  power.click();
+  rig.run(200ms);
+  EXPECT_FALSE(told());
 }
 
 TEST(PlayListFile, LinesEndInAnyWayAndRemarksCostTheLastOnes) {

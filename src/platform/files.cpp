@@ -1,5 +1,8 @@
 #include "platform/files.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "model/text.h"
 
 namespace evac {
@@ -55,6 +58,17 @@ bool matches_pattern(std::string_view name, std::string_view patterns) {
 bool listed_before(std::string_view a, std::string_view b) {
   const std::string low_a = lower_case(a), low_b = lower_case(b);
   return low_a != low_b ? low_a < low_b : a < b;
+}
+
+void sort_as_listed(std::vector<std::string>& names) {
+  std::vector<std::pair<std::string, std::string>> by_letters;
+  by_letters.reserve(names.size());
+  for (std::string& name : names) {
+    std::string low = lower_case(name);
+    by_letters.emplace_back(std::move(low), std::move(name));
+  }
+  std::ranges::sort(by_letters);
+  for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::move(by_letters[i].second);
 }
 
 }  // namespace evac

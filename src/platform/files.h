@@ -52,5 +52,7 @@ class Files {
 bool matches_pattern(std::string_view name, std::string_view patterns);
 // The order in which names are listed.
 bool listed_before(std::string_view a, std::string_view b);
+// Sorts in that order; quick also for the ten thousand names of a folder of music.
+void sort_as_listed(std::vector<std::string>& names);
 
 }  // namespace evac
