@@ -23,7 +23,7 @@ struct BenchRig : AlertRig {
   void tick() { console->form1().Timer4.tick(); }
   std::uintmax_t journal_bytes() {
     std::string bytes;
-    machine.files().read("C:\\ZEF\\protocol\\П-" + medium_date_text(date_of(machine.wall())), bytes);
+    must(machine.files().read("C:\\ZEF\\protocol\\П-" + medium_date_text(date_of(machine.wall())), bytes));
     return bytes.size();
   }
 };

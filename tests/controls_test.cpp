@@ -69,6 +69,10 @@ TEST_F(Controls, EventsOfValuesComeOnChangeOnly) {
   EXPECT_EQ(changes, 5);
   list.remove(0);
   EXPECT_EQ(list.selected(), 0);
+  list.add_all({"три", "пять"});
+  list.mark(2);
+  EXPECT_EQ(list.selected(), 2);
+  EXPECT_EQ(changes, 5);
   EXPECT_THROW(list.select(7), Fault);
   combo.add("a.wav");
   combo.set_text("другое");

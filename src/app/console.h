@@ -26,8 +26,22 @@
 #include "link/reply_wait.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "player/add_panel.h"
+#include "player/player_power.h"
+#include "player/position.h"
+#include "player/tag_search.h"
+#include "player/track_choice.h"
+#include "player/track_removal.h"
+#include "player/volume.h"
 #include "store/alert_store.h"
-#include "supervision/clock_line.h"
+#include "store/data_folder.h"
+#include "supervision/auto_control.h"
+#include "supervision/clock.h"
+#include "supervision/scan_report.h"
+#include "supervision/status_file.h"
+#include "supervision/terminal_scan.h"
+#include "supervision/text_log.h"
+#include "supervision/zone_readback.h"
 
 namespace evac {
 
@@ -55,8 +69,10 @@ class Console {
   void wire_console();
   void wire_console_settings();
   void wire_sources();
+  void wire_supervision();
   void wire_alert();
   void wire_alert_settings();
+  void wire_player();
   // The one place where a settings window is asked for; what guards it stands here.
   void open_settings(const std::function<void()>& open);
   void shutdown();
@@ -74,11 +90,11 @@ class Console {
   SystemModel model_;
   Windows windows_;
   Forms forms_;
+  DataFolder data_folder_;
   Journal journal_;
   Link link_;
   ReplyWait reply_wait_;
   Dispatcher dispatcher_;
-  ClockLine clock_line_;
   Deck cd_deck_, mp3_deck_;
   Tuner tuner_;
   AudioMatrix audio_matrix_;
@@ -90,6 +106,30 @@ class Console {
   TerminalSettings terminal_settings_;
   ZoneConsole zone_console_;
   TerminalConsole terminal_console_;
+
+  // Supervision.
+  TerminalScan terminal_scan_;
+  ScanReport scan_report_;
+  AutoControl auto_control_;
+  ZoneReadback zone_readback_;
+  StatusFile status_file_;
+  TextLog text_log_;
+  Clock clock_;
+  // Player.
+  ListPanels list_panels_;
+  DriveSteps drive_steps_;
+  TrackList track_list_;
+  TagReader tag_reader_;
+  Volume volume_;
+  Transport transport_;
+  Position position_;
+  TrackChoice track_choice_;
+  ListLength list_length_;
+  AddPanel add_panel_;
+  PlayLists play_lists_;
+  TrackRemoval track_removal_;
+  TagSearch tag_search_;
+  PlayerPower player_power_;
 
   // Alert.
   ZoneLamps zone_lamps_;

@@ -57,31 +57,34 @@ void Link::reset_receiver() {
 }
 
 void Link::receive() {
-  while (const auto byte = doors_.port.read())
-    if (take(*byte)) return;
+  rest_waits_ = false;
+  while (!rest_waits_) {
+    const auto byte = doors_.port.read();
+    if (!byte) return;
+    take(*byte);
+  }
 }
 
-bool Link::take(std::uint8_t byte) {
+void Link::take(std::uint8_t byte) {
   LinkState& state = doors_.state;
   switch (state.rx_state) {
     case 0:
-      if (byte != kSync) return false;
+      if (byte != kSync) return;
       state.r_frame[0] = kSync;
       state.rx_state = 1;
-      return false;
+      return;
     case 1:
       state.rx_count = 0;
       state.rx_state = byte == kSync ? 2 : 0;
       if (byte == kSync) state.r_frame[1] = kSync;
-      return false;
+      return;
     default: {
       const auto at = static_cast<std::size_t>(state.rx_count);
       state.r_frame[at + kSyncBytes] = byte;
       state.r_buf[at] = byte;
-      if (++state.rx_count < kBodyBytes) return false;
+      if (++state.rx_count < kBodyBytes) return;
       reset_receiver();
       frame_received();
-      return true;
     }
   }
 }

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/bounded_array.h"
@@ -174,22 +175,81 @@ struct MessageState {
   std::string mp1_file;                     // the file that MP1 was given last
 };
 
+// By terminal, of the last pass of the scan: whether it gave a zone and a number of its own; and the passes
+// that it has missed in a row.
 struct SupervisionState {
-  bool auto_mode = false;
-  std::int32_t NextCheck = 0;  // time of day
+  bool ScanRunning = false;
+  BoundedArray<bool, 1, kTerminals> TermZoneOk, TermAddrOk;
+  BoundedArray<std::int16_t, 1, kTerminals> TermMissCount;
   std::int32_t TermMissLimit = 1;
+  bool auto_mode = false, ManualMode = false;
+  std::int32_t NextCheck = 0;  // time of day
 };
 
 struct TimerState {
   bool tm_on = true, tm_scan = true, tm_none = false;
 };
 
+// The player and its list. Each power-on begins it anew.
 struct PlayerState {
   bool mp_pow = false;
+  bool mp_play = false, mp_pause = false;
+  bool mp_cycle = false;    // behind the last track comes the first
+  bool mp_show = false;     // the tracks are on show
+  bool mp_lists = false;    // the saved lists are
+  bool mp_goto = false;     // the number of a track to jump to is asked for
+  bool mp_add = false;      // the panel for adding tracks is open
+  bool mp_seek = false;     // the search has been opened; stays set when the operator breaks a search off
+  bool mp_svl = false;      // the length of the list is on show
+  bool mp_drag = false;     // the position button is being dragged
+  bool mp_drv_ok = false;   // the last check found the drive ready
+  bool mp_drv_bad = false;  // a drive failed: nothing is loaded until the next power-on
+
+  std::vector<std::string> mp_list;  // full paths; track 1 comes first
+  int mp_cnt() const { return static_cast<int>(mp_list.size()); }
+  int mp_trk = 1;  // number of the current track, from 1
+  // Path of the current track; its number must be one of the list.
+  const std::string& track() const { return mp_list.at(static_cast<std::size_t>(mp_trk - 1)); }
+  std::string mp_file;  // path of the current track
+
+  float mp_lvl = 10, mp_lvl0 = 10;  // volume 0..10 in steps of 0.5, and the one that the operator set
+  std::int32_t mp_vol = 0;          // hundredths of a decibel
+  std::int32_t mp_pct = 100;
+
+  double mp_dur = 0;            // seconds of the current track
+  std::int32_t mp_end = 0;      // time of day at which it ends
+  std::int32_t held_since = 0;  // time of day at which the pause began
+
+  std::string mp_pl_dir;   // the folder with the tracks of the default list
+  std::string mp_pl_name;  // the saved list that is loaded, empty when the tracks come from the folder
+  int mp_pl_next = 1;      // number of the next list to be saved
 };
 
 struct CalendarState {
   Date journal_day{};  // day of the last header of the journal
+};
+
+// A file whose reading left records untaken that are not empty, the one that stopped it included.
+struct CutFile {
+  std::string file;   // in the data folder, "alarm\\f_al.dat"
+  bool cut = false;   // by the last reading
+  bool kept = false;  // a save behind a cut reading kept the file as it was then
+
+  // "f_al.dat", for the operator.
+  std::string_view name() const { return std::string_view(file).substr(file.rfind('\\') + 1); }
+};
+// What follows the name of a file that was kept.
+inline constexpr std::string_view kKeptEnding = ".bak";
+
+// Files that were once cut in this run of the program.
+struct FilesState {
+  CutFile* find(std::string_view file) {
+    for (auto& known : cut_files)
+      if (known.file == file) return &known;
+    return nullptr;
+  }
+  std::vector<CutFile> cut_files;
+  int edition = 0;  // grows with each change
 };
 
 struct SystemModel {
@@ -207,6 +267,7 @@ struct SystemModel {
   TimerState timer;
   PlayerState player;
   CalendarState calendar;
+  FilesState files;
 };
 
 }  // namespace evac

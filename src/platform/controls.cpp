@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 
 #include "model/text.h"
 #include "platform/windows.h"
@@ -155,6 +156,12 @@ void RowControl::add(std::string_view text) {
   insert(count(), text);
 }
 
+void RowControl::add_all(std::vector<std::string> texts) {
+  if (texts.empty()) return;
+  rows_.insert(rows_.end(), std::move_iterator(texts.begin()), std::move_iterator(texts.end()));
+  changed();
+}
+
 void RowControl::insert(int row, std::string_view text) {
   if (row < 0 || row > count()) bad_subscript();
   rows_.emplace(rows_.begin() + row, text);
@@ -180,12 +187,17 @@ void RowControl::clear() {
 }
 
 void RowControl::select(int row) {
+  if (row == selected_) return;
+  mark(row);
+  if (row >= 0) click();
+}
+
+void RowControl::mark(int row) {
   if (row < -1 || row >= count()) bad_subscript();
   if (row == selected_) return;
   selected_ = row;
   selection_changed();
   changed();
-  if (row >= 0) click();
 }
 
 void RowControl::pick(int row) {

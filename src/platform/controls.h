@@ -180,6 +180,8 @@ class RowControl : public Control {
   // The row, from 0; a fault when there is none.
   const std::string& row(int row) const;
   void add(std::string_view text);
+  // Many rows at the end, as one change.
+  void add_all(std::vector<std::string> texts);
   void insert(int row, std::string_view text);
   void remove(int row);
   void clear();
@@ -187,6 +189,8 @@ class RowControl : public Control {
   // Raises the click when the selection changes to another row; -1 takes it off silently. A fault for a wrong
   // row.
   void select(int row);
+  // The same without a click: the row is shown as the chosen one, and nothing else happens.
+  void mark(int row);
   // A user's choice raises the click always.
   void pick(int row);
 

@@ -12,4 +12,17 @@ inline constexpr std::string_view kSwitchOn = "Pct_Kon";    // a switch that is 
 inline constexpr std::string_view kSwitchOff = "Pct_Koff";  // a switch that is off
 inline constexpr std::string_view kEmblem = "Emblem";       // of the about window
 
+// The two faces of a button of the player. Previous has the pictures named "ff", next those named "Rew".
+struct Faces {
+  std::string_view on, off;
+};
+inline constexpr Faces kPower{"P_ON", "P_Off"};
+inline constexpr Faces kPlay{"Play_ON", "Play_OFF"};
+inline constexpr Faces kHold{"Pause_ON", "Pause_OFF"};
+inline constexpr Faces kStop{"Stop_ON", "Stop_OFF"};
+inline constexpr Faces kPrevious{"ff_On", "ff_Off"};
+inline constexpr Faces kNext{"Rew_ON", "Rew_Off"};
+inline constexpr Faces kLouder{"Up_ON", "Up_Off"};
+inline constexpr Faces kQuieter{"Down_On", "Down_Off"};
+
 }  // namespace evac::picture

@@ -16,6 +16,9 @@ class WindowHost {
   virtual void form_hidden(Form& form) = 0;
   virtual void popup_shown(PopupMenu& menu) = 0;
   virtual void popup_hidden(PopupMenu& menu) = 0;
+  // Work that holds everything goes on: `done` of `total` pieces of it, where total is known, else 0.
+  virtual void busy(int /*done*/, int /*total*/) {}
+  virtual void busy_over() {}
 };
 
 class Windows {
@@ -44,12 +47,31 @@ class Windows {
   PopupMenu* popup() const { return popup_; }
   void take_down_popup();
 
+  WindowHost& host() const { return host_; }
+
  private:
   friend class Form;
   EventLoop& loop_;
   WindowHost& host_;
   std::vector<Form*> forms_, open_;
   PopupMenu* popup_ = nullptr;
+};
+
+// The busy pointer, for as long as this lives.
+class BusyPointer {
+ public:
+  explicit BusyPointer(Windows& windows, int total = 0) : host_(windows.host()), total_(total) {
+    host_.busy(0, total_);
+  }
+  ~BusyPointer() { host_.busy_over(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+  void show(int done) { host_.busy(done, total_); }
+
+ private:
+  WindowHost& host_;
+  const int total_;
 };
 
 }  // namespace evac

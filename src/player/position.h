@@ -1,0 +1,33 @@
+// The position button: it moves along its way while a track plays, and the operator drags it to seek.
+#pragma once
+
+#include "player/transport.h"
+
+namespace evac {
+
+class Position {
+ public:
+  struct Doors {
+    PlayerState& player;
+    PlayerTab& tab;
+    Transport& transport;
+    Media& MP;
+    EventLoop& loop;
+  };
+  explicit Position(const Doors& doors) : doors_(doors) {}
+
+  // One tick of Tmr2: the time left, and the way of a second.
+  void tick();
+  // The drag. The button has been brought to its place when move() is called.
+  void press(MousePress press);
+  void move();
+  void release();
+
+ private:
+  void advance();
+
+  const Doors doors_;
+  double exact_ = 0;  // where the button is, with the fraction that its left side can't show
+};
+
+}  // namespace evac

@@ -1,0 +1,164 @@
+// What the player does to the media, the loading of a track for the timer, and the files that it reads.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "app/console.h"
+#include "drill/virtual_machine.h"
+#include "platform/user.h"
+#include "store/play_list_file.h"
+#include "tests/scratch.h"
+
+namespace evac {
+namespace {
+
+using namespace std::chrono_literals;
+using Lines = std::vector<std::string>;
+
+class Player : public testing::Test {
+ protected:
+  Player() {
+    machine.mount_drive('D');
+    make("C:\\ZEF\\PlayList\\a.wav", 4);
+    make("C:\\ZEF\\PlayList\\b.wav", 60);
+    make("D:\\c.wav", 20);
+    machine.trace = [this](const std::string& line) {
+      if (line.starts_with("media MP ") || line.starts_with("box")) log.push_back(line);
+    };
+    console = std::make_unique<Console>(machine.machine());
+    console->load();
+  }
+  void make(const std::string& path, double seconds) {
+    (void)machine.files().make_folder(path.substr(0, path.rfind('\\')));
+    (void)machine.files().replace(path, "sound");
+    machine.set_sound(path, seconds);
+  }
+  Form1& form1() { return console->form1(); }
+  PlayerState& player() { return console->model().player; }
+  Lines logged() { return std::exchange(log, {}); }
+
+  Scratch scratch;
+  drill::VirtualMachine machine{scratch.path};
+  std::unique_ptr<Console> console;
+  Lines log;
+};
+
+const std::string kFileA = R"(media MP file "C:\\ZEF\\PlayList\\a.wav")";
+const std::string kFileB = R"(media MP file "C:\\ZEF\\PlayList\\b.wav")";
+const std::string kPlay = "media MP play", kHold = "media MP hold";
+
+TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
+  form1().CmdPMP.click();
+  EXPECT_EQ(logged(), (Lines{"media MP volume 0", kFileA, kHold}));
+  form1().CmdPlayMP.click();
+  EXPECT_EQ(logged(), (Lines{kFileA, kPlay}));
+  machine.run_for(4s);
+  EXPECT_EQ(logged(), Lines{kFileB}) << "a file that is set starts by itself";
+  form1().CmdPauseMP.click();
+  form1().CmdPlayMP.click();
+  EXPECT_EQ(logged(), (Lines{kHold, kPlay}));
+  form1().CmdNextMP.click();
+  EXPECT_EQ(logged(), (Lines{kFileA, kHold, kFileA, kPlay}));
+  user::pick(form1().LstPtreckMP, 1);
+  EXPECT_EQ(logged(), (Lines{kFileB, kHold, kFileB, kPlay}));
+  user::drag(form1().Ipos, 2760);
+  EXPECT_EQ(logged(), Lines{"media MP seek 30"});
+  form1().CmdDownMP.click();
+  for (int i = 0; i < 9; ++i) form1().CmdDownMP.click();
+  EXPECT_EQ(logged().back(), "media MP volume -625");
+  for (int i = 0; i < 10; ++i) form1().CmdDownMP.click();
+  EXPECT_EQ(logged().back(), "media MP volume -10000");
+  form1().CmdDownMP.click();
+  EXPECT_EQ(logged(), Lines{});
+  EXPECT_EQ(form1().LblMPU.caption(), "0 %");
+  form1().CmdStopMP.click();
+  EXPECT_EQ(logged(), Lines{kHold});
+  form1().CmdPMP.click();
+  EXPECT_EQ(logged(), Lines{kHold});
+}
+
+// The last track of the list is deleted, and then played all the same: stop does nothing for an empty list.
+TEST_F(Player, ADeletedTrackThatStillSoundsFallsSilentWithThePower) {
+  (void)machine.files().remove("C:\\ZEF\\PlayList\\a.wav");
+  (void)machine.files().remove("C:\\ZEF\\PlayList\\b.wav");
+  form1().CmdPMP.click();
+  form1().CmdAddPl.click();
+  user::pick(form1().Drive1, 1);
+  user::pick(form1().LstAddList, 0);
+  user::pick(form1().LstPtreckMP, 0);
+  machine.queue_answer({drill::Answer::Kind::kYes, {}, {}});
+  user::right_press(form1().LstPtreckMP);
+  form1().CmdPlayMP.click();
+  ASSERT_EQ(logged().back(), kPlay);
+  form1().CmdPMP.click();
+  EXPECT_EQ(logged(), Lines{kHold});
+  EXPECT_FALSE(form1().Tmr1.enabled() || form1().Tmr2.enabled() || player().mp_play);
+}
+
+TEST_F(Player, ADriveThatIsListedButNotReadyIsLeftForC) {
+  form1().CmdPMP.click();
+  form1().CmdAddPl.click();
+  machine.files().unmount('D');
+  logged();
+  user::pick(form1().Drive1, 1);
+  EXPECT_EQ(logged(), Lines{R"(box "Drive D: not access!" "!!!" ok -> ok)"});
+  EXPECT_EQ(form1().Drive1.drive(), "C:");
+  EXPECT_EQ(form1().Dir2.path(), "C:\\");
+  EXPECT_FALSE(player().mp_drv_bad);
+}
+
+// The timer loads a track that no row was picked for; it does not read the tag, and its words are its own.
+TEST_F(Player, LoadTrackHasItsOwnWordsAndBringsTheAlarmPanelToTheFront) {
+  const Machine m = machine.machine();
+  Windows windows(m.loop, machine);
+  Form1 form(windows, m.files);
+  PlayerState state;
+  state.mp_pow = true;
+  state.mp_list = {"D:\\c.wav", "D:\\gone.wav"};
+  DriveSteps steps({.player = state, .tab = form, .tabs = form.SSTab1, .files = m.files, .boxes = m.boxes});
+  TrackList tracks({.player = state, .rows = form.LstPtreckMP});
+  TagReader tags({.player = state, .tab = form, .steps = steps, .files = m.files});
+  Transport transport({.player = state,
+                       .tab = form,
+                       .terminals_tab = form,
+                       .steps = steps,
+                       .tags = tags,
+                       .tracks = tracks,
+                       .MP = m.media.MP,
+                       .loop = m.loop});
+  form.CmdStopMP.click = [&] { transport.stop(); };
+  form.SSTab1.set_value(3);
+  form.Tmr1.set_enabled(true);
+  transport.LoadTrack();
+  EXPECT_EQ(logged(), (Lines{R"(media MP file "D:\\c.wav")", kHold}));
+  EXPECT_EQ(form.LblUP.caption(), "||Track 1");
+  EXPECT_FALSE(form.Tmr1.enabled());
+  state.mp_trk = 2;
+  transport.LoadTrack();
+  EXPECT_EQ(logged(), (Lines{R"(box "Not found D:\\gone.wav" "Сообщение" ok -> ok)", kHold}));
+  EXPECT_EQ(form.SSTab1.value(), 3);
+  form.Drive1.choose('D');
+  machine.files().unmount('D');
+  transport.LoadTrack();
+  EXPECT_EQ(logged(), (Lines{R"(box "Drive D: not access!" "Сообщение" ok -> ok)", kHold}));
+  EXPECT_EQ(form.SSTab1.value(), 0);
+}
+
+TEST(PlayListFile, LinesEndInAnyWayAndRemarksCostTheLastOnes) {
+  EXPECT_EQ(play_list_lines("a\r\n\r\nb\nc\rd"), (Lines{"a", "", "b", "c", "d"}));
+  EXPECT_EQ(play_list_tracks("#1\r\na\r\n#2\r\nb\r\n"), (Lines{"#1", "a"}));
+  EXPECT_EQ(play_list_tracks("#1\r\n#2"), Lines{});
+  EXPECT_EQ(play_list_number("Play-list12.old"), 12);
+  EXPECT_EQ(play_list_number("Play-list"), 0);
+}
+
+TEST(PlayListFile, ALetterThatTheFileLacksIsSavedAsAQuestionMark) {
+  Scratch scratch;
+  PosixFiles files({{'C', scratch.path}});
+  ASSERT_EQ(write_play_list(files, "C:\\Play-list1", {"C:\\№ 5 — €.mp3", "C:\\ひ.mp3", ""}), kNoError);
+  EXPECT_EQ(read_play_list(files, "C:\\Play-list1"), (Lines{"C:\\№ 5 — €.mp3", "C:\\?.mp3", ""}));
+  EXPECT_EQ(read_play_list(files, "C:\\Play-list2"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace evac
