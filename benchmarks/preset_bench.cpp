@@ -8,33 +8,39 @@
 #include "machine/posix_files.h"
 #include "store/settings_files.h"
 #include "tests/scratch.h"
+#include "tests/stored_data.h"
 
 namespace evac {
 namespace {
 
-constexpr const char* kPreset = "C:\\F_ustT1.dat";
+const std::string kPreset = preset_file(1);
 
 std::vector<CellRecord> full_preset() {
   std::vector<CellRecord> cells;
   for (int t = 1; t <= kTerminals; ++t)
-    cells.push_back({std::to_string(t), std::to_string(t % kChannels + 1)});
+    cells.push_back({std::to_string(t), static_cast<std::int16_t>(t % kChannels + 1)});
   return cells;
 }
 
 void BM_PresetLoad(benchmark::State& state) {
   Scratch scratch;
   PosixFiles files({{'C', scratch.path}});
-  if (write_cells(files, kPreset, full_preset()) != kNoError) throw std::runtime_error("cannot write");
-  for (auto _ : state) benchmark::DoNotOptimize(read_cells(files, kPreset, kTerminals));
+  StoredData data(files);
+  must(write_cells(data.folder, kPreset, full_preset()));
+  std::vector<CellRecord> cells;
+  for (auto _ : state) {
+    must(read_cells(data.folder, kPreset, kTerminals, cells));
+    benchmark::DoNotOptimize(cells);
+  }
 }
 BENCHMARK(BM_PresetLoad)->Unit(benchmark::kMicrosecond);
 
 void BM_PresetSave(benchmark::State& state) {
   Scratch scratch;
   PosixFiles files({{'C', scratch.path}});
+  StoredData data(files);
   const auto cells = full_preset();
-  for (auto _ : state)
-    if (write_cells(files, kPreset, cells) != kNoError) throw std::runtime_error("cannot write");
+  for (auto _ : state) must(write_cells(data.folder, kPreset, cells));
 }
 BENCHMARK(BM_PresetSave)->Unit(benchmark::kMicrosecond);
 
@@ -42,7 +48,7 @@ class Database {
  public:
   explicit Database(const std::filesystem::path& folder) {
     check(sqlite3_open((folder / "preset.db").c_str(), &db_));
-    run("CREATE TABLE IF NOT EXISTS cell(number INTEGER PRIMARY KEY, label TEXT, channel TEXT)");
+    run("CREATE TABLE IF NOT EXISTS cell(number INTEGER PRIMARY KEY, label TEXT, channel INTEGER)");
   }
   ~Database() { sqlite3_close(db_); }
   Database(const Database&) = delete;
@@ -51,7 +57,8 @@ class Database {
   std::vector<CellRecord> load() {
     std::vector<CellRecord> cells;
     sqlite3_stmt* rows = prepare("SELECT label, channel FROM cell ORDER BY number");
-    while (sqlite3_step(rows) == SQLITE_ROW) cells.push_back({text(rows, 0), text(rows, 1)});
+    while (sqlite3_step(rows) == SQLITE_ROW)
+      cells.push_back({text(rows, 0), static_cast<std::int16_t>(sqlite3_column_int(rows, 1))});
     check(sqlite3_finalize(rows));
     return cells;
   }
@@ -63,7 +70,7 @@ class Database {
     for (const auto& cell : cells) {
       sqlite3_bind_int(put, 1, ++number);
       sqlite3_bind_text(put, 2, cell.label.c_str(), -1, SQLITE_STATIC);
-      sqlite3_bind_text(put, 3, cell.channel.c_str(), -1, SQLITE_STATIC);
+      sqlite3_bind_int(put, 3, cell.channel);
       if (sqlite3_step(put) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(db_));
       check(sqlite3_reset(put));
     }

@@ -1,11 +1,14 @@
 #include "desktop/desktop.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 
 #include "desktop/layouts/layouts.h"
 #include "desktop/stand.h"
+#include "desktop/view/pictures.h"
 
 namespace evac::desktop {
 namespace {
@@ -48,7 +51,8 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
         [this](int card, int port) { return training_->rack().contact_word(card, port); });
-  files_.make_folder(kProgramFolder);
+  // It is there from the second start on; what it is needed for says so if it can't be made.
+  (void)files_.make_folder(kProgramFolder);
   host_.before_wait = [this] { screen_.flush(); };
   boxes_.before_box = [this] { screen_.flush(); };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
@@ -58,6 +62,8 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
   windows_.set_layouts(all_layouts(console_->forms()));
   feed_.follow(console_->watch());
+  QObject::connect(&feed_, &WatchFeed::changed, &feed_, [this] { show_signs(); });
+  QObject::connect(&notices_, &Notices::changed, &notices_, [this] { show_signs(); });
   feed_.show_alarm_panel = [this] { screen_.act([this] { console_->form1().SSTab1.set_value(kAlarmTab); }); };
   qApp->installEventFilter(this);
   QObject::connect(&device_watch_, &QTimer::timeout, &device_watch_, [this] { look_after_devices(); });
@@ -107,6 +113,15 @@ void Desktop::run() {
   while (true) loop_.pump();
 }
 
+void Desktop::show_signs() {
+  if (!console_) return;
+  for (Picture& lamp : console_->form1().PctA)
+    screen_.set_sign(lamp, feed_.closed(lamp.index().value_or(0)) ? picture::kPause : std::string_view());
+  const bool unknown = feed_.polls_missed() || line_.is_lost();
+  for (Picture* indicator : {&console_->form1().PctD1, &console_->form1().PctD0})
+    screen_.set_sign(*indicator, unknown ? sign::kUnknown : std::string_view());
+}
+
 void Desktop::look_after_devices() {
   QStringList sound;
   if (!missing_sound_.isEmpty()) sound << missing_sound_;
@@ -121,11 +136,16 @@ void Desktop::look_after_devices() {
 
 QWidget* Desktop::make_stand_button(QWidget* parent) {
   if (!stand_) return nullptr;
-  auto* button = new QPushButton(qt(Stand::kName), parent);
+  auto* part = new QWidget(parent);
+  auto* button = new QPushButton(QStringLiteral("С&тенд"), part);
   button->setObjectName(qt(Stand::kName));
   button->setToolTip(QStringLiteral("Окно виртуальной стойки"));
   QObject::connect(button, &QPushButton::clicked, button, [this] { stand_->bring_up(); });
-  return button;
+  auto* layout = new QHBoxLayout(part);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(new QLabel(QStringLiteral("Учебный режим: «Стенд» → нажмите контакт"), part));
+  layout->addWidget(button);
+  return part;
 }
 
 HostSetup training_setup(const std::filesystem::path& folder) {

@@ -53,6 +53,9 @@ class Desktop : private QObject {
   // The stop of an alert by one chord, from any tab, window and box.
   bool eventFilter(QObject* watched, QEvent* event) override;
   void stop_alert();
+  // What the watch and the line know better than the pictures that the console gave: lamps of closed contacts
+  // burn, and nothing is known of a controller that is not heard.
+  void show_signs();
   // Once a second: what sound and cards have to say goes to the header strip.
   void look_after_devices();
 

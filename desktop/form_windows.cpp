@@ -4,28 +4,52 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <stdexcept>
 
 #include "desktop/boxes.h"
+#include "desktop/view/spoken.h"
 #include "desktop/view/watch_bar.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
 namespace {
 
+constexpr QSize kLeastSize(1260, 650);  // of the main window, with all of it to be seen
 constexpr double kTwipsPerInch = 1440;
 constexpr double kPixelsPerInch = 96;  // of the system's own screen, which the positions are meant for
+
+// The text with the mark of its key before the first letter that no other of `taken` has.
+QString with_own_letter(const QString& text, QString& taken) {
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar letter = text[i].toUpper();
+    if (!letter.isLetter() || taken.contains(letter)) continue;
+    taken += letter;
+    return text.left(i) + '&' + text.mid(i);
+  }
+  return text;
+}
 
 // An entry of the menu bar as an action. Its caption does not change.
 class MenuAction : public QAction {
  public:
-  MenuAction(MenuItem& item, Screen& screen, QObject* parent) : QAction(qt(item.caption()), parent) {
+  MenuAction(MenuItem& item, const QString& text, Screen& screen, QObject* parent)
+      : QAction(text, parent), item_(item) {
     setObjectName(qt(item.form().name() + "." + item.full_name()));
     connect(this, &QAction::triggered, this,
             [&item, &screen] { screen.act([&item] { user::click(item); }); });
+    show_state();
   }
+  void show_state() {
+    const bool connected = is_connected(item_);
+    setEnabled(item_.enabled() && connected);
+    setToolTip(connected ? QString() : qt(kNotConnected));
+  }
+
+ private:
+  MenuItem& item_;
 };
 
 }  // namespace
@@ -35,13 +59,14 @@ FormWindow::FormWindow(const WindowLayout& layout, Screen& screen, const HostPar
     : QWidget(owner, owner ? Qt::Dialog : Qt::Window),
       form_(layout.form),
       screen_(screen),
+      opens_on_(layout.opens_on),
       feed_(host.feed),
       title_suffix_(title_suffix) {
   setObjectName(qt(form_.name()));
   auto* box = new QVBoxLayout(this);
-  box->setContentsMargins(6, 6, 6, 6);
+  box->setContentsMargins(6, 4, 6, 4);
   box->setSpacing(4);
-  make_menu(*box);
+  make_menu(layout, *box);
   if (owner) box->addWidget(new WatchBar(host.feed, this));
   box->addWidget(LayoutBuilder(screen, host).build(layout.content, this), 1);
   form_.view_changed = [this] { show_title(); };
@@ -61,19 +86,50 @@ void FormWindow::show_title() {
   setWindowTitle(qt(form_.title()) + title_suffix_);
 }
 
-void FormWindow::make_menu(QLayout& layout) {
+void FormWindow::make_menu(const WindowLayout& layout, QLayout& place) {
   QMenuBar* bar = nullptr;
   std::map<const MenuItem*, QMenu*> menus;
+  std::map<const MenuItem*, QString> letters;  // taken in each menu; null is the bar
   for (Control* control : form_.controls()) {
     auto* item = dynamic_cast<MenuItem*>(control);
     if (!item || item->popup()) continue;
     if (!bar) bar = new QMenuBar(this);
-    if (!item->parent())
-      menus[item] = bar->addMenu(qt(item->caption()));
-    else
-      menus.at(item->parent())->addAction(new MenuAction(*item, screen_, this));
+    const QString text = with_own_letter(qt(item->caption()), letters[item->parent()]);
+    if (!item->parent()) {
+      QMenu* menu = menus[item] = bar->addMenu(text);
+      menu->setToolTipsVisible(true);
+      connect(menu, &QMenu::aboutToShow, menu, [menu] {
+        for (QAction* action : menu->actions())
+          if (auto* entry = dynamic_cast<MenuAction*>(action)) entry->show_state();
+      });
+      continue;
+    }
+    QMenu* menu = menus.at(item->parent());
+    if (std::find(layout.set_apart.begin(), layout.set_apart.end(), item) != layout.set_apart.end())
+      menu->addSeparator();
+    menu->addAction(new MenuAction(*item, text, screen_, this));
   }
-  if (bar) layout.setMenuBar(bar);
+  if (!bar) return;
+  place.setMenuBar(bar);
+  connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, bar, [bar] {
+    bar->setFocus(Qt::MenuBarFocusReason);
+    bar->setActiveAction(bar->actions().front());
+  });
+}
+
+void FormWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  QWidget* first = nullptr;
+  for (OptionButton* option : opens_on_)
+    if (const auto faces = screen_.faces(*option); option->value() && !faces.empty())
+      first = &faces.front()->widget();
+  // Else the first control, not the bar above it.
+  for (QWidget* next = nextInFocusChain(); !first && parentWidget() && next != this;
+       next = next->nextInFocusChain())
+    if (next->focusPolicy() & Qt::TabFocus && next->isEnabled() && next->isVisible() &&
+        !qobject_cast<WatchBar*>(next))
+      first = next;
+  if (first) first->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
@@ -132,6 +188,11 @@ void FormWindows::form_shown(Form& form, bool modal) {
     shown.move(pixels(form.position->first), pixels(form.position->second));
   }
   screen_.flush();
+  if (&form == main_ && !shown.isVisible()) {
+    // What it comes back to from the full screen.
+    shown.resize(kLeastSize.expandedTo(shown.minimumSizeHint()));
+    shown.showMaximized();
+  }
   shown.show();
   shown.raise();
   shown.activateWindow();
@@ -147,10 +208,9 @@ void FormWindows::popup_shown(PopupMenu& menu) {
   for (Control* control : menu.form().controls()) {
     auto* item = dynamic_cast<MenuItem*>(control);
     if (!item || item->popup() != &menu) continue;
-    auto* action = new MenuAction(*item, screen_, popup_.get());
+    auto* action = new MenuAction(*item, qt(item->caption()), screen_, popup_.get());
     action->setCheckable(true);
     action->setChecked(item->value());
-    action->setEnabled(item->enabled());
     popup_->addAction(action);
   }
   popup_->popup(screen_.popup_place());

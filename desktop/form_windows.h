@@ -21,15 +21,17 @@ class FormWindow : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
-  void make_menu(QLayout& layout);
+  void make_menu(const WindowLayout& layout, QLayout& place);
   // While something burns, the main window asks once before the program ends.
   bool may_close();
   void show_title();
 
   Form& form_;
   Screen& screen_;
+  const std::vector<OptionButton*> opens_on_;
   WatchFeed& feed_;
   const QString title_suffix_;
 };

@@ -13,7 +13,8 @@
 #include "desktop/desktop.h"
 #include "desktop/rehearsal.h"
 #include "desktop/stand.h"
-#include "desktop/view/palette.h"
+#include "desktop/version.h"
+#include "desktop/view/dress.h"
 
 namespace {
 
@@ -23,7 +24,6 @@ using namespace evac::desktop;
 
 constexpr int kFaultStatus = 1, kUsageStatus = 2;
 constexpr int kRehearsalSeconds = 8;
-constexpr double kLeastPointSize = 11;
 
 struct Options {
   QString host, rehearse;
@@ -35,6 +35,7 @@ Options read_options(const QApplication& application) {
   parser.setApplicationDescription(
       QStringLiteral("Operator console of a zoned public-address and evacuation network."));
   parser.addHelpOption();
+  parser.addVersionOption();
   const QCommandLineOption host(QStringLiteral("host"), QStringLiteral("Machine description to use."),
                                 QStringLiteral("FILE"));
   const QCommandLineOption rehearse(
@@ -100,7 +101,7 @@ int run(const Options& options) {
   try {
     desktop.start();
     if (!options.rehearse.isEmpty()) return rehearse(desktop, plain(options.rehearse), options.seconds);
-    if (desktop.stand()) desktop.stand()->show();
+    if (desktop.stand()) desktop.stand()->show_behind();
     desktop.run();
   } catch (const ProgramEnded&) {
     return 0;
@@ -116,12 +117,9 @@ int run(const Options& options) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("evac-console"));
+  QApplication::setApplicationVersion(qt(kVersion));
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setStyle(QStringLiteral("Fusion"));
-  QApplication::setPalette(application_palette());
-  QFont font = QApplication::font();
-  if (font.pointSizeF() < kLeastPointSize) font.setPointSizeF(kLeastPointSize);
-  QApplication::setFont(font);
+  dress_application();
   const Options options = read_options(application);
   try {
     return run(options);

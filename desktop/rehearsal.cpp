@@ -19,6 +19,7 @@ using std::chrono::milliseconds;
 
 // The training set has an algorithm for it.
 constexpr int kZoneOfFire = 15;
+constexpr QSize kWindow(1280, 800);  // of the pictures
 
 class Rehearsal {
  public:
@@ -32,6 +33,8 @@ class Rehearsal {
                        frames_.push_back(line_of(QTime::currentTime(), frame).toStdString());
                      });
     answer_boxes();
+    main_window().showNormal();
+    main_window().resize(kWindow);
     desktop_.stand()->show();
     const auto end = desktop_.loop().now() + std::chrono::seconds(seconds);
     act();

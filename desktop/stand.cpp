@@ -56,7 +56,14 @@ Stand::Stand(TrainingLine& line) : line_(line) {
   refresh_.start();
 }
 
+void Stand::show_behind() {
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  show();
+  lower();
+}
+
 void Stand::bring_up() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
   raise();
   activateWindow();

@@ -19,7 +19,9 @@ class Stand : public QWidget {
   static constexpr const char* kName = "Стенд";
 
   explicit Stand(TrainingLine& line);
-  // Shows the window, on top.
+  // Shows the window beneath all others.
+  void show_behind();
+  // Shows the window, on top, also one that was made small.
   void bring_up();
   FrameLog& log() { return log_; }
 

@@ -60,8 +60,9 @@ void Drill::do_contact(const Words& words) {
 
 void Drill::make_file(std::string_view path, std::string_view bytes) {
   const auto slash = path.rfind('\\');
-  if (slash != std::string_view::npos && slash > 2) machine_.files().make_folder(path.substr(0, slash));
-  if (const int error = machine_.files().replace(path, bytes))
+  // It may well be there already.
+  if (slash != std::string_view::npos && slash > 2) (void)machine_.files().make_folder(path.substr(0, slash));
+  if (const FileError error = machine_.files().replace(path, bytes))
     throw CommandError(join("the file can't be written, error ", error));
 }
 

@@ -1,6 +1,8 @@
 #include "machine/posix_files.h"
 
 #include <fcntl.h>
+#include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -14,10 +16,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Ends the name of a file that is being written; a crash may leave one, and it is never listed.
+// A file that is being written is named for the one that it replaces, the process and its count:
+// "F_ust.dat.4711-3.new~". A crash may leave one; it is never listed.
 constexpr std::string_view kNeighbour = ".new~";
 
-int error_of(int number) {
+// Whether the process that wrote that neighbour is gone. One of this process's number is from an earlier one.
+bool is_stale(std::string_view name) {
+  name.remove_suffix(kNeighbour.size());
+  const int process = Number(name.substr(name.rfind('.') + 1));
+  return process <= 0 || process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH);
+}
+
+FileError error_of(int number) {
   switch (number) {
     case 0:
       return kNoError;
@@ -56,7 +66,7 @@ class Descriptor {
   const int fd_;
 };
 
-int write_all(int fd, std::string_view bytes) {
+FileError write_all(int fd, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(fd, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
@@ -66,11 +76,13 @@ int write_all(int fd, std::string_view bytes) {
   return kNoError;
 }
 
-int write_file(const fs::path& file, int flags, std::string_view bytes, bool synced) {
-  Descriptor descriptor(file, O_WRONLY | O_CREAT | flags);
-  if (descriptor.get() < 0) return error_of(errno);
-  if (const int error = write_all(descriptor.get(), bytes)) return error;
-  return !synced || ::fsync(descriptor.get()) == 0 ? kNoError : error_of(errno);
+FileError sync(int fd) {
+  return ::fsync(fd) == 0 ? kNoError : error_of(errno);
+}
+
+FileError sync_folder(const fs::path& folder) {
+  Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+  return descriptor.get() < 0 ? error_of(errno) : sync(descriptor.get());
 }
 
 }  // namespace
@@ -103,12 +115,14 @@ fs::path PosixFiles::locate(std::string_view path) const {
   return place;
 }
 
-int PosixFiles::read(std::string_view path, std::string& bytes) {
+FileError PosixFiles::read(std::string_view path, std::string& bytes) {
   bytes.clear();
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
+  struct stat status {};
+  if (::fstat(descriptor.get(), &status) == 0) bytes.reserve(static_cast<std::size_t>(status.st_size));
   char block[65536];
   while (true) {
     const ssize_t got = ::read(descriptor.get(), block, sizeof block);
@@ -119,7 +133,7 @@ int PosixFiles::read(std::string_view path, std::string& bytes) {
   }
 }
 
-int PosixFiles::read_end(std::string_view path, std::size_t count, std::string& bytes) {
+FileError PosixFiles::read_end(std::string_view path, std::size_t count, std::string& bytes) {
   bytes.clear();
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
@@ -135,44 +149,49 @@ int PosixFiles::read_end(std::string_view path, std::size_t count, std::string& 
   return kNoError;
 }
 
-int PosixFiles::replace(std::string_view path, std::string_view bytes) {
+FileError PosixFiles::replace(std::string_view path, std::string_view bytes) {
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
+  const fs::path folder = file.parent_path();
   std::error_code ignored;
-  if (!fs::is_directory(file.parent_path(), ignored)) return kPathNotFound;
+  if (!fs::is_directory(folder, ignored)) return kPathNotFound;
   if (fs::is_directory(file, ignored)) return kPathFileAccess;
-  const fs::path neighbour = file.string() + std::string(kNeighbour);
-  int error = write_whole(neighbour, bytes);
-  if (error == kNoError) error = rename_over(neighbour, file);
-  if (error == kNoError) return sync_folder(file.parent_path());
+  if (cleared_folders_.insert(folder).second) remove_stale(folder);
+  fs::path neighbour;
+  FileError error = write_neighbour(file, bytes, neighbour);
+  if (error == kNoError && ::rename(neighbour.c_str(), file.c_str()) != 0) error = error_of(errno);
+  if (error == kNoError) return sync_folder(folder);
   fs::remove(neighbour, ignored);
   return error;
 }
 
-int PosixFiles::append(std::string_view path, std::string_view bytes) {
+FileError PosixFiles::append(std::string_view path, std::string_view bytes) {
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
-  return write_file(file, O_APPEND, bytes, false);
+  Descriptor descriptor(file, O_WRONLY | O_CREAT | O_APPEND);
+  return descriptor.get() < 0 ? error_of(errno) : write_all(descriptor.get(), bytes);
 }
 
-int PosixFiles::remove(std::string_view path) {
+FileError PosixFiles::remove(std::string_view path) {
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
   return ::unlink(file.c_str()) == 0 ? kNoError : error_of(errno);
 }
 
-int PosixFiles::copy(std::string_view from, std::string_view to) {
+FileError PosixFiles::copy(std::string_view from, std::string_view to) {
   std::string bytes;
-  if (const int error = read(from, bytes)) return error;
+  if (const FileError error = read(from, bytes)) return error;
   return replace(to, bytes);
 }
 
-int PosixFiles::make_folder(std::string_view path) {
+FileError PosixFiles::make_folder(std::string_view path) {
   const fs::path folder = locate(path);
   if (folder.empty()) return kDriveNotReady;
   std::error_code error;
   if (fs::is_directory(folder, error)) return kPathFileAccess;
   fs::create_directories(folder, error);
+  // The folder stands either way; a disk that can't keep it will say so at the first save.
+  if (!error) (void)sync_folder(folder.parent_path());
   return error_of(error.value());
 }
 
@@ -220,18 +239,25 @@ bool PosixFiles::drive_ready(char letter) {
   return drive != drives_.end() && fs::is_directory(drive->second, error);
 }
 
-int PosixFiles::write_whole(const fs::path& file, std::string_view bytes) {
-  return write_file(file, O_TRUNC, bytes, true);
+FileError PosixFiles::write_neighbour(const fs::path& file, std::string_view bytes, fs::path& neighbour) {
+  while (true) {
+    neighbour = file.string() + join(".", ::getpid(), "-", ++neighbours_, kNeighbour);
+    Descriptor descriptor(neighbour, O_WRONLY | O_CREAT | O_EXCL);
+    if (descriptor.get() < 0 && errno == EEXIST) continue;
+    if (descriptor.get() < 0) return error_of(errno);
+    const FileError error = write_all(descriptor.get(), bytes);
+    return error == kNoError ? sync(descriptor.get()) : error;
+  }
 }
 
-int PosixFiles::rename_over(const fs::path& from, const fs::path& to) {
-  return ::rename(from.c_str(), to.c_str()) == 0 ? kNoError : error_of(errno);
-}
-
-int PosixFiles::sync_folder(const fs::path& folder) {
-  Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
-  if (descriptor.get() < 0) return error_of(errno);
-  return ::fsync(descriptor.get()) == 0 ? kNoError : error_of(errno);
+void PosixFiles::remove_stale(const fs::path& folder) {
+  std::vector<fs::path> stale;
+  std::error_code error;
+  for (fs::directory_iterator at(folder, error), last; !error && at != last; at.increment(error)) {
+    const std::string name = at->path().filename().string();
+    if (name.ends_with(kNeighbour) && is_stale(name)) stale.push_back(at->path());
+  }
+  for (const auto& file : stale) fs::remove(file, error);
 }
 
 }  // namespace evac

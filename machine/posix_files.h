@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <map>
+#include <set>
 
 #include "platform/files.h"
 
@@ -13,13 +14,13 @@ class PosixFiles : public Files {
   // Drive C first of all; a drive that is not in the map does not exist.
   explicit PosixFiles(std::map<char, std::filesystem::path> drives) : drives_(std::move(drives)) {}
 
-  int read(std::string_view path, std::string& bytes) override;
-  int read_end(std::string_view path, std::size_t count, std::string& bytes) override;
-  int replace(std::string_view path, std::string_view bytes) override;
-  int append(std::string_view path, std::string_view bytes) override;
-  int remove(std::string_view path) override;
-  int copy(std::string_view from, std::string_view to) override;
-  int make_folder(std::string_view path) override;
+  FileError read(std::string_view path, std::string& bytes) override;
+  FileError read_end(std::string_view path, std::size_t count, std::string& bytes) override;
+  FileError replace(std::string_view path, std::string_view bytes) override;
+  FileError append(std::string_view path, std::string_view bytes) override;
+  FileError remove(std::string_view path) override;
+  FileError copy(std::string_view from, std::string_view to) override;
+  FileError make_folder(std::string_view path) override;
   bool is_file(std::string_view path) override;
   bool is_folder(std::string_view path) override;
   std::vector<std::string> folders(std::string_view path) override;
@@ -34,16 +35,17 @@ class PosixFiles : public Files {
   // missing. Empty for a drive that is not there.
   std::filesystem::path locate(std::string_view path) const;
 
- protected:
-  // The steps of a save, apart so that a test can stop between any two of them. Each returns an error number.
-  virtual int write_whole(const std::filesystem::path& file, std::string_view bytes);
-  virtual int rename_over(const std::filesystem::path& from, const std::filesystem::path& to);
-  virtual int sync_folder(const std::filesystem::path& folder);
-
  private:
+  // A file of this process's own beside `file`, with those bytes on the disk.
+  FileError write_neighbour(const std::filesystem::path& file, std::string_view bytes,
+                            std::filesystem::path& neighbour);
+  // Removes the neighbours that processes left when they ended in the middle of a save.
+  void remove_stale(const std::filesystem::path& folder);
   std::vector<std::string> names(std::string_view path, bool folders) const;
 
   std::map<char, std::filesystem::path> drives_;
+  int neighbours_ = 0;                               // made so far
+  std::set<std::filesystem::path> cleared_folders_;  // of stale neighbours, before the first save there
 };
 
 }  // namespace evac

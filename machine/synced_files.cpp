@@ -19,8 +19,8 @@ SyncedFiles::~SyncedFiles() {
   worker_.join();
 }
 
-int SyncedFiles::append(std::string_view path, std::string_view bytes) {
-  const int error = PosixFiles::append(path, bytes);
+FileError SyncedFiles::append(std::string_view path, std::string_view bytes) {
+  const FileError error = PosixFiles::append(path, bytes);
   if (error == kNoError) {
     {
       const std::lock_guard lock(mutex_);

@@ -17,7 +17,7 @@ class SyncedFiles : public PosixFiles {
   // Everything appended is synced before it returns.
   ~SyncedFiles() override;
 
-  int append(std::string_view path, std::string_view bytes) override;
+  FileError append(std::string_view path, std::string_view bytes) override;
 
  private:
   void sync_until_done();

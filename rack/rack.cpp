@@ -133,6 +133,18 @@ void Rack::set_answer(int terminal, std::optional<Answer> answer) {
     own_answers_.erase(terminal);
 }
 
+void Rack::set_slow(int terminal, std::optional<milliseconds> delay) {
+  if (delay)
+    own_delays_[terminal] = *delay;
+  else
+    own_delays_.erase(terminal);
+}
+
+void Rack::send_answers(int first, int last) {
+  for (int t = first; t <= last; ++t)
+    if (const auto frame = answer_of(t)) send_frame(*frame);
+}
+
 void Rack::set_contact(int number, bool closed) {
   contacts_.set(static_cast<std::size_t>(number - 1), closed);
 }
@@ -171,15 +183,21 @@ void Rack::deliver() {
 }
 
 void Rack::answer_query(int terminal) {
+  const auto frame = answer_of(terminal);
+  if (!frame) return;
+  const auto own = own_delays_.find(terminal);
+  answers_.push_back({now_ + (own == own_delays_.end() ? answer_delay_ : own->second), *frame});
+}
+
+std::optional<Frame> Rack::answer_of(int terminal) const {
   const auto at = static_cast<std::size_t>(terminal);
-  if (silent_.test(at)) return;
+  if (silent_.test(at)) return std::nullopt;
   const Output& output = network_.terminal(terminal);
   Answer answer{byte_of(output.channel), byte_of(output.volume),
                 byte_of((terminal - 1) % Network::kZones + 1), byte_of(terminal)};
   if (absent_.test(at)) answer = {kNoTerminal, 0, 0, 0};
   if (const auto own = own_answers_.find(terminal); own != own_answers_.end()) answer = own->second;
-  answers_.push_back({now_ + answer_delay_,
-                      make_frame(kAnswer, {answer.channel, answer.volume, answer.zone, answer.terminal, 0})});
+  return make_frame(kAnswer, {answer.channel, answer.volume, answer.zone, answer.terminal, 0});
 }
 
 }  // namespace evac::rack

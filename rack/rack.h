@@ -89,10 +89,14 @@ class Rack {
     std::uint8_t channel, volume, zone, terminal;
   };
   void set_answer_delay(std::chrono::milliseconds delay) { answer_delay_ = delay; }
+  // A slow terminal has a delay of its own; none gives it that of all.
+  void set_slow(int terminal, std::optional<std::chrono::milliseconds> delay);
   // A silent terminal sends nothing; `absent` ones are answered for by the controller with channel 255.
   void set_silent(int terminal, bool silent);
   void set_absent(int terminal, bool absent);
   void set_answer(int terminal, std::optional<Answer> answer);
+  // The answers of these terminals, unasked and back to back, but for the silent ones.
+  void send_answers(int first, int last);
 
   // Fire contacts, 1..128.
   void set_contact(int number, bool closed);
@@ -114,6 +118,8 @@ class Rack {
   void hear(std::uint8_t byte);
   void deliver();
   void answer_query(int terminal);
+  // None for a silent terminal.
+  std::optional<Frame> answer_of(int terminal) const;
 
   struct Waiting {
     Time due;
@@ -131,6 +137,7 @@ class Rack {
   bool link_ = true, programme_ = true;
   std::bitset<Network::kTerminals + 1> silent_, absent_;
   std::map<int, Answer> own_answers_;
+  std::map<int, std::chrono::milliseconds> own_delays_;
   std::bitset<kContacts> contacts_;
   int polls_sent_ = 0, polls_answered_ = 0;
 };

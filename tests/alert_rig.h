@@ -11,16 +11,14 @@
 #include "store/algorithm_record.h"
 #include "store/record_file.h"
 #include "tests/scratch.h"
+#include "tests/stored_data.h"
 
 namespace evac {
 
-inline const std::string kAlgorithmPath = "C:\\ZEF_DAT\\alarm\\f_al.dat";
-inline const std::string kSettingsPath = "C:\\ZEF_DAT\\alarm\\f_al_str.dat";
+inline const std::string kAlgorithmFile = "alarm\\f_al.dat", kSettingsFile = "alarm\\f_al_str.dat";
 
 struct AlertRig {
   AlertRig() {
-    machine.files().make_folder("C:\\ZEF_DAT\\alarm");
-    machine.files().make_folder("C:\\ZEF_DAT\\message");
     machine.set_card(0, true);
     machine.set_card(1, true);
     machine.trace = [this](const std::string& line) {
@@ -28,16 +26,18 @@ struct AlertRig {
     };
   }
 
-  void write(const std::string& path, int record_length, const std::vector<std::string>& texts) {
-    RecordFile file(machine.files(), path, record_length);
+  // As another program writes it.
+  void write(const std::string& name, int record_length, const std::vector<std::string>& texts) {
+    StoredData other(machine.files());
+    RecordFile file(other.folder, name, record_length);
     for (std::size_t i = 0; i < texts.size(); ++i) file.put(static_cast<int>(i) + 1, texts[i]);
-    file.save();
+    must(file.save());
   }
-  void settle(const std::vector<std::string>& lines) { write(kSettingsPath, 256, lines); }
-  void settle_steps(const std::vector<std::string>& records) { write(kAlgorithmPath, 512, records); }
+  void settle(const std::vector<std::string>& lines) { write(kSettingsFile, 256, lines); }
+  void settle_steps(const std::vector<std::string>& records) { write(kAlgorithmFile, 512, records); }
   void sound(const std::string& name, double seconds) {
     const std::string path = "C:\\ZEF_DAT\\message\\" + name;
-    machine.files().replace(path, "sound");
+    must(machine.files().replace(path, "sound"));
     machine.set_sound(path, seconds);
   }
 
@@ -66,6 +66,7 @@ struct AlertRig {
 
   Scratch scratch;
   drill::VirtualMachine machine{scratch.path};
+  StoredData data{machine.files()};
   std::unique_ptr<Console> console;
   bool logging = true;
   std::vector<std::string> log;

@@ -27,145 +27,121 @@ TEST(AlgorithmRecord, FieldsAreCutOutByTheirOwnEnds) {
 class AlertFiles : public testing::Test, protected AlertRig {
  protected:
   void SetUp() override { sound("fire.wav", 3); }
-  std::string bytes_of(const std::string& path) {
-    std::string bytes;
-    machine.files().read(path, bytes);
-    return bytes;
-  }
   const std::string& table(int zone, int step) { return algorithms.AlgZoneTable[zone][step]; }
-  std::vector<std::string> boxes() {
-    const std::vector<std::string> texts(machine.raised().begin(), machine.raised().end());
+  using Texts = std::vector<std::string>;
+  Texts boxes() {
+    const Texts texts(machine.raised().begin(), machine.raised().end());
     machine.raised().clear();
     return texts;
   }
-  using Texts = std::vector<std::string>;
 
-  SettingsState settings;
   AlgorithmState algorithms;
-  AlertStore store{
-      {.settings = settings, .algorithms = algorithms, .files = machine.files(), .boxes = machine}};
+  AlertStore store{{.settings = data.settings, .algorithms = algorithms, .folder = data.folder}};
+  BoundedArray<std::string, 0, kSettingsLines - 1>& line = data.settings.SettingsLine;
 };
 
 TEST_F(AlertFiles, AreLaidOutByteForByteAndReadBackTheSame) {
-  for (int i = 0; i < kSettingsLines; ++i) settings.SettingsLine[i] = std::to_string(i);
-  settings.SettingsLine[kBlockMessage] = "Пожар.wav";
-  store.SaveSettings();
-  std::string bytes = bytes_of(kSettingsPath);
+  for (int i = 0; i < kSettingsLines; ++i) line[i] = std::to_string(i);
+  line[kBlockMessage] = "Пожар.wav";
+  ASSERT_EQ(store.SaveSettings(), kNoError);
+  std::string bytes = data.bytes_of(kSettingsFile);
   EXPECT_EQ(bytes.size(), 13u * 256);
   EXPECT_EQ(bytes.substr(2 * 256, 11), std::string("\x09\0\xCF\xEE\xE6\xE0\xF0.wav", 11));
   EXPECT_EQ(bytes.substr(12 * 256, 4), std::string("\x02\00012", 4));
-  const auto written = settings.SettingsLine;
-  settings.SettingsLine.fill("x");
-  store.LoadSettings();
-  for (int i = 0; i < kSettingsLines; ++i) EXPECT_EQ(settings.SettingsLine[i], written[i]);
+  const auto written = line;
+  line.fill("x");
+  ASSERT_EQ(store.LoadSettings(), kNoError);
+  for (int i = 0; i < kSettingsLines; ++i) EXPECT_EQ(line[i], written[i]);
 
   AlertStore::AlgorithmLines lines;
   lines[2] = {step_record(2, 1, 1, 1), step_record(2, 2, 1, 2)};
-  lines[120] = {step_record(120, 1, 1, 3)};
-  store.SaveAlgorithms(lines);
-  bytes = bytes_of(kAlgorithmPath);
-  EXPECT_EQ(bytes.size(), 3u * 512);
+  lines[120].assign(120, step_record(120, 1, 1, 3));
+  ASSERT_EQ(store.SaveAlgorithms(lines), kNoError);
+  bytes = data.bytes_of(kAlgorithmFile);
+  EXPECT_EQ(bytes.size(), 122u * 512);
   EXPECT_EQ(bytes.substr(2 * 512 + 2, 5), "120\t|");
   EXPECT_EQ(static_cast<unsigned char>(bytes[0]), lines[2][0].size());
   algorithms.AlgZoneTable[1][1] = "stale";
-  store.LoadAlgorithms();
+  ASSERT_EQ(store.LoadAlgorithms(), kNoError);
   EXPECT_EQ(table(1, 1), "");
   EXPECT_EQ(table(2, 2), lines[2][1]);
-  EXPECT_EQ(table(120, 1), lines[120][0]);
-  EXPECT_EQ(boxes(), Texts{});
-}
+  EXPECT_EQ(table(120, 120), lines[120][119]);
+  EXPECT_TRUE(data.state.cut_files.empty());
 
-TEST_F(AlertFiles, AMissingFileIsMadeEmptyAndSilent) {
-  settings.SettingsLine.fill("x");
-  store.LoadSettings();
-  store.LoadAlgorithms();
-  EXPECT_EQ(settings.SettingsLine[kScanCycles], "");
-  EXPECT_TRUE(machine.files().is_file(kSettingsPath));
-  EXPECT_TRUE(machine.files().is_file(kAlgorithmPath));
-  EXPECT_EQ(boxes(), Texts{});
+  // More steps than the table holds are refused, and the file stays.
+  lines[120].push_back(lines[120][0]);
+  EXPECT_EQ(store.SaveAlgorithms(lines), kFileSubscript);
+  EXPECT_EQ(data.bytes_of(kAlgorithmFile), bytes);
 }
 
 TEST_F(AlertFiles, ALowerNumberEndsTheReadingAndOneOutsideTheTableIsAFault) {
-  settle_steps({step_record(5, 1, 1, 1), step_record(4, 1, 1, 2), step_record(6, 1, 1, 3)});
-  store.LoadAlgorithms();
-  EXPECT_NE(table(5, 1), "");
-  EXPECT_EQ(table(4, 1) + table(6, 1), "");
-  EXPECT_EQ(boxes(), Texts{});
-
-  for (const std::string& number :
-       {std::string("121"), std::string("99999999999999"), std::string(400, '9')}) {
-    settle_steps({step_record(5, 1, 1, 1), number + "\t|1\t |", step_record(6, 1, 1, 3)});
-    store.LoadAlgorithms();
-    EXPECT_NE(table(5, 1), "");
-    EXPECT_EQ(table(6, 1), "");
-    EXPECT_EQ(boxes(), Texts{"Ошибка чтения файла f_al.dat 9"}) << number;
+  const std::string good = step_record(5, 1, 1, 1), last = step_record(6, 1, 1, 3);
+  struct Reading {
+    Texts records;
+    FileError error;
+    bool cut;
+  };
+  for (const Reading& reading : {
+           Reading{{good, last}, kNoError, false},
+           Reading{{good, step_record(4, 1, 1, 2), last}, kNoError, true},
+           Reading{{good, "", last}, kNoError, true},
+           Reading{{good, "", "", ""}, kNoError, false},
+           Reading{{good, "без номера"}, kNoError, true},
+           Reading{{good, "121\t|1\t |", last}, kFileSubscript, true},
+           Reading{{good, std::string(400, '9') + "\t|1\t |", last}, kFileSubscript, true},
+           Reading{Texts(121, good), kFileSubscript, true},
+       }) {
+    SCOPED_TRACE(reading.records[1]);
+    settle_steps(reading.records);
+    EXPECT_EQ(store.LoadAlgorithms(), reading.error);
+    EXPECT_EQ(table(5, 1), good);
+    EXPECT_EQ(table(4, 1), "");
+    EXPECT_EQ(table(6, 1) == last, reading.records.back() == last && !reading.cut);
+    EXPECT_EQ(data.cut(kAlgorithmFile), reading.cut);
   }
-  settle_steps(Texts(121, step_record(120, 1, 1, 1)));
-  store.LoadAlgorithms();
-  EXPECT_NE(table(120, 120), "");
-  EXPECT_EQ(boxes(), Texts{"Ошибка чтения файла f_al.dat 9"});
 }
 
-TEST_F(AlertFiles, AFileThatCannotBeReadOrWrittenIsToldAndLosesNothing) {
-  machine.files().make_folder(kSettingsPath);
-  machine.files().make_folder(kAlgorithmPath);
-  settings.SettingsLine.fill("x");
-  store.LoadSettings();
-  store.LoadAlgorithms();
-  EXPECT_EQ(settings.SettingsLine[kAlertType], "x");
-  EXPECT_EQ(boxes(), (Texts{"Ошибка чтения файла f_al_str,dat 75", "Ошибка чтения файла f_al.dat 75"}));
+// Four algorithms of which one was read: the save that writes the one does not lose the four.
+TEST_F(AlertFiles, WhatACutReadingLeftIsKept) {
+  settle_steps(
+      {step_record(2, 1, 1, 1), step_record(1, 1, 1, 1), step_record(3, 1, 1, 1), step_record(4, 1, 1, 1)});
+  const std::string four = data.bytes_of(kAlgorithmFile);
+  ASSERT_EQ(store.LoadAlgorithms(), kNoError);
   AlertStore::AlgorithmLines lines;
-  lines[1] = {step_record(1, 1, 1, 1)};
-  store.SaveAlgorithms(lines);
-  store.SaveSettings();
-  EXPECT_EQ(table(1, 1), "");
+  lines[2] = {table(2, 1)};
+  ASSERT_EQ(store.SaveAlgorithms(lines), kNoError);
+  EXPECT_EQ(data.bytes_of(kAlgorithmFile), four.substr(0, 512));
+  EXPECT_EQ(data.bytes_of(kAlgorithmFile + ".bak"), four);
+  EXPECT_EQ(data.state.cut_files.at(0).name(), "f_al.dat");
+}
+
+// What the rooms make of it on a whole console.
+TEST_F(AlertFiles, OneThatCannotBeReadOrWrittenIsToldAndTheSaveGoesOn) {
+  settle(controller_settings());
+  settle_steps({step_record(1, 1, 1, 1)});
+  start();
+  const auto block = [&](const std::string& file) {
+    std::filesystem::remove(machine.files().locate(data.folder.path(file)));
+    ASSERT_EQ(machine.files().make_folder(data.folder.path(file)), kNoError);
+  };
+  block(kSettingsFile);
+  block(kAlgorithmFile);
+  auto& form5 = console->forms().form5;
+  run(1s);
+  form5.Opt1[2].set_value(true);
+  form5.ChkM.set_value(true);
+  form5.VSM.set_value(30);
+  form5.CmdSave.click();
   EXPECT_EQ(boxes(), (Texts{"Ошибка записи в файл f_al.dat 75", "Ошибка записи f_al_str.dat 75"}));
-}
+  EXPECT_EQ(console->model().supervision.NextCheck, 8 * 3600 + 30 * 60 + 1);
+  EXPECT_NE(console->model().algorithms.AlgZoneTable[1][1], "");
 
-TEST_F(AlertFiles, MoreStepsThanTheTableHoldsAreRefusedAndTheOldFileStays) {
-  AlertStore::AlgorithmLines lines;
-  lines[1].assign(120, step_record(1, 1, 1, 1));
-  store.SaveAlgorithms(lines);
-  EXPECT_EQ(boxes(), Texts{});
-  const std::string before = bytes_of(kAlgorithmPath);
-  lines[1].push_back(step_record(1, 121, 1, 1));
-  store.SaveAlgorithms(lines);
-  EXPECT_EQ(boxes(), Texts{"Ошибка записи в файл f_al.dat 9"});
-  EXPECT_EQ(bytes_of(kAlgorithmPath), before);
-}
-
-// Bytes overwritten, cut off, put in, doubled; numbers blown up.
-std::string damaged(std::string bytes, std::mt19937& random) {
-  const auto below = [&](std::size_t n) { return n == 0 ? 0 : random() % n; };
-  for (std::size_t blows = 1 + below(6); blows > 0; --blows) {
-    const std::size_t at = below(bytes.size());
-    switch (below(6)) {
-      case 0:
-        bytes[at] = static_cast<char>(random());
-        break;
-      case 1:
-        bytes.resize(at);
-        break;
-      case 2:
-        bytes.insert(at, 1 + below(40), static_cast<char>(random()));
-        break;
-      case 3:
-        bytes.erase(at, 1 + below(300));
-        break;
-      case 4: {  // a record's text becomes a long row of digits
-        const std::size_t record = at / 256 * 256;
-        if (record + 40 > bytes.size()) break;
-        bytes.replace(record, 32,
-                      "\x1E" + std::string(1, '\0') + (below(2) ? "-" : "9") + std::string(29, '9'));
-        break;
-      }
-      default:
-        bytes += bytes.substr(0, 1 + below(2000));
-        break;
-    }
-    if (bytes.empty()) break;
-  }
-  return bytes;
+  console.reset();
+  machine.clear_process();
+  console = std::make_unique<Console>(machine.machine());
+  console->load();
+  EXPECT_EQ(boxes(), (Texts{"Ошибка чтения файла f_al.dat 75", "Ошибка чтения файла f_al_str,dat 75"}));
+  EXPECT_EQ(console->model().settings.SettingsLine[kScanCycles], "1");
 }
 
 // Whatever a file holds, what comes before the damage is read, and the rest is read, left out or reported.
@@ -174,14 +150,14 @@ std::string damaged(std::string bytes, std::mt19937& random) {
 class DamagedAlertFiles : public AlertFiles, public testing::WithParamInterface<std::string> {
  protected:
   void load(const std::string& whole, const std::string& bytes) {
-    store.LoadSettings();
-    store.LoadAlgorithms();
-    for (const auto& text : boxes()) EXPECT_EQ(text, "Ошибка чтения файла f_al.dat 9");
+    ASSERT_EQ(store.LoadSettings(), kNoError);
+    const FileError error = store.LoadAlgorithms();
+    ASSERT_TRUE(error == kNoError || (error == kFileSubscript && data.cut(kAlgorithmFile)));
     const auto intact = static_cast<int>(
         std::mismatch(whole.begin(), whole.end(), bytes.begin(), bytes.end()).first - whole.begin());
-    for (int i = 0; GetParam() == kSettingsPath && i < intact / 256; ++i)
-      EXPECT_EQ(settings.SettingsLine[i], controller_settings()[static_cast<std::size_t>(i)]);
-    if (GetParam() == kAlgorithmPath && intact >= 512) {
+    for (int i = 0; GetParam() == kSettingsFile && i < intact / 256; ++i)
+      EXPECT_EQ(line[i], controller_settings()[static_cast<std::size_t>(i)]);
+    if (GetParam() == kAlgorithmFile && intact >= 512) {
       EXPECT_EQ(table(1, 1), step_record(1, 1, 2, 1));
     }
   }
@@ -209,12 +185,12 @@ TEST_P(DamagedAlertFiles, LoadOrAreReported) {
   settle(controller_settings());
   settle_steps({step_record(1, 1, 2, 1), step_record(1, 2, 1, 2), step_record(7, 1, 3, 7),
                 step_record(33, 1, 1, 33), step_record(96, 1, 100, 96)});
-  const std::string whole = bytes_of(GetParam());
+  const std::string whole = data.bytes_of(GetParam());
   for (unsigned seed = 0; seed < 1000; ++seed) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
-    const std::string bytes = damaged(whole, random);
-    machine.files().replace(GetParam(), bytes);
+    const std::string bytes = damaged(whole, 6, random);
+    ASSERT_EQ(data.folder.replace(GetParam(), bytes), kNoError);
     load(whole, bytes);
     if (seed % 10 == 0) {
       EXPECT_NO_THROW(live());
@@ -222,8 +198,8 @@ TEST_P(DamagedAlertFiles, LoadOrAreReported) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, DamagedAlertFiles, testing::Values(kAlgorithmPath, kSettingsPath),
-                         [](const auto& info) { return info.param == kAlgorithmPath ? "f_al" : "f_al_str"; });
+INSTANTIATE_TEST_SUITE_P(Each, DamagedAlertFiles, testing::Values(kAlgorithmFile, kSettingsFile),
+                         [](const auto& info) { return info.param == kAlgorithmFile ? "f_al" : "f_al_str"; });
 
 }  // namespace
 }  // namespace evac

@@ -144,6 +144,14 @@ TEST_F(Alerts, TheAlarmMarkOfALaterStepIsNoMoreThanItsOtherZones) {
   EXPECT_EQ(console->form1().PctA[1].picture(), "PctD2");
 }
 
+TEST_F(Alerts, ReleasingAllZonesSilencesTheMessagesOfBothPlayers) {
+  start();
+  console->form1().CmdAlAl.click();
+  forget();
+  console->form1().CmdAlAl.click();
+  EXPECT_EQ(logged("media MP1 stop") + logged("media MP2 stop"), 2);
+}
+
 // Switches that later rooms work are pressed where they are on: after a type 3 alert even when its message
 // can't be opened, after a block's alert only when it plays.
 TEST_F(Alerts, AnAlertSilencesThePlayerTheTimerAndAutomaticControl) {

@@ -7,18 +7,15 @@
 
 #include "app/console.h"
 #include "drill/virtual_machine.h"
+#include "store/record_file.h"
 #include "tests/scratch.h"
+#include "tests/stored_data.h"
 
 namespace evac {
 namespace {
 
 class ConsoleRooms : public testing::Test {
  protected:
-  ConsoleRooms() {
-    settings.data_drive = "C";
-    settings.data_folder = "ZEF_DAT";
-    machine.files().make_folder("C:\\ZEF_DAT");
-  }
   Form1& start() {
     console.emplace(machine.machine());
     console->load();
@@ -26,15 +23,15 @@ class ConsoleRooms : public testing::Test {
     return console->form1();
   }
   // Every zone on that channel.
-  void write_zones(const std::string& channel) {
+  void write_zones(std::int16_t channel) {
     std::vector<CellRecord> zones(kZones);
     for (int z = 1; z <= kZones; ++z) zones[static_cast<std::size_t>(z - 1)] = {std::to_string(z), channel};
-    ASSERT_EQ(write_cells(machine.files(), zone_file(settings), zones), kNoError);
+    ASSERT_EQ(write_cells(data.folder, kZoneFile, zones), kNoError);
   }
-  void write_computer(const std::string& volume) {
+  void write_computer(int volume) {
     EquipmentRecords records;
-    records.rows[4] = {"Компьютер", volume, "1"};
-    ASSERT_EQ(write_equipment(machine.files(), settings, records), kNoError);
+    records.rows[4] = {"Компьютер", volume, 1};
+    ASSERT_EQ(write_equipment(data.folder, records), kNoError);
   }
   std::string last_box() {
     if (machine.raised().empty()) return "";
@@ -46,13 +43,13 @@ class ConsoleRooms : public testing::Test {
 
   Scratch scratch;
   drill::VirtualMachine machine{scratch.path};
-  SettingsState settings;
+  StoredData data{machine.files()};
   std::optional<Console> console;
 };
 
 TEST_F(ConsoleRooms, TheGroupButtonsSwitchAllZonesTwiceEachAndStopEverything) {
-  write_zones("4");
-  write_computer("25");
+  write_zones(4);
+  write_computer(25);
   Form1& form1 = start();
   console->model().settings.SettingsLine[kBlockSource] = "1";
   console->model().zones.ZoneChan[2] = 0;
@@ -86,7 +83,7 @@ TEST_F(ConsoleRooms, TheGroupButtonsSwitchAllZonesTwiceEachAndStopEverything) {
 }
 
 TEST_F(ConsoleRooms, TheGroupButtonsRefuseInTheirOrder) {
-  write_computer("0");
+  write_computer(0);
   Form1& form1 = start();
   auto& model = console->model();
   model.sources.ch_computer = 0;
@@ -108,11 +105,11 @@ TEST_F(ConsoleRooms, TheGroupButtonsRefuseInTheirOrder) {
 }
 
 TEST_F(ConsoleRooms, AChannelThatIsNoneOfOursIsPassedOver) {
-  write_zones("7");
+  write_zones(7);
   std::vector<CellRecord> terminals(kTerminals);
-  terminals[0] = {"1", "9"};
-  terminals[1] = {"2", "3"};
-  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
+  terminals[0] = {"1", 9};
+  terminals[1] = {"2", 3};
+  ASSERT_EQ(write_cells(data.folder, preset_file(1), terminals), kNoError);
   Form1& form1 = start();
   auto& model = console->model();
   model.zones.ZoneChan[5] = 0;
@@ -139,31 +136,36 @@ TEST_F(ConsoleRooms, AChannelThatIsNoneOfOursIsPassedOver) {
   EXPECT_EQ(last_box(), "Данному терминалу не назначен звуковой канал");
 }
 
-TEST_F(ConsoleRooms, ANumberThatDoesNotFitEndsTheReaderAndKeepsWhatWasRead) {
-  std::vector<CellRecord> terminals(kTerminals, {"9", "2"});
-  terminals[3].channel = "70000";
-  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
-  EquipmentRecords equipment;
-  equipment.rows[1] = {"Компьютер", "20", ""};
-  equipment.rows[2] = {"Тюнер", "99999", "1"};
-  equipment.rows[3] = {"mp3", "5", "1"};
-  equipment.port = "2";
-  equipment.outlets[0] = "255";
-  ASSERT_EQ(write_equipment(machine.files(), settings, equipment), kNoError);
-  start();
+TEST_F(ConsoleRooms, ADamagedNumberCostsNoOther) {
+  RecordFile preset(data.folder, preset_file(1), 256);
+  for (int t = 1; t <= kTerminals; ++t) {
+    preset.put(t, "9");
+    preset.put(kTerminals + t, t == 4 ? "70000" : "2.9");
+  }
+  ASSERT_EQ(preset.save(), kNoError);
+  RecordFile equipment(data.folder, kEquipmentFile, 256);
+  const std::pair<int, const char*> records[] = {{2, "Компьютер"}, {22, "20.7"}, {3, "Тюнер"}, {23, "99999"},
+                                                 {33, "три"},      {4, "mp3"},   {24, "5"},    {34, "2"},
+                                                 {7, "2"},         {8, "-1"},    {9, "255"}};
+  for (const auto& [n, text] : records) equipment.put(n, text);
+  ASSERT_EQ(equipment.save(), kNoError);
+  Form1& form1 = start();
   auto& model = console->model();
 
   EXPECT_EQ(model.terminals.TermChan[3], 2);
   EXPECT_EQ(model.terminals.TermChan[4], 0);
-  EXPECT_EQ(model.terminals.TermChan[5], 0);
-  EXPECT_EQ(window("Form55").find("Lbl", 4)->tool_tip(), "ВКЛ");
-  EXPECT_EQ(window("Form55").find("Lbl", 5)->tool_tip(), "");
-  EXPECT_EQ(model.sources.ch_computer, 1);
+  EXPECT_EQ(model.terminals.TermChan[5], 2);
+  EXPECT_EQ(model.terminals.term_count, kTerminals);
+  // The damaged volume and output are as they were before any file; all behind them is read.
   EXPECT_EQ(model.sources.vol_computer, 20);
-  EXPECT_EQ(model.sources.ch_tuner, 0);
-  EXPECT_EQ(model.sources.ch_mp3, 0);
+  EXPECT_EQ(model.sources.ch_tuner, 2);
+  EXPECT_EQ(model.sources.vol_tuner, 0);
+  EXPECT_EQ(window("Form22").find("LblN", 2)->caption(), "1");
+  EXPECT_EQ(model.sources.ch_mp3, 3);
+  EXPECT_TRUE(form1.Opt_mp[1].value());
+  EXPECT_EQ(machine.machine().port.port(), 2);
   EXPECT_EQ(model.power.SeqSavedMask[1], 0);
-  EXPECT_EQ(machine.machine().port.port(), 1);
+  EXPECT_EQ(model.power.SeqSavedMask[2], 255);
   EXPECT_EQ(last_box(), "");
 }
 
@@ -221,12 +223,10 @@ TEST_F(ConsoleRooms, EachOutletIsAskedAboutByItsNumberAndOnlyTheFirstSequencerHa
   EXPECT_EQ(machine.sent().size(), 8u);
 }
 
-TEST_F(ConsoleRooms, ADamagedMaskBringsUpNoOutletThatIsNotThere) {
-  EquipmentRecords equipment;
-  equipment.outlets[0] = "-128";
-  equipment.outlets[7] = "65408";
-  ASSERT_EQ(write_equipment(machine.files(), settings, equipment), kNoError);
+TEST_F(ConsoleRooms, AMaskTooWideBringsUpNoOutletThatIsNotThere) {
   Form1& form1 = start();
+  console->model().power.SeqSavedMask[1] = -128;
+  console->model().power.SeqSavedMask[8] = 65408;
   machine.run_for(std::chrono::seconds(34));
   ASSERT_EQ(machine.sent().size(), 2u);
   EXPECT_EQ(machine.sent()[1], (Frame9{0xAA, 0xAA, 7, 7, 1, 0xEE, 0, 0, 0xFD}));
@@ -234,27 +234,19 @@ TEST_F(ConsoleRooms, ADamagedMaskBringsUpNoOutletThatIsNotThere) {
 }
 
 TEST_F(ConsoleRooms, FilesDamagedAtRandomLoadAndCanBeWorkedWith) {
-  write_zones("4");
-  write_computer("25");
-  std::vector<CellRecord> terminals(kTerminals, {"9", "2"});
-  ASSERT_EQ(write_cells(machine.files(), preset_file(settings, 1), terminals), kNoError);
-  ASSERT_EQ(write_names(machine.files(), terminal_names_file(settings), {"1\tA", "2\tB"}), kNoError);
-  const std::string paths[] = {zone_file(settings), preset_file(settings, 1), settings.data_path("F_ust.dat"),
-                               terminal_names_file(settings)};
-  std::map<std::string, std::string> whole;
-  for (const auto& path : paths) ASSERT_EQ(machine.files().read(path, whole[path]), kNoError);
+  write_zones(4);
+  write_computer(25);
+  std::vector<CellRecord> terminals(kTerminals, {"9", 2});
+  ASSERT_EQ(write_cells(data.folder, preset_file(1), terminals), kNoError);
+  ASSERT_EQ(write_names(data.folder, kTerminalNamesFile, {"1\tA", "2\tB"}), kNoError);
+  const std::string_view names[] = {kZoneFile, "F_ustT1.dat", kEquipmentFile, kTerminalNamesFile};
+  std::map<std::string_view, std::string> whole;
+  for (const auto name : names) whole[name] = data.bytes_of(name);
   for (unsigned seed = 1; seed <= 40; ++seed) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
-    for (const auto& path : paths) {
-      std::string bytes = whole[path];
-      // Texts and lengths alike: mostly digits and signs, some bytes of any kind.
-      for (int n = 0; n < 60; ++n) {
-        const char byte = n % 4 == 0 ? static_cast<char>(random()) : "0123456789-\t"[random() % 12];
-        bytes[random() % 40 * (bytes.size() / 40) + random() % 8] = byte;
-      }
-      bytes.resize(bytes.size() - random() % bytes.size() / 2);
-      ASSERT_EQ(machine.files().replace(path, bytes), kNoError);
+    for (const auto name : names) {
+      ASSERT_EQ(data.folder.replace(name, damaged(whole[name], 60, random)), kNoError);
     }
     Form1& form1 = start();
     console->model().settings.SettingsLine[kBlockSource] = "1";
@@ -277,7 +269,7 @@ TEST_F(ConsoleRooms, NamesPastTheLastButtonKeepTheirRecords) {
   for (int n = 1; n <= 260; ++n) lines.push_back(std::to_string(n) + "\tБлок " + std::to_string(n));
   lines[1] = "";
   lines[2] = "без номера";
-  ASSERT_EQ(write_names(machine.files(), terminal_names_file(settings), lines), kNoError);
+  ASSERT_EQ(write_names(data.folder, kTerminalNamesFile, lines), kNoError);
   Form1& form1 = start();
   auto& list = dynamic_cast<ListBox&>(*window("Form4").find("List1"));
   EXPECT_EQ(list.count(), 259);
@@ -288,7 +280,8 @@ TEST_F(ConsoleRooms, NamesPastTheLastButtonKeepTheirRecords) {
   // The gap closes: every name moves up by one.
   EXPECT_EQ(form1.CmdAT[2].tool_tip(), "без номера");
   EXPECT_EQ(form1.CmdAT[255].tool_tip(), "Блок 256");
-  EXPECT_EQ(read_names(machine.files(), terminal_names_file(settings)).back(), "260\tБлок 260");
+  ASSERT_EQ(read_names(data.folder, kTerminalNamesFile, lines), kNoError);
+  EXPECT_EQ(lines.back(), "260\tБлок 260");
   // A full list takes no more.
   auto& number = dynamic_cast<ScrollBar&>(*window("Form4").find("VS1"));
   dynamic_cast<TextBox&>(*window("Form4").find("Txt1")).set_text("Новый");

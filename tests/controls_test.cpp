@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "drill/virtual_machine.h"
+#include "platform/listers.h"
 #include "platform/user.h"
 #include "tests/scratch.h"
 
@@ -98,13 +99,20 @@ TEST_F(Controls, AHandReachesNothingDisabledHiddenOrInSuchAFrameButCodeDoes) {
   EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(Controls, ARightPressCountsWithoutShiftOnly) {
+TEST_F(Controls, ARightPressCountsWithoutShiftOnlyAndALeftOneIsHeldUntilItIsLetGo) {
   Button button(form.place(), "Cmd");
-  int presses = 0;
-  button.mouse_down = [&](MousePress press) { presses += press.plain_right(); };
+  std::string events;
+  button.mouse_down = [&](MousePress press) {
+    events += press.plain_right() ? 'r' : press.button == 1 ? 'd' : '-';
+  };
+  button.mouse_up = [&] { events += 'u'; };
+  button.click = [&] { events += 'c'; };
   user::right_press(button);
   user::right_press(button, true);
-  EXPECT_EQ(presses, 1);
+  user::press(button);
+  user::release(button);
+  user::click(button);
+  EXPECT_EQ(events, "r-duc");
 }
 
 TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {
@@ -185,6 +193,60 @@ TEST_F(Controls, KeysPassThroughTheirHandler) {
   };
   for (const char* key : {"4", "ж", "2", "\b", "7"}) user::press_key(box, key);
   EXPECT_EQ(box.text(), "47");
+}
+
+TEST_F(Controls, TheCaretOfAMaskedInputJumpsTheMasksOwnCharacters) {
+  MaskedEdit time(form.place(), "TxtTper", "##:##:##");
+  std::string carets;
+  time.key_press = [&](std::string&) { carets += std::to_string(time.caret()); };
+  for (const char key : std::string("12345679x")) user::press_key(time, {key});
+  EXPECT_EQ(time.text(), "12:34:56");
+  EXPECT_EQ(carets, "013467888");
+  for (int i = 0; i < 3; ++i) user::press_key(time, "\b");
+  EXPECT_EQ(time.text(), "12:3");
+  user::press_key(time, "0");
+  EXPECT_EQ(time.text(), "12:30");
+  // What the program shows is typed over; what the user has put in is typed on.
+  time.set_text("08:00:00");
+  user::press_key(time, "\b");
+  for (const char key : std::string("234")) user::press_key(time, {key});
+  EXPECT_EQ(time.text(), "23:40:00");
+  user::press_key(time, "\b");
+  EXPECT_EQ(time.text(), "23:00:0");
+  user::set_text(time, "1");
+  user::press_key(time, "9");
+  EXPECT_EQ(time.text(), "19");
+}
+
+TEST_F(Controls, ACalendarTakesNoMoreDaysThanItsLimitAndAlwaysTellsOfAChoice) {
+  using namespace std::chrono;
+  MonthCalendar calendar(form.place(), "MonthView1", 31);
+  int changes = 0;
+  calendar.change = [&] { ++changes; };
+  const Date first{2026y / December / 20};
+  for (int time = 0; time < 2; ++time) user::pick(calendar, first, 2027y / January / 20);
+  EXPECT_EQ(calendar.to(), Date(2027y / January / 19));
+  user::pick(calendar, first, first);
+  EXPECT_EQ(calendar.to(), first);
+  EXPECT_EQ(changes, 3);
+}
+
+TEST_F(Controls, TheListOfDrivesFollowsTheDrivesAndKeepsTheChosenOne) {
+  machine.mount_drive('D');
+  DriveLister drives(form.place(), "Drive1", machine.files());
+  int clicks = 0;
+  user::pick(drives, 1);
+  drives.click = [&] { ++clicks; };
+  machine.mount_drive('E');
+  machine.mount_drive('B');
+  drives.refresh();
+  EXPECT_EQ(drives.rows(), (std::vector<std::string>{"B:", "C:", "D:", "E:"}));
+  EXPECT_EQ(drives.row(drives.selected()), "D:");
+  machine.unmount_drive('D');
+  drives.refresh();
+  EXPECT_EQ(drives.rows(), (std::vector<std::string>{"B:", "C:", "E:"}));
+  EXPECT_EQ(drives.selected(), -1);
+  EXPECT_EQ(clicks, 0);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ class Drills : public testing::Test {
     std::ostringstream out;
     drill::Drill drill(scratch.path, in, out, number_lines);
     failures = drill.run();
+    faults = drill.faults();
     std::string trace = out.str();
     const std::string started = "show Form1\nok\n";
     if (const auto at = trace.rfind(started); at != std::string::npos) trace.erase(0, at + started.size());
@@ -26,6 +27,7 @@ class Drills : public testing::Test {
 
   Scratch scratch;
   int failures = 0;
+  std::vector<int> faults;
 };
 
 TEST_F(Drills, AModalWindowLetsTheNextCommandsInAndItsCallerGoesOnUnderTheLineThatClosedIt) {
@@ -61,6 +63,29 @@ TEST_F(Drills, TheEndOfTheProcessUnwindsEverythingAndAFaultDoesToo) {
   // A file stands where the data folder should be.
   EXPECT_EQ(run("remove \"C:\\ZEF_DAT\"\nfile \"C:\\ZEF_DAT\" \"x\"\nstart\n"),
             "ok\nok\nfault 76 \"Path not found: C:\\\\ZEF_DAT\"\nok\n");
+}
+
+TEST_F(Drills, ALostLineIsTriedOnceASecondUntilItIsBack) {
+  run("file \"C:\\ZEF_DAT\\F_ust.dat\" \"\"\nstart\nclick M_n_o\nclick Opt1\nclick Command1\n");
+  EXPECT_EQ(
+      run("start\nport COM1 bad\nclick M_n_z\nwait 1500ms\nport COM1 good\nwait 499ms\nwait 1ms\nclose\n"
+          "port COM1 bad\nclick M_n_z\nport COM1 good\nclose\nclick M_n_t\nwait 9s\n"),
+      "ok\nport close COM1\nshow Form33 modal\nok\nok\nok\nok\nport open COM1\nok\nhide Form33\nok\n"
+      "ok\nport close COM1\nshow Form33 modal\nok\nok\nhide Form33\nok\nport open COM1\n"
+      "show Form55 modal\nok\nok\n");
+}
+
+TEST_F(Drills, ClockJumpsAndTimersGoOnByElapsedTime) {
+  EXPECT_EQ(run("start\nwait 250ms\nnow\nclock 2026-11-22 23:59:59\nnow\nwait 0.75s\nget LblDate.caption\n"
+                "wait until 00:00:00\nnow\n"),
+            "ok\n= 2026-01-05 08:00:00.250\nok\nok\n= 2026-11-22 23:59:59.000\nok\nok\n"
+            "= 23:59:59     ВОСКРЕСЕНЬЕ 22 Ноября 2026 года \nok\nok\n= 2026-11-23 00:00:00.000\nok\n");
+}
+
+TEST_F(Drills, AFaultThatNothingExpectedIsLeftOver) {
+  run("port COM1 bad\nstart\nexpect fault 6\nexpect tx 00\nexpect fault 8002\nexpect fault 8002\nstart\n");
+  EXPECT_EQ(failures, 3);
+  EXPECT_EQ(faults, (std::vector<int>{8002})) << "that of the last command";
 }
 
 TEST_F(Drills, WordsQuotesAndNumbersOfLines) {

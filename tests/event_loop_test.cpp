@@ -60,6 +60,23 @@ TEST_F(Loop, SecondTimerComesIntoPhaseWithTheWallClockAndMissesNoSecond) {
   machine.set_wall(std::chrono::local_days(std::chrono::January / 5 / 2026) + 8h + 20s);
   machine.run_for(3s);
   EXPECT_EQ(seconds, (std::vector<int>{20, 21, 22}));
+  // Set back by a hair just before a tick: the second begins anew, and is met.
+  seconds.clear();
+  machine.set_wall(machine.wall() - 40ms);
+  machine.run_for(2s);
+  EXPECT_EQ(seconds, (std::vector<int>{22, 23, 24}));
+}
+
+TEST_F(Loop, SecondTimersKeepTheOrderInWhichTheyWereSwitchedOn) {
+  Timer late(form.place(), "A", 1000), early(form.place(), "B", 1000);
+  std::string order;
+  late.tick = [&] { order += 'l'; };
+  early.tick = [&] { order += 'e'; };
+  early.set_enabled(true);
+  machine.run_for(2s);
+  late.set_enabled(true);  // its first tick comes ten milliseconds before the other's
+  machine.run_for(3500ms);
+  EXPECT_EQ(order, "eeleelel");
 }
 
 TEST_F(Loop, ALateTickIsTakenOnceAndBoxesHoldEverything) {

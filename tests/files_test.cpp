@@ -1,17 +1,91 @@
-// Files by the system's paths, and the journal on disks that fail.
+// Files by the system's paths, on disks whose power goes, and the journal on disks that fail.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <fstream>
+#include <sstream>
 
 #include "drill/virtual_machine.h"
 #include "journal/journal.h"
-#include "tests/cut_files.h"
 #include "tests/scratch.h"
+#include "tests/stored_data.h"
 
 namespace evac {
 namespace {
 
 namespace fs = std::filesystem;
+
+std::string read_whole(const fs::path& path) {
+  std::ostringstream text;
+  text << std::ifstream(path, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+ino_t number_of(const fs::path& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
+}
+
+// What a power cut would leave of a folder, on a disk that keeps nothing for sure but what was synced.
+class PowerCuts {
+ public:
+  // Bytes by the name of the file.
+  using Disk = std::map<std::string, std::string>;
+
+  // All that the folder holds now counts as synced. One at a time.
+  explicit PowerCuts(fs::path folder) : folder_(std::move(folder)), synced_names_(names()) {
+    for (const auto& [name, number] : synced_names_) synced_bytes_[number] = read_whole(folder_ / name);
+    active = this;
+  }
+  ~PowerCuts() { active = nullptr; }
+
+  // The two disks that a cut right now could leave: the names as they are, or as last synced. Of a file whose
+  // bytes are not synced half is there.
+  std::array<Disk, 2> now() const {
+    auto left = synced_bytes_;
+    const Names present = names();
+    for (const auto& [name, number] : present)
+      if (const std::string bytes = read_whole(folder_ / name); left[number] != bytes)
+        left[number] = bytes.substr(0, bytes.size() / 2);
+    std::array<Disk, 2> disks;
+    for (const auto& [name, number] : present) disks[0][name] = left[number];
+    for (const auto& [name, number] : synced_names_) disks[1][name] = left[number];
+    return disks;
+  }
+  // Those that a cut around any sync since the beginning could leave.
+  std::vector<Disk> ever;
+  // Called before each sync.
+  std::function<void()> before_sync = [] {};
+
+  void syncing(int fd) {
+    before_sync();
+    std::ranges::copy(now(), std::back_inserter(ever));
+    const fs::path file = "/proc/self/fd/" + std::to_string(fd);
+    if (number_of(file) == number_of(folder_))
+      synced_names_ = names();
+    else
+      synced_bytes_[number_of(file)] = read_whole(file);
+    std::ranges::copy(now(), std::back_inserter(ever));
+  }
+
+  static inline PowerCuts* active = nullptr;
+
+ private:
+  using Names = std::map<std::string, ino_t>;
+  Names names() const {
+    Names names;
+    for (const auto& entry : fs::directory_iterator(folder_))
+      names[entry.path().filename().string()] = number_of(entry.path());
+    return names;
+  }
+
+  const fs::path folder_;
+  Names synced_names_;
+  std::map<ino_t, std::string> synced_bytes_;
+};
 
 TEST(PosixFiles, PathsWithoutRegardToCase) {
   Scratch scratch;
@@ -47,27 +121,86 @@ TEST(PosixFiles, TheEndOfAFileIsReadAlone) {
   EXPECT_EQ(bytes, "");
 }
 
-TEST(PosixFiles, ASaveCutOffAtAnyStepLeavesTheOldFileOrTheNewOne) {
-  for (int step = 1; step <= CutFiles::kSteps; ++step) {
-    Scratch scratch;
-    CutFiles files({{'C', scratch.path}});
-    ASSERT_EQ(files.replace("C:\\F_ust.dat", "old old"), kNoError);
-    files.cut_at = step;
-    EXPECT_THROW(files.replace("C:\\F_ust.dat", "new new new"), CutFiles::PowerCut);
-    files.cut_at = 0;
-    std::string bytes;
-    ASSERT_EQ(files.read("C:\\F_ust.dat", bytes), kNoError);
-    EXPECT_EQ(bytes, step == CutFiles::kSteps ? "new new new" : "old old") << step;
-    // What the cut left behind is never listed, and does not stand in the way of the next save.
-    EXPECT_EQ(files.files("C:\\"), std::vector<std::string>{"F_ust.dat"});
-    EXPECT_EQ(files.replace("C:\\F_ust.dat", "later"), kNoError);
+TEST(PosixFiles, NothingLeadsOutOfADrive) {
+  Scratch scratch;
+  fs::create_directories(scratch.path / "c/ZEF");
+  std::ofstream(scratch.path / "secret") << "outside";
+  PosixFiles files({{'C', scratch.path / "c"}});
+  std::string bytes;
+  for (const char* path :
+       {"C:\\..\\secret", "C:\\ZEF\\..\\..\\secret", "C:\\ZEF/../../secret", "C:\\.\\..\\secret"}) {
+    EXPECT_EQ(files.read(path, bytes), kDriveNotReady) << path;
+    EXPECT_EQ(files.replace(path, "x"), kDriveNotReady) << path;
+    EXPECT_EQ(files.append(path, "x"), kDriveNotReady) << path;
+    EXPECT_EQ(files.remove(path), kDriveNotReady) << path;
   }
+  EXPECT_TRUE(files.files("C:\\..").empty());
+  EXPECT_TRUE(fs::exists(scratch.path / "secret"));
+}
+
+TEST(PosixFiles, WheneverThePowerGoesASaveIsTheOldFileOrTheNewOneAndTheNewOneOnceItReturned) {
+  Scratch scratch;
+  PosixFiles files({{'C', scratch.path}});
+  ASSERT_EQ(files.replace("C:\\F_ust.dat", "old old"), kNoError);
+  PowerCuts cuts(scratch.path);
+  ASSERT_EQ(files.replace("C:\\F_ust.dat", "new new new"), kNoError);
+  for (auto disk : cuts.now()) EXPECT_EQ(disk["F_ust.dat"], "new new new");
+  for (auto disk : cuts.ever)
+    EXPECT_TRUE(disk["F_ust.dat"] == "old old" || disk["F_ust.dat"] == "new new new") << disk["F_ust.dat"];
+}
+
+TEST(PosixFiles, TwoProgramsSaveOneFileAtATimeAndTheDeadOnesNeighbourGoes) {
+  Scratch scratch;
+  const std::string dead = "F_ust.dat.999999999-1.new~";
+  std::ofstream(scratch.path / dead) << "torn";
+  PosixFiles files({{'C', scratch.path}});
+  EXPECT_TRUE(files.files("C:\\").empty());
+  PowerCuts cuts(scratch.path);
+  std::optional<int> other;
+  // The other program saves while this one is in the middle of it.
+  cuts.before_sync = [&] {
+    if (other) return;
+    other = -1;
+    if (const pid_t child = ::fork()) {
+      ::waitpid(child, &*other, 0);
+      return;
+    }
+    PosixFiles theirs({{'C', scratch.path}});
+    ::_exit(theirs.replace("C:\\F_ust.dat", "theirs"));
+  };
+  EXPECT_EQ(files.replace("C:\\F_ust.dat", "ours"), kNoError);
+  EXPECT_EQ(other, 0);
+  std::string bytes;
+  EXPECT_EQ(files.read("C:\\F_ust.dat", bytes), kNoError);
+  EXPECT_EQ(bytes, "ours");
+  EXPECT_FALSE(fs::exists(scratch.path / dead));
+  // What takes this one's neighbour away fails the save.
+  cuts.before_sync = [&] {
+    for (const auto& entry : fs::directory_iterator(scratch.path))
+      if (entry.path().extension() == ".new~") fs::remove(entry);
+  };
+  EXPECT_EQ(files.replace("C:\\F_ust.dat", "lost"), kFileNotFound);
+  const fs::directory_iterator left(scratch.path);
+  EXPECT_EQ(std::distance(begin(left), end(left)), 1);
+}
+
+TEST(DataFolder, WheneverThePowerGoesWhatACutReadingLeftIsThere) {
+  Scratch scratch;
+  PosixFiles files({{'C', scratch.path}});
+  StoredData data(files);
+  ASSERT_EQ(data.folder.replace("F_ust.dat", "four rows"), kNoError);
+  data.folder.reading_ended("F_ust.dat", true);
+  PowerCuts cuts(files.locate(data.folder.path("")));
+  ASSERT_EQ(data.folder.replace("F_ust.dat", "one"), kNoError);
+  for (auto disk : cuts.ever)
+    EXPECT_TRUE(disk["F_ust.dat"] == "four rows" || disk["F_ust.dat.bak"] == "four rows");
+  for (auto disk : cuts.now()) EXPECT_EQ(disk["F_ust.dat"] + disk["F_ust.dat.bak"], "onefour rows");
 }
 
 class FullDisk : public PosixFiles {
  public:
   using PosixFiles::PosixFiles;
-  int append(std::string_view, std::string_view) override { return kDiskFull; }
+  FileError append(std::string_view, std::string_view) override { return kDiskFull; }
 };
 
 TEST(Journal, ADiskErrorLosesTheEntryAndStopsNobody) {
@@ -89,13 +222,19 @@ TEST(Journal, ADiskErrorLosesTheEntryAndStopsNobody) {
   other.written = [&](const std::string&) { ++written; };
   other.JournalLine("Один");
   EXPECT_EQ(written, 0);
-  machine.files().make_folder("C:\\ZEF\\protocol");
+  ASSERT_EQ(machine.files().make_folder("C:\\ZEF\\protocol"), kNoError);
   other.JournalLine("Два");
   EXPECT_EQ(written, 1);
   std::string bytes;
-  machine.files().read("C:\\ZEF\\protocol\\П-05-янв-26", bytes);
+  ASSERT_EQ(machine.files().read("C:\\ZEF\\protocol\\П-05-янв-26", bytes), kNoError);
   EXPECT_EQ(bytes, "8:00:00 \xC4\xE2\xE0\r\n");
 }
 
 }  // namespace
 }  // namespace evac
+
+// In place of the system's own: every sync of this program comes by here.
+extern "C" int fsync(int fd) {
+  if (evac::PowerCuts::active) evac::PowerCuts::active->syncing(fd);
+  return static_cast<int>(::syscall(SYS_fsync, fd));
+}

@@ -68,6 +68,23 @@ TEST_F(LinkFrames, Catalogue) {
   EXPECT_EQ(sent(), "FA 05 1A 0B 16 07 | FA 06 17 3B 3B 00");
 }
 
+TEST_F(LinkFrames, TheAlarmZonesAreOnUntilAStopHasGoneOut) {
+  SerialPort& port = host.machine().port;
+  port.close();
+  link.SendAlertStart();
+  EXPECT_FALSE(state.alarm_zones_on);
+  port.open();
+  link.SendAlertStart();
+  link.SendAlarm9(true);
+  port.close();
+  link.SendAllStop();
+  link.SendAlarm9(false);
+  EXPECT_TRUE(state.alarm_zones_on);
+  port.open();
+  link.SendAlarm9(false);
+  EXPECT_FALSE(state.alarm_zones_on);
+}
+
 TEST_F(LinkFrames, ScanQueryRoundsItsHighByte) {
   for (const int terminal : {1, 128, 129, 255}) link.SendScanQuery(terminal);
   EXPECT_EQ(sent(), "0A 03 01 00 00 00 | 0A 03 80 00 00 00 | 0A 03 81 01 00 00 | 0A 03 FF 01 00 00");

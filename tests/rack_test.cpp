@@ -147,6 +147,22 @@ TEST_F(RackTest, AnswersTheScanAsToldTo) {
   hear(0x0A, {3, 130, 1, 0, 0});  // the high byte is rounded up
   rack.advance(1300ms);
   EXPECT_EQ(last_sent(), make_frame(0x0A, {2, 20, 10, 130, 0}));
+
+  // A slow one is overtaken. A run of answers takes the line's own time, and leaves the silent out.
+  rack.set_slow(5, 700ms);
+  hear(0x0A, {3, 5, 0, 0, 0});
+  hear(0x0A, {3, 6, 0, 0, 0});
+  rack.advance(1400ms);
+  EXPECT_EQ(last_sent(), make_frame(0x0A, {0, 0, 6, 6, 0}));
+  rack.advance(2s);
+  EXPECT_EQ(last_sent(), make_frame(0x0A, {0, 0, 5, 5, 0}));
+  rack.set_paced(true);
+  out.clear();
+  rack.send_answers(1, 11);
+  rack.advance(2205ms);
+  EXPECT_EQ(out.size(), 89u);
+  rack.advance(2207ms);
+  EXPECT_EQ(out.size(), 90u);
 }
 
 TEST_F(RackTest, TakesTheTimeOfTheLineWhenPaced) {

@@ -1,28 +1,26 @@
-// The files of the settings windows: their bytes, what a damaged one still gives, a save that is cut off.
+// The files of the settings windows: their bytes, what a damaged one still gives, and what the next save
+// keeps of it.
 #include "store/settings_files.h"
 
 #include <gtest/gtest.h>
 
+#include "machine/posix_files.h"
 #include "store/code_page.h"
-#include "store/record_number.h"
-#include "tests/cut_files.h"
+#include "store/record_file.h"
 #include "tests/scratch.h"
+#include "tests/stored_data.h"
 
 namespace evac {
 namespace {
 
-class SettingsFiles : public testing::Test {
+struct ScratchDisk {
+  Scratch scratch;
+  PosixFiles disk{{{'C', scratch.path}}};
+};
+
+class SettingsFiles : public testing::Test, protected ScratchDisk, protected StoredData {
  protected:
-  SettingsFiles() {
-    settings.data_drive = "C";
-    settings.data_folder = "ZEF_DAT";
-    files.make_folder("C:\\ZEF_DAT");
-  }
-  std::string bytes_of(const std::string& path) {
-    std::string bytes;
-    EXPECT_EQ(files.read(path, bytes), kNoError);
-    return bytes;
-  }
+  SettingsFiles() : StoredData(disk) {}
   // The record as it must lie in the file: length, text, zero bytes.
   static std::string record(const std::string& text, std::size_t length) {
     const std::string encoded = to_code_page(text);
@@ -30,10 +28,6 @@ class SettingsFiles : public testing::Test {
     bytes.resize(length);
     return bytes;
   }
-
-  Scratch scratch;
-  CutFiles files{{{'C', scratch.path}}};
-  SettingsState settings;
 };
 
 TEST_F(SettingsFiles, EquipmentLiesAtItsPlaces) {
@@ -42,108 +36,150 @@ TEST_F(SettingsFiles, EquipmentLiesAtItsPlaces) {
   for (int i = 0; i < kSourceRows; ++i) {
     auto& row = records.rows[static_cast<std::size_t>(i)];
     expected[1 + i] = row.source = i == 5 ? "Цифровой магн" : "Тюнер";
-    expected[21 + i] = row.volume = std::to_string(20 + i);
-    expected[31 + i] = row.output = std::to_string(i);
+    expected[21 + i] = std::to_string(*(row.volume = 20 + i));
+    expected[31 + i] = std::to_string(*(row.output = i));
   }
-  expected[7] = records.port = "2";
+  expected[7] = std::to_string(*(records.port = 2));
   for (int n = 1; n <= kSequencers; ++n)
-    expected[7 + n] = records.outlets[static_cast<std::size_t>(n - 1)] = std::to_string(30 * n);
-  ASSERT_EQ(write_equipment(files, settings, records), kNoError);
+    expected[7 + n] = std::to_string(*(records.outlets[static_cast<std::size_t>(n - 1)] = 30 * n));
+  ASSERT_EQ(write_equipment(folder, records), kNoError);
 
-  const std::string bytes = bytes_of("C:\\ZEF_DAT\\F_ust.dat");
+  const std::string bytes = bytes_of(kEquipmentFile);
   ASSERT_EQ(bytes.size(), 36u * 256);
   for (std::size_t n = 1; n <= 36; ++n)
     EXPECT_EQ(bytes.substr((n - 1) * 256, 256), record(expected[n], 256)) << "record " << n;
-
-  const auto back = read_equipment(files, settings);
-  ASSERT_TRUE(back);
-  EXPECT_EQ(back->rows[5].source, "Цифровой магн");
-  EXPECT_EQ(back->rows[5].output, "5");
-  EXPECT_EQ(back->outlets[7], "240");
 }
 
 TEST_F(SettingsFiles, CellsAndNamesLieAtTheirPlaces) {
-  EXPECT_EQ(zone_file(settings), "C:\\ZEF_DAT\\F_ustZ.dat");
-  EXPECT_EQ(preset_file(settings, 7), "C:\\ZEF_DAT\\F_ustT7.dat");
+  EXPECT_EQ(preset_file(7), "F_ustT7.dat");
   std::vector<CellRecord> cells(kTerminals);
-  cells[0] = {"1", "5"};
-  cells[254] = {"255", ""};
-  ASSERT_EQ(write_cells(files, preset_file(settings, 7), cells), kNoError);
-  const std::string bytes = bytes_of(preset_file(settings, 7));
+  cells[0] = {"1", 5};
+  cells[254] = {"255", 0};
+  ASSERT_EQ(write_cells(folder, preset_file(7), cells), kNoError);
+  const std::string bytes = bytes_of("F_ustT7.dat");
   ASSERT_EQ(bytes.size(), 510u * 256);
   EXPECT_EQ(bytes.substr(0, 512), record("1", 256) + record("", 256));
   EXPECT_EQ(bytes.substr(254 * 256, 512), record("255", 256) + record("5", 256));
 
   // A name that its record cannot hold is cut off, a sign that the code page lacks becomes "?".
   const std::string long_name = "3\t" + std::string(200, 'x');
-  ASSERT_EQ(write_names(files, zone_names_file(settings), {"1\tХолл №1", "2\t日", long_name}), kNoError);
-  EXPECT_EQ(bytes_of("C:\\ZEF_DAT\\F_name_z.dat"),
+  ASSERT_EQ(write_names(folder, kZoneNamesFile, {"1\tХолл №1", "2\t日", long_name}), kNoError);
+  EXPECT_EQ(bytes_of(kZoneNamesFile),
             record("1\tХолл №1", 128) + record("2\t?", 128) + record(long_name.substr(0, 126), 128));
-  EXPECT_EQ(read_names(files, zone_names_file(settings)),
-            (std::vector<std::string>{"1\tХолл №1", "2\t?", long_name.substr(0, 126)}));
+  std::vector<std::string> names;
+  ASSERT_EQ(read_names(folder, kZoneNamesFile, names), kNoError);
+  EXPECT_EQ(names, (std::vector<std::string>{"1\tХолл №1", "2\t?", long_name.substr(0, 126)}));
 }
 
 TEST_F(SettingsFiles, ADamagedFileGivesWhatCanBeRead) {
-  const std::string path = terminal_names_file(settings);
-  EXPECT_EQ(terminal_names_file(settings), "C:\\ZEF_DAT\\F_name_t.dat");
+  const std::string_view file = kTerminalNamesFile;
   const auto names_in = [&](const std::string& bytes) {
-    EXPECT_EQ(files.replace(path, bytes), kNoError);
-    return read_names(files, path);
+    EXPECT_EQ(folder.replace(file, bytes), kNoError);
+    std::vector<std::string> names;
+    EXPECT_EQ(read_names(folder, file, names), kNoError);
+    return names;
   };
   using Names = std::vector<std::string>;
   EXPECT_EQ(names_in(""), Names{});
   EXPECT_EQ(names_in("\x02"), Names{""});                                  // not even a length
   EXPECT_EQ(names_in(record("1\tA", 128) + "\x09"), (Names{"1\tA", ""}));  // the next begun
-  EXPECT_EQ(names_in(std::string("\x05\0"
-                                 "2\tB",
-                                 5)),
-            Names{"2\tB"});  // cut off in the text
+  EXPECT_EQ(names_in(record("2\tBB", 128).substr(0, 5)), Names{"2\tB"});   // cut off in the text
   EXPECT_EQ(names_in(std::string(128, '\0') + record("3\tC", 128)), (Names{"", "3\tC"}));
   // A length beyond the record gives the record, and the next one is whole.
   const std::string claims_all = "\xFF\xFF" + std::string(126, 'y');
   EXPECT_EQ(names_in(claims_all + record("4\tD", 128)), (Names{std::string(126, 'y'), "4\tD"}));
-  // Every byte is a character of the code page; the unused one too lasts through a save.
-  const Names odd = names_in(std::string("\x03\0\x98\xFF\x01", 5));
-  ASSERT_EQ(write_names(files, path, odd), kNoError);
-  EXPECT_EQ(bytes_of(path).substr(0, 5), std::string("\x03\0\x98\xFF\x01", 5));
 
   // A zone file that ends among the channels has its labels; a missing one comes to be.
-  std::vector<CellRecord> zones(kZones, {"9", "2"});
-  ASSERT_EQ(write_cells(files, zone_file(settings), zones), kNoError);
-  ASSERT_EQ(files.replace(zone_file(settings), bytes_of(zone_file(settings)).substr(0, 121 * 256)), kNoError);
-  const auto cut = read_cells(files, zone_file(settings), kZones);
-  ASSERT_EQ(cut.size(), static_cast<std::size_t>(kZones));
-  EXPECT_EQ(cut[0].channel, "2");
-  EXPECT_EQ(cut[119].label + cut[119].channel, "9");
-  EXPECT_FALSE(read_equipment(files, settings));
-  EXPECT_EQ(bytes_of("C:\\ZEF_DAT\\F_ust.dat"), "");
+  std::vector<CellRecord> zones(kZones, {"9", 2});
+  ASSERT_EQ(write_cells(folder, kZoneFile, zones), kNoError);
+  ASSERT_EQ(folder.replace(kZoneFile, bytes_of(kZoneFile).substr(0, 121 * 256)), kNoError);
+  ASSERT_EQ(read_cells(folder, kZoneFile, kZones, zones), kNoError);
+  ASSERT_EQ(zones.size(), static_cast<std::size_t>(kZones));
+  EXPECT_EQ(zones[0].channel, 2);
+  EXPECT_EQ(zones[119].label, "9");
+  EXPECT_EQ(zones[119].channel, 0);
+  std::optional<EquipmentRecords> equipment;
+  EXPECT_EQ(read_equipment(folder, equipment), kNoError);
+  EXPECT_FALSE(equipment);
+  EXPECT_TRUE(files.is_file(folder.path(kEquipmentFile)));
+  EXPECT_TRUE(state.cut_files.empty());
 }
 
-TEST_F(SettingsFiles, APresetCutOffInItsSaveIsTheOldOneOrTheNewOneWhole) {
-  const std::string path = preset_file(settings, 1);
-  const std::vector<CellRecord> old_preset(kTerminals, {"1", "2"}), new_preset(kTerminals, {"33", "5"});
-  for (int step = 1; step <= CutFiles::kSteps; ++step) {
-    files.cut_at = 0;
-    ASSERT_EQ(write_cells(files, path, old_preset), kNoError);
-    files.cut_at = step;
-    EXPECT_THROW(write_cells(files, path, new_preset), CutFiles::PowerCut);
-    const auto found = read_cells(files, path, kTerminals);
-    ASSERT_EQ(found.size(), old_preset.size());
-    const std::string label = step == CutFiles::kSteps ? "33" : "1";
-    for (const auto& cell : found) ASSERT_EQ(cell.label, label) << "step " << step;
+// Reads the file whole, then with one record of its own put in: cut or not, and what the next saves keep.
+TEST_F(SettingsFiles, WhatAReadingLeftIsKeptByTheFirstSaveBehindIt) {
+  std::optional<EquipmentRecords> equipment;
+  std::vector<CellRecord> cells;
+  std::vector<std::string> names;
+  const auto read = [&](const std::string& file) {
+    if (file == kEquipmentFile) return read_equipment(folder, equipment);
+    if (file == kTerminalNamesFile) return read_names(folder, file, names);
+    return read_cells(folder, file, file == kZoneFile ? kZones : kTerminals, cells);
+  };
+  const auto write = [&](const std::string& file) {
+    if (file == kEquipmentFile) return write_equipment(folder, *equipment);
+    return file == kTerminalNamesFile ? write_names(folder, file, names) : write_cells(folder, file, cells);
+  };
+  struct Damage {
+    std::string file;
+    int record;
+    const char* text;
+    bool cut;
+  };
+  for (const auto& [name, record, text, is_cut] : {
+           Damage{"F_ust.dat", 1, "Патефон", false},
+           Damage{"F_ust.dat", 22, "громко", true},
+           Damage{"F_ust.dat", 22, "99999", true},
+           Damage{"F_ust.dat", 7, "3", true},
+           Damage{"F_ust.dat", 8, "256", true},
+           Damage{"F_ust.dat", 37, "?", true},
+           Damage{"F_ustZ.dat", 7, "7", false},
+           Damage{"F_ustZ.dat", 129, "3", true},  // of zone 9, which is off
+           Damage{"F_ustZ.dat", 241, "?", true},
+           Damage{"F_ustT3.dat", 256, "70000", true},
+           Damage{"F_name_t.dat", 7, "без номера", false},
+       }) {
+    SCOPED_TRACE(name + " " + text);
+    state.cut_files.clear();
+    (void)files.remove(folder.path(name + ".bak"));
+    RecordFile file(folder, name, name == kTerminalNamesFile ? 128 : 256);
+    ASSERT_EQ(file.load(), kNoError);
+    file.put(record, text);
+    ASSERT_EQ(file.save(), kNoError);
+    const std::string damaged = bytes_of(name);
+    ASSERT_EQ(read(name), kNoError);
+    EXPECT_EQ(cut(name), is_cut);
+    for (int save = 0; save < 2; ++save) {
+      ASSERT_EQ(write(name), kNoError);
+      EXPECT_EQ(bytes_of(name + ".bak"), is_cut ? damaged : "");
+      EXPECT_EQ(kept(name), is_cut);
+      EXPECT_FALSE(cut(name));
+    }
+    ASSERT_EQ(read(name), kNoError);
+    EXPECT_FALSE(cut(name));
+    (void)files.remove(folder.path(name));
   }
 }
 
-TEST(RecordNumber, NoneWhenItDoesNotFit) {
-  EXPECT_EQ(record_number16(""), 0);
-  EXPECT_EQ(record_number16("32767"), 32767);
-  EXPECT_EQ(record_number16("-32768"), -32768);
-  EXPECT_EQ(record_number16("2.5 каналов"), 2);
-  EXPECT_FALSE(record_number16("32768"));
-  EXPECT_FALSE(record_number16("70000"));
-  EXPECT_FALSE(record_number16("-99999999999999999999999"));
-  EXPECT_EQ(record_number32("70000"), 70000);
-  EXPECT_FALSE(record_number32("2147483648"));
+TEST_F(SettingsFiles, WhatCannotBeKeptIsNotReplaced) {
+  RecordFile file(folder, kEquipmentFile, 256);
+  file.put(7, "3");
+  ASSERT_EQ(file.save(), kNoError);
+  const std::string before = bytes_of(kEquipmentFile);
+  std::optional<EquipmentRecords> records;
+  ASSERT_EQ(read_equipment(folder, records), kNoError);
+  ASSERT_EQ(files.make_folder(folder.path("F_ust.dat.bak")), kNoError);
+  EXPECT_EQ(write_equipment(folder, *records), kPathFileAccess);
+  EXPECT_EQ(bytes_of(kEquipmentFile), before);
+  EXPECT_TRUE(cut(kEquipmentFile));
+  EXPECT_FALSE(kept(kEquipmentFile));
+  // A file that can't even be read is left alone too, until it is gone.
+  ASSERT_EQ(files.make_folder(folder.path(kZoneFile)), kNoError);
+  std::vector<CellRecord> zones;
+  EXPECT_EQ(read_cells(folder, kZoneFile, kZones, zones), kPathFileAccess);
+  EXPECT_TRUE(cut(kZoneFile));
+  std::filesystem::remove(disk.locate(folder.path(kZoneFile)));
+  EXPECT_EQ(write_cells(folder, kZoneFile, std::vector<CellRecord>(kZones)), kNoError);
+  EXPECT_FALSE(cut(kZoneFile) || kept(kZoneFile));
 }
 
 }  // namespace

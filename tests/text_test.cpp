@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "model/fault.h"
 #include "model/time.h"
 #include "platform/files.h"
 #include "store/code_page.h"
@@ -26,17 +25,17 @@ TEST(Text, CountsCharactersNotBytes) {
   EXPECT_EQ(Trim("  а б\t "), "а б\t");
 }
 
-TEST(Text, ValueOfLeadingNumber) {
-  EXPECT_EQ(Val("12abc"), 12);
-  EXPECT_EQ(Val(" \t-3"), -3);
-  EXPECT_EQ(Val("+4.5"), 4.5);
-  for (const char* none : {"", "   ", "abc", "-", ".", "inf", "№1"}) EXPECT_EQ(Val(none), 0) << none;
-  EXPECT_EQ(Number("2.5"), 2);
-  EXPECT_EQ(Number("3.5"), 4);
-  EXPECT_EQ(Number16("-32768"), -32768);
-  EXPECT_THROW(Number16("70000"), Fault);
-  EXPECT_THROW(Number("99999999999999999999"), Fault);
-  EXPECT_THROW(Number(std::string(400, '9')), Fault);
+TEST(Text, NumberIsTheValueOfTheLeadingDigitsCutDown) {
+  EXPECT_EQ(Number("12abc"), 12);
+  EXPECT_EQ(Number(" \t-3"), -3);
+  EXPECT_EQ(Number("+4.5"), 4);
+  EXPECT_EQ(Number("1.999"), 1);
+  EXPECT_EQ(Number("-1.6"), -1);
+  EXPECT_EQ(LeadingNumber("0"), 0);
+  for (const char* none : {"", "   ", "abc", "-", "+-1", ".5", "№1"})
+    EXPECT_FALSE(LeadingNumber(none)) << none;
+  EXPECT_EQ(Number(std::string(400, '9')), kMostNumber);
+  EXPECT_EQ(Number("-99999999999999999999"), -kMostNumber);
 }
 
 TEST(Time, FormsOfText) {

@@ -10,7 +10,7 @@
 #include <random>
 
 #include "desktop/desktop.h"
-#include "desktop/view/palette.h"
+#include "desktop/view/dress.h"
 #include "platform/user.h"
 
 namespace {
@@ -216,8 +216,7 @@ class Measure {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setStyle(QStringLiteral("Fusion"));
-  QApplication::setPalette(application_palette());
+  dress_application();
   if (argc < 2) {
     std::cerr << "usage: desktop-measure DIR [CONTACTS]\n";
     return 2;

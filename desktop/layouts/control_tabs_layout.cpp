@@ -5,37 +5,73 @@ namespace evac::desktop {
 
 Node player_tab(Form1& form) {
   PlayerTab& tab = form;
-  return row({frame(tab.Frame9, column({use(tab.LblUP).shown(Look::kTitle),
-                                        use(tab.CmdPMP).shown(Look::kBig).high(3), space()}))
-                  .grow(1),
-              frame(tab.Frame7_1, column({space()})).grow(2)});
+  const auto key = [](Button& button, const char* words) {
+    return use(button).wide(3).high(1.9).called(words);
+  };
+  const Node transport = row(
+      {key(tab.CmdPMP, "Питание плеера").wide(4), key(tab.CmdPrevMP, "Предыдущая дорожка"),
+       key(tab.CmdPlayMP, "Воспроизведение"), key(tab.CmdPauseMP, "Пауза"), key(tab.CmdStopMP, "Стоп плеера"),
+       key(tab.CmdNextMP, "Следующая дорожка"), key(tab.CmdDownMP, "Тише"), key(tab.CmdUpMP, "Громче"),
+       use(tab.LblMPU).shown(Look::kValue).wide(5).called("Громкость плеера"), use(tab.CmdCicl2).wide(6)});
+  const Node position = row({use(tab.Ipos).wide(3).called("Место в дорожке"), space(), words("Осталось"),
+                             use(tab.LblTMP).shown(Look::kBig).wide(6).called("Осталось")});
+  const Node lists =
+      column({row({use(tab.CmdListMP).grow(1), use(tab.CmdLpl).grow(1), use(tab.CmdCrpl).grow(1),
+                   use(tab.CmdAddPl).grow(1), use(tab.CmdCln).grow(1), use(tab.CmdSVL).grow(1)}),
+              row({use(tab.Label5), use(tab.TxtNzMp).wide(5).called("Номер трека"), space(),
+                   use(tab.LblVPL).shown(Look::kValue).wide(8).called("Длина списка")}),
+              row({use(tab.LstPtreckMP).called("Дорожки").high(4).grow(1),
+                   use(tab.LstPll).called("Списки").high(4).grow(1)})
+                  .grow(1)});
+  const Node adding =
+      column({use(tab.Drive1).called("Диски").high(2), use(tab.Dir2).called("Папки").high(3).grow(1),
+              use(tab.LstAddList).called("Файлы").high(3).grow(1)});
+  const Node search = row({use(tab.CmdSeek).wide(6), use(tab.LblSeek),
+                           use(tab.TxtSeek).called("Поиск").grow(1), use(tab.CmdSeekOk).wide(4)});
+  const auto tag = [](Label& head, Label& text) {
+    return row({use(head).wide(8), use(text).shown(Look::kValue).called(head.caption()).grow(1)});
+  };
+  return row({frame(tab.Frame9, column({use(tab.LblUP).shown(Look::kTitle), transport, position,
+                                        row({Node(lists).grow(2), Node(adding).grow(1)}).grow(1), search}))
+                  .grow(2),
+              frame(tab.Frame7_1, column({tag(tab.Label9, tab.LblTitle), tag(tab.Label10, tab.LblArtist),
+                                          tag(tab.Label11, tab.LblAlbum), tag(tab.Label12, tab.LblYear),
+                                          tag(tab.Label13, tab.LblComment),
+                                          use(tab.LblII).shown(Look::kValue).called("Файл"), space()}))
+                  .grow(1)});
 }
 
 namespace {
 
 Node scan_panel(ScanPanel& panel) {
   Nodes heads;
-  for (Button& head : panel.Cd1) heads.push_back(use(head).grow(1).wide(4));
+  for (Button& head : panel.Cd1)
+    heads.push_back(use(head).grow(1).wide(4).called("Упорядочить, " + head.caption()));
   return frame(
       panel.Frame15,
-      column({row({use(panel.CmdSkan).shown(Look::kBig).wide(7).high(2.4),
-                   column({use(panel.LbPrB).wide(16), use(panel.PB1)}).packed().grow(1),
-                   column({words("Терминал"), use(panel.Lbl_A[4]).shown(Look::kValue).wide(4)}).packed()}),
-              row(std::move(heads)).packed(), use(panel.MSF2).grow(1)}));
+      column({row({use(panel.CmdSkan).shown(Look::kBig).wide(7).high(2.4).called("Опрос терминальных блоков"),
+                   column({use(panel.LbPrB).wide(16), use(panel.PB1).called("Ход опроса")}).packed().grow(1),
+                   column({words("Терминал"),
+                           use(panel.Lbl_A[4]).shown(Look::kValue).wide(4).called("Терминал")})
+                       .packed()}),
+              row(std::move(heads)).packed(), use(panel.MSF2).called("Ответы терминалов").grow(1)}));
 }
 
 Node terminals_control(MonitorPanel& panel) {
-  return frame(panel.Frame7_0,
-               column({row({words("Монитор").wide(6), use(panel.CmdZ).wide(6).high(2.2),
-                            use(panel.PctM).called("Состояние")}),
-                       row({words("Ручной опрос").wide(6), use(panel.CmdArm).wide(6).high(2.2),
-                            use(panel.CmdSb).wide(6).high(2.2)}),
-                       use(panel.Label3).wide(14), use(panel.Lbl_m).shown(Look::kValue).wide(15)}));
+  return frame(
+      panel.Frame7_0,
+      column({row({words("Монитор").wide(6), use(panel.CmdZ).wide(6).high(2.2).called("Монитор"),
+                   use(panel.PctM).called("Состояние монитора")}),
+              row({words("Ручной опрос").wide(6), use(panel.CmdArm).wide(6).high(2.2).called("Ручной опрос"),
+                   use(panel.CmdSb).wide(6).high(2.2).called("Сброс опроса")}),
+              use(panel.Label3).wide(14),
+              use(panel.Lbl_m).shown(Look::kValue).wide(15).called("Последний опрос")}));
 }
 
 Node weekly_timer(TimerPanel& panel) {
-  return frame(panel.Frame7_2, column({use(panel.CmdTV).wide(6).high(2.2), use(panel.LblTm).wide(14),
-                                       use(panel.LblT2).wide(14), use(panel.LblTmr).wide(14), space()}));
+  return frame(panel.Frame7_2, column({use(panel.CmdTV).wide(6).high(2.2).called("Недельный таймер"),
+                                       use(panel.LblTm).wide(14), use(panel.LblT2).wide(14),
+                                       use(panel.LblTmr).wide(14), space()}));
 }
 
 }  // namespace
@@ -44,10 +80,12 @@ Node control_tab(Form1& form) {
   MonitorPanel& monitor = form;
   return row(
       {scan_panel(form).grow(1),
-       column({frame(monitor.Frame8, row({terminals_control(form).grow(1), weekly_timer(form).grow(1)})),
-               row({frame(monitor.Frame10, use(monitor.List5)).grow(1),
-                    frame(monitor.Frame11, use(monitor.List4)).grow(1)})
-                   .grow(1)})
+       column(
+           {frame(monitor.Frame8, row({terminals_control(form).grow(1), weekly_timer(form).grow(1)})),
+            row({frame(monitor.Frame10, use(monitor.List5).called("Контроль состояния терминалов")).grow(1),
+                 frame(monitor.Frame11, use(monitor.List4).called("Статистика состояния терминалов"))
+                     .grow(1)})
+                .grow(1)})
            .grow(1)});
 }
 

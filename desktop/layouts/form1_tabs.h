@@ -14,4 +14,7 @@ Node sources_tab(Form1& form);
 Node control_tab(Form1& form);
 Node power_tab(Form1& form);
 
+// The timers of which one is on while a message plays: then there is a time left.
+Controls messages(AlarmTab& tab);
+
 }  // namespace evac::desktop

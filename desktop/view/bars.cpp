@@ -15,7 +15,7 @@ BarView::BarView(ScrollBar& control, Screen& screen, const Node& node, QWidget* 
     : BoundWidget(control, screen, node, parent), deeds_(screen, *this) {
   const bool upright = look_ == Look::kUpright;
   setOrientation(upright ? Qt::Vertical : Qt::Horizontal);
-  const int thick = line_ * 8 / 5, most = line_ * 4;
+  const int thick = line_ * 3 / 2, most = line_ * 4;
   keep_size(node, upright ? thick : most, upright ? most : thick);
   setSizePolicy(upright ? QSizePolicy::Fixed : QSizePolicy::Preferred,
                 upright ? QSizePolicy::Preferred : QSizePolicy::Fixed);
@@ -38,7 +38,7 @@ void BarView::show_state() {
 BarView::Parts BarView::parts() const {
   const bool upright = orientation() == Qt::Vertical;
   const int length = upright ? height() : width(), thick = upright ? width() : height();
-  const int knob = std::min(thick, length / 2);
+  const int knob = std::min({thick, length / 2, line_ * 3 / 2});
   Parts parts;
   parts.less = upright ? QRect(0, height() - knob, thick, knob) : QRect(0, 0, knob, thick);
   parts.more = upright ? QRect(0, 0, thick, knob) : QRect(width() - knob, 0, knob, thick);
@@ -145,15 +145,13 @@ ProgressView::ProgressView(ProgressBar& control, Screen& screen, const Node& nod
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void ProgressView::show_state() {
-  setAccessibleDescription(QString::number(control_.value()));
+QStringList ProgressView::values() const {
+  return {QStringLiteral("%1 из %2").arg(control_.value()).arg(control_.most())};
 }
 
 void ProgressView::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  p.setPen(grey::kLine);
-  p.setBrush(grey::kField);
-  p.drawRect(rect().adjusted(0, 0, -1, -1));
+  draw_field(p, rect(), grey::kField);
   const int most = std::max(1, control_.most());
   const int parts = std::clamp(control_.value(), 0, most);
   const double step = (width() - 4.0) / most;

@@ -31,15 +31,20 @@ class BarView : public BoundWidget<QAbstractSlider, ScrollBar> {
   bool showing_ = false;
 };
 
-class ProgressView : public BoundWidget<QWidget, ProgressBar> {
+class ProgressView : public BoundWidget<QWidget, ProgressBar>, public Spoken {
  public:
   ProgressView(ProgressBar& control, Screen& screen, const Node& node, QWidget* parent);
+  QAccessible::Role role() const override { return QAccessible::ProgressBar; }
+  std::optional<std::pair<int, int>> progress() const override {
+    return std::pair(control_.value(), control_.most());
+  }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void show_state() override;
+  void show_state() override {}
+  QStringList values() const override;
 };
 
 }  // namespace evac::desktop

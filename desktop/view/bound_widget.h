@@ -7,26 +7,26 @@
 
 #include "desktop/view/layout.h"
 #include "desktop/view/screen.h"
+#include "desktop/view/spoken.h"
 
 namespace evac::desktop {
 
 // The font of a look, made from the widget's own.
 QFont font_of(Look look, QFont font);
-// "CmdAZ(7) зона 7".
-QString spoken_name(const Control& control, const QString& caption);
 
 template <class Widget, class ControlType>
 class BoundWidget : public Widget, public Face {
  public:
   ~BoundWidget() override { screen_.unbind(control_, *this); }
   void refresh() final {
-    this->setEnabled(control_.enabled());
+    const bool connected = is_connected(control_);
+    this->setEnabled(control_.enabled() && connected);
     if (this->isHidden() == control_.visible()) this->setVisible(control_.visible());
-    const QString tip = qt(control_.tool_tip());
+    const QString tip = connected ? qt(control_.tool_tip()) : qt(kNotConnected);
     if (tip != this->toolTip()) this->setToolTip(tip);
-    const QString name = spoken_name(control_, words_.isEmpty() ? qt(control_.caption()) : words_);
-    if (name != this->accessibleName()) this->setAccessibleName(name);
     show_state();
+    const QString name = spoken_name(words_, values());
+    if (name != this->accessibleName()) this->setAccessibleName(name);
     this->update();
   }
   QWidget& widget() final { return *this; }
@@ -52,6 +52,8 @@ class BoundWidget : public Widget, public Face {
   }
   // Takes over what is particular to the kind.
   virtual void show_state() = 0;
+  // What stands behind its words when it is spoken of.
+  virtual QStringList values() const { return {qt(control_.caption())}; }
 
   ControlType& control_;
   Screen& screen_;

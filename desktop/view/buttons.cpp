@@ -6,6 +6,7 @@
 #include "desktop/view/palette.h"
 #include "desktop/view/pictures.h"
 #include "desktop/view/press.h"
+#include "platform/pictures.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
@@ -14,9 +15,18 @@ namespace {
 constexpr int kWrap = Qt::AlignCenter | Qt::TextWordWrap;
 constexpr double kLongCaption = 9;  // lines of text; a longer one is broken in two
 
+// The caption with the mark of its key before the first such letter.
+QString with_letter(QString caption, const QString& letter) {
+  caption.replace('&', QStringLiteral("&&"));
+  if (const auto at = caption.indexOf(letter, 0, Qt::CaseInsensitive); !letter.isEmpty() && at >= 0)
+    caption.insert(at, '&');
+  return caption;
+}
+
 }  // namespace
 
 QFont font_of(Look look, QFont font) {
+  if (look == Look::kHead) font.setPointSizeF(font.pointSizeF() * 0.85);
   if (look == Look::kBig || look == Look::kStop || look == Look::kTitle || look == Look::kHuge) {
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * (look == Look::kHuge ? 1.5 : look == Look::kTitle ? 1.25 : 1.1));
@@ -24,13 +34,31 @@ QFont font_of(Look look, QFont font) {
   return font;
 }
 
-QString spoken_name(const Control& control, const QString& caption) {
-  const QString name = qt(control.full_name());
-  return caption.isEmpty() ? name : name + ' ' + caption;
+void draw_cell(QPainter& p, const QRect& area, const CellState& state, const QString& text) {
+  const bool empty = text.isEmpty() && !state.enabled;
+  const QColor back = state.on ? grey::kField : state.enabled && state.raised ? grey::kFace : grey::kWindow;
+  draw_box(p, area, back, empty ? grey::kPale : state.on ? grey::kText : grey::kLine, state.on ? 2 : 1);
+  if (text.isEmpty()) return;
+  QRect inside = area.adjusted(3, 3, -2, -3);
+  if (const int channel = channel_of(state.color); state.on && channel)
+    inside.setLeft(inside.left() + draw_swatch(p, inside, screen_color(state.color), channel));
+  QFont font = p.font();
+  font.setBold(state.on);
+  const int needed = QFontMetrics(font).horizontalAdvance(text);
+  if (needed > inside.width()) font.setStretch(100 * inside.width() / needed);
+  p.setFont(font);
+  p.setPen(state.on || (state.enabled && state.raised) ? grey::kText : grey::kFaint);
+  p.drawText(inside, Qt::AlignCenter, text);
 }
 
 ButtonView::ButtonView(Control& control, Screen& screen, const Node& node, QWidget* parent)
-    : BoundWidget(control, screen, node, parent), sign_(node.sign), tight_(node.tight) {
+    : BoundWidget(control, screen, node, parent),
+      sign_(node.sign),
+      off_(qt(node.off)),
+      on_(qt(node.on)),
+      letter_(qt(node.letter)),
+      tight_(node.tight),
+      is_switch_(!node.on.empty()) {
   QFont bold = font();
   bold.setBold(true);
   const QFontMetrics metrics(bold);
@@ -46,6 +74,7 @@ ButtonView::ButtonView(Control& control, Screen& screen, const Node& node, QWidg
             tight_ ? line_ * 5 / 4 : height);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   setFocusPolicy(Qt::StrongFocus);
+  if (!letter_.isEmpty()) setShortcut(QKeySequence(QStringLiteral("Alt+") + letter_.toUpper()));
   new PressWatch(*this, control, screen);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
@@ -53,6 +82,28 @@ ButtonView::ButtonView(Control& control, Screen& screen, const Node& node, QWidg
 
 std::string_view ButtonView::picture() const {
   return is_picture(control_.picture()) ? std::string_view(control_.picture()) : sign_;
+}
+
+bool ButtonView::is_on() const {
+  return look_ != Look::kSwatch &&
+         (is_signal(control_.back_color()) || control_.picture() == picture::kSwitchOn);
+}
+
+void ButtonView::show_state() {
+  // One that has been on is a switch, whatever it was laid out as.
+  is_switch_ = is_switch_ || is_on();
+  if (std::exchange(was_on_, is_on()) != is_on()) tell_turned(*this);
+}
+
+std::optional<bool> ButtonView::pressed() const {
+  return is_switch_ ? std::optional(is_on()) : std::nullopt;
+}
+
+QStringList ButtonView::values() const {
+  QStringList values{qt(control_.caption()), is_on() ? on_ : off_};
+  if (const int channel = channel_of(control_.back_color()); is_on() && channel && look_ == Look::kCell)
+    values << QStringLiteral("канал %1").arg(channel);
+  return values;
 }
 
 void ButtonView::keyPressEvent(QKeyEvent* event) {
@@ -74,17 +125,37 @@ void ButtonView::leaveEvent(QEvent* event) {
 
 void ButtonView::paintEvent(QPaintEvent*) {
   QPainter p(this);
-  const bool says = is_signal(control_.back_color());
-  QColor back = isEnabled() || says ? screen_color(control_.back_color()) : grey::kWindow;
-  if (look_ == Look::kStop && !says) back = QColor(0xF2, 0xD4, 0xD0);
-  if (isDown())
-    back = back.darker(118);
-  else if (underMouse() && isEnabled())
-    back = back.lighter(104);
-  const bool stands_out = says && look_ != Look::kValue;
-  const QColor edge = !isEnabled() ? grey::kLine.lighter(115) : stands_out ? grey::kText : grey::kLine;
-  draw_box(p, rect(), back, edge, stands_out ? 2 : 1);
+  p.setFont(font());
+  if (look_ == Look::kCell)
+    draw_cell(p, rect(), {is_on(), isEnabled(), !isDown(), control_.back_color()}, qt(control_.caption()));
+  else if (look_ == Look::kSwatch)
+    paint_swatch(p);
+  else
+    paint_face(p);
+  if (hasFocus()) draw_focus_ring(p, rect());
+}
 
+QColor ButtonView::ground() const {
+  const bool says = is_signal(control_.back_color()) && look_ != Look::kSwatch;
+  QColor back = says ? screen_color(control_.back_color()) : isEnabled() ? grey::kFace : grey::kWindow;
+  if (look_ == Look::kStop && !says) back = QColor(0xF2, 0xD4, 0xD0);
+  if (isDown()) return back.darker(118);
+  return underMouse() && isEnabled() ? back.lighter(104) : back;
+}
+
+void ButtonView::paint_swatch(QPainter& p) const {
+  draw_box(p, rect(), ground(), grey::kLine, 1);
+  QRect inside = rect().adjusted(3, 3, -2, -3);
+  if (is_signal(control_.back_color()))
+    inside.setLeft(inside.left() + draw_swatch(p, inside, screen_color(control_.back_color())));
+  p.setPen(isEnabled() ? grey::kText : grey::kFaint);
+  p.drawText(inside, Qt::AlignCenter, qt(control_.caption()));
+}
+
+void ButtonView::paint_face(QPainter& p) const {
+  const bool stands_out = is_signal(control_.back_color());
+  const QColor back = ground();
+  draw_box(p, rect(), back, stands_out ? grey::kText : grey::kLine, stands_out ? 2 : 1);
   const QRectF box = QRectF(rect()).adjusted(2, 2, -2, -2);
   QRectF text_area = box.adjusted(tight_ ? 1 : 5, 0, tight_ ? -1 : -5, 0);
   const QString caption = qt(control_.caption());
@@ -95,15 +166,12 @@ void ButtonView::paintEvent(QPaintEvent*) {
     draw_picture(p, area, shown, isEnabled());
     text_area.setLeft(area.right() + 2);
   }
-  if (!caption.isEmpty()) {
-    QFont font = this->font();
-    font.setBold(font.bold() || stands_out);
-    p.setFont(font);
-    p.setPen(isEnabled() || says ? text_upon(back) : grey::kFaint);
-    p.drawText(text_area, kWrap, caption);
-    if (look_ == Look::kCell) draw_channel_sign(p, box, channel_of(control_.back_color()));
-  }
-  if (hasFocus()) draw_focus_ring(p, rect());
+  if (caption.isEmpty()) return;
+  QFont font = this->font();
+  font.setBold(font.bold() || stands_out);
+  p.setFont(font);
+  p.setPen(isEnabled() || stands_out ? text_upon(back) : grey::kFaint);
+  p.drawText(text_area, kWrap | Qt::TextShowMnemonic, with_letter(caption, letter_));
 }
 
 OptionView::OptionView(OptionButton& control, Screen& screen, const Node& node, QWidget* parent)
@@ -113,7 +181,7 @@ OptionView::OptionView(OptionButton& control, Screen& screen, const Node& node, 
   setText(qt(control.caption()));
   QFont bold = font();
   bold.setBold(true);
-  keep_size(node, ring_size() + QFontMetrics(bold).horizontalAdvance(text()) + line_ * 2 / 3, line_ * 7 / 5);
+  keep_size(node, ring_size() + QFontMetrics(bold).horizontalAdvance(text()) + line_ * 2 / 3, line_ * 5 / 4);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
 }
@@ -128,7 +196,7 @@ void OptionView::paintEvent(QPaintEvent*) {
   const QColor ink = isEnabled() ? grey::kText : grey::kFaint;
   const double size = ring_size();
   const QRectF ring(2, (height() - size) / 2, size, size);
-  p.setPen(QPen(isChecked() ? ink : grey::kLine, 1.5));
+  p.setPen(QPen(isChecked() ? ink : grey::kFaint, 1.5));
   p.setBrush(isDown() ? grey::kFace : grey::kField);
   p.drawEllipse(ring);
   if (isChecked()) {
@@ -149,16 +217,45 @@ void OptionView::show_state() {
   setChecked(control_.value());
 }
 
+QStringList OptionView::values() const {
+  return words_.isEmpty() ? QStringList{qt(control_.caption())} : QStringList{};
+}
+
 CheckView::CheckView(CheckBox& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent) {
   setText(qt(control.caption()));
+  keep_size(node, line_ + fontMetrics().horizontalAdvance(text()) + line_ * 2 / 3, line_ * 5 / 4);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
+}
+
+void CheckView::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  p.setRenderHint(QPainter::Antialiasing);
+  const QColor ink = isEnabled() ? grey::kText : grey::kFaint;
+  const double size = line_ * 0.9;
+  const QRectF box(1.5, (height() - size) / 2, size, size);
+  p.setPen(QPen(isEnabled() ? grey::kText : grey::kLine, 1.2));
+  p.setBrush(isDown() ? grey::kFace : grey::kField);
+  p.drawRoundedRect(box, 2, 2);
+  if (isChecked()) {
+    p.setPen(QPen(ink, size * 0.14, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.drawPolyline(QPolygonF({QPointF(box.left() + size * 0.22, box.top() + size * 0.52),
+                              QPointF(box.left() + size * 0.42, box.top() + size * 0.72),
+                              QPointF(box.left() + size * 0.78, box.top() + size * 0.28)}));
+  }
+  p.setPen(ink);
+  p.drawText(QRectF(box.right() + line_ / 3.0, 0, width(), height()), Qt::AlignVCenter, text());
+  if (hasFocus()) draw_focus_ring(p, rect());
 }
 
 void CheckView::show_state() {
   setText(qt(control_.caption()));
   setChecked(control_.value());
+}
+
+QStringList CheckView::values() const {
+  return words_.isEmpty() ? QStringList{qt(control_.caption())} : QStringList{};
 }
 
 }  // namespace evac::desktop

@@ -20,11 +20,12 @@ class FrameView : public BoundWidget<QGroupBox, Frame> {
 class TabsView : public BoundWidget<QWidget, TabStrip> {
  public:
   TabsView(TabStrip& control, Screen& screen, const Node& node, QWidget* parent);
-  // The pages in their order.
-  void add_page(QWidget* page) { pages_->addWidget(page); }
+  // The pages in their order. One that has not room enough scrolls.
+  void add_page(QWidget* page);
 
  private:
   void show_state() override;
+  void turn(int by);
   QTabBar* bar_;
   QStackedWidget* pages_;
   bool showing_ = false;

@@ -15,12 +15,13 @@ namespace evac::desktop {
 enum class Look {
   kNormal,
   kBig,      // an operator's chief button, a heading
+  kHead,     // small words over what they belong to
   kHuge,     // a status line to be read from across the room
   kStop,     // the button that ends an alert
   kTitle,    // the heading of a window or of the strip
   kValue,    // a number or text in a field of its own; a row or column on a ground of its own
-  kSwatch,   // a sample of a colour
-  kCell,     // a button or a label that takes presses, one of many; a channel's colour carries its number
+  kSwatch,   // a sample of a colour; a button that carries one
+  kCell,     // a button or a label that takes presses, one of many: on or off, and of which channel
   kLamp,     // a picture as a lamp with its number
   kColumns,  // a list whose rows are cut at tabs
   kUpright,  // a scroll bar that stands
@@ -31,8 +32,9 @@ using Controls = std::vector<Control*>;
 // An array of controls on a board, with the head that stands over it.
 struct BoardArray {
   Controls controls;
-  std::string head;
+  std::string head, words;
   Look look = Look::kNormal;
+  std::string off{}, on{};
 };
 
 struct Node {
@@ -51,6 +53,7 @@ struct Node {
     kBoxNote,      // what boxes that answered themselves said
     kNotices,      // what the host has to say
     kStandButton,  // the way to the virtual rack, where there is one
+    kCloseButton,  // closes the window that it stands in
     kSpace         // takes what room is left
   };
 
@@ -65,7 +68,11 @@ struct Node {
   double width = 0, height = 0;  // 0 is its own
   int stretch = 0;
   std::string_view sign;  // the picture of a button with neither caption nor picture
-  std::string words;      // what stands for the caption in assistive technology
+  std::string words;      // what it is, for assistive technology; its value follows
+  std::string off, on;    // of a switch: how its two states are called
+  std::string letter;     // with Alt, the button's key
+  Controls timers;        // of a label: shown while one of these is on
+  std::string (*reads)(std::string_view) = nullptr;  // of a list: a row as it is shown
   bool tight = false;
 
   Node& shown(Look as) { return look = as, *this; }
@@ -74,6 +81,12 @@ struct Node {
   Node& grow(int share = 1) { return stretch = share, *this; }
   Node& with_sign(std::string_view picture) { return sign = picture, *this; }
   Node& called(std::string what_it_is) { return words = std::move(what_it_is), *this; }
+  Node& switching(std::string off_word, std::string on_word) {
+    return off = std::move(off_word), on = std::move(on_word), *this;
+  }
+  Node& key(std::string alt_letter) { return letter = std::move(alt_letter), *this; }
+  Node& while_on(Controls any_of) { return timers = std::move(any_of), *this; }
+  Node& reading(std::string (*row)(std::string_view)) { return reads = row, *this; }
   Node& cut_at(std::vector<double> widths) { return look = Look::kColumns, stops = std::move(widths), *this; }
   Node& packed() { return tight = true, *this; }
 };
@@ -157,6 +170,9 @@ inline Node notices() {
 inline Node stand_button() {
   return make_node(Node::What::kStandButton);
 }
+inline Node close_button() {
+  return make_node(Node::What::kCloseButton);
+}
 inline Node space() {
   return make_node(Node::What::kSpace).grow();
 }
@@ -185,6 +201,10 @@ struct WindowLayout {
   Form& form;
   Node content;
   OutOfSight out_of_sight{};
+  // The choice that has the keyboard when the window opens: the one of these that is made.
+  std::vector<OptionButton*> opens_on{};
+  // Entries of the menu with a line above them.
+  Controls set_apart{};
 };
 
 }  // namespace evac::desktop

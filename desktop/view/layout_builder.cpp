@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <stdexcept>
 
 #include "desktop/view/bars.h"
@@ -19,7 +20,6 @@ namespace evac::desktop {
 namespace {
 
 constexpr int kGap = 6, kTightGap = 1;
-constexpr double kHeadSize = 0.85;  // of the heads over a board
 
 template <class View, class ControlType>
 QWidget* make_view(Control& control, Screen& screen, const Node& node, QWidget* parent) {
@@ -46,11 +46,14 @@ QGridLayout* make_close_grid(QWidget* box) {
   return layout;
 }
 
+// One of many like it, of the size that the board says.
+Node cell_of(const Node& board, const Controls& controls, int at) {
+  return use(*controls.at(static_cast<std::size_t>(at))).wide(board.width).high(board.height).packed();
+}
+
 QLabel* make_head(const std::string& text, QWidget* parent) {
   auto* head = new QLabel(qt(text), parent);
-  QFont small = head->font();
-  small.setPointSizeF(small.pointSizeF() * kHeadSize);
-  head->setFont(small);
+  head->setFont(font_of(Look::kHead, head->font()));
   head->setAlignment(Qt::AlignCenter);
   return head;
 }
@@ -86,6 +89,12 @@ QWidget* LayoutBuilder::build(const Node& node, QWidget* parent) {
       return new NoticesView(host_.notices, parent);
     case Node::What::kStandButton:
       return host_.stand_button(parent);
+    case Node::What::kCloseButton: {
+      auto* button = new QPushButton(QStringLiteral("&Закрыть"), parent);
+      button->setMinimumHeight(button->fontMetrics().height() * 2);
+      QObject::connect(button, &QPushButton::clicked, button, [button] { button->window()->close(); });
+      return button;
+    }
     case Node::What::kSpace: {
       auto* nothing = new QWidget(parent);
       nothing->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -130,7 +139,7 @@ QWidget* LayoutBuilder::make_box(const Node& node, QWidget* parent) {
   QWidget* box = node.look == Look::kValue ? make_ground(parent) : new QWidget(parent);
   const bool lying = node.what == Node::What::kRow;
   auto* layout = new QBoxLayout(lying ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom, box);
-  const int margin = node.look == Look::kValue ? kGap : 0;
+  const int margin = node.look == Look::kValue ? kGap / 2 : 0;
   layout->setContentsMargins(margin, margin, margin, margin);
   layout->setSpacing(node.tight ? kTightGap : kGap);
   for (const Node& child : node.children)
@@ -156,7 +165,7 @@ QWidget* LayoutBuilder::make_frame(const Node& node, QWidget* parent) {
   auto& frame = dynamic_cast<Frame&>(*node.controls.front());
   auto* view = new FrameView(frame, screen_, node, parent);
   auto* layout = new QVBoxLayout(view);
-  layout->setContentsMargins(kGap, kGap, kGap, kGap);
+  layout->setContentsMargins(kGap, kGap / 2, kGap, kGap / 2);
   layout->addWidget(build(node.children.front(), view));
   view->refresh();
   return view;
@@ -168,7 +177,7 @@ QWidget* LayoutBuilder::make_tabs(const Node& node, QWidget* parent) {
   for (const Node& page : node.children) {
     auto* sheet = new QWidget(view);
     auto* layout = new QVBoxLayout(sheet);
-    layout->setContentsMargins(kGap, kGap, kGap, kGap);
+    layout->setContentsMargins(kGap / 2, kGap / 2, kGap / 2, kGap / 2);
     layout->addWidget(build(page, sheet));
     view->add_page(sheet);
   }
@@ -180,10 +189,9 @@ QWidget* LayoutBuilder::make_board(const Node& node, QWidget* parent) {
   auto* box = new QWidget(parent);
   auto* keys = new FocusBoard(box);
   QGridLayout* layout = make_close_grid(box);
-  int at = 0;
-  for (Control* control : node.controls) {
-    make_cell(*control, node, *keys, *layout, at / node.columns, at % node.columns);
-    ++at;
+  for (int i = 0; i < static_cast<int>(node.controls.size()); ++i) {
+    const Node cell = cell_of(node, node.controls, i).shown(node.look).switching(node.off, node.on);
+    add_cell(cell, node.words, i + 1, *keys, *layout, i / node.columns, i % node.columns);
   }
   return box;
 }
@@ -195,30 +203,26 @@ QWidget* LayoutBuilder::make_rows(const Node& node, QWidget* parent) {
   const int arrays = static_cast<int>(node.arrays.size());
   const int count = static_cast<int>(node.arrays.front().controls.size());
   const int rows = (count + node.columns - 1) / node.columns;
-  Node cell = node;
   const auto column_of = [&](int across, int array) { return across * (arrays + 1) + array; };
   for (int i = 0; i < count; ++i)
     for (int k = 0; k < arrays; ++k) {
       const BoardArray& array = node.arrays[static_cast<std::size_t>(k)];
-      cell.look = array.look;
-      make_cell(*array.controls.at(static_cast<std::size_t>(i)), cell, *keys, *layout, i % rows + 1,
-                column_of(i / rows, k));
+      const Node cell = cell_of(node, array.controls, i).shown(array.look).switching(array.off, array.on);
+      add_cell(cell, array.words, i + 1, *keys, *layout, i % rows + 1, column_of(i / rows, k));
     }
   for (int across = 0; across < node.columns; ++across) {
     for (int k = 0; k < arrays; ++k)
       layout->addWidget(make_head(node.arrays[static_cast<std::size_t>(k)].head, box), 0,
                         column_of(across, k));
-    if (across > 0) layout->setColumnMinimumWidth(column_of(across, -1), 2 * kGap);
+    if (across > 0) layout->setColumnMinimumWidth(column_of(across, -1), kGap);
   }
   return box;
 }
 
-void LayoutBuilder::make_cell(Control& control, const Node& node, FocusBoard& keys, QGridLayout& layout,
-                              int row, int column) {
-  Node leaf = use(control);
-  leaf.shown(node.look).wide(node.width).high(node.height).packed();
-  if (!node.words.empty()) leaf.called(node.words + ' ' + std::to_string(control.index().value_or(0)));
-  QWidget* widget = make_control(control, leaf, layout.parentWidget());
+void LayoutBuilder::add_cell(Node cell, const std::string& words, int number, FocusBoard& keys,
+                             QGridLayout& layout, int row, int column) {
+  if (!words.empty()) cell.called(words + ' ' + std::to_string(number));
+  QWidget* widget = make_control(*cell.controls.front(), cell, layout.parentWidget());
   layout.addWidget(widget, row, column);
   layout.setColumnStretch(column, 1);
   layout.setRowStretch(row, 1);
@@ -229,7 +233,12 @@ QWidget* LayoutBuilder::make_pile(const Node& node, QWidget* parent) {
   auto* box = new QWidget(parent);
   auto* layout = new QGridLayout(box);
   layout->setContentsMargins(0, 0, 0, 0);
-  for (Control* control : node.controls) layout->addWidget(make_control(*control, node, box), 0, 0);
+  Node leaf = node;
+  int number = 0;
+  for (Control* control : node.controls) {
+    leaf.called(node.words + ' ' + std::to_string(++number));
+    layout->addWidget(make_control(*control, leaf, box), 0, 0);
+  }
   return box;
 }
 

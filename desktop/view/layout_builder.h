@@ -36,9 +36,9 @@ class LayoutBuilder {
   QWidget* make_tabs(const Node& node, QWidget* parent);
   QWidget* make_board(const Node& node, QWidget* parent);
   QWidget* make_rows(const Node& node, QWidget* parent);
-  // A control among many like it, its number behind the words.
-  void make_cell(Control& control, const Node& node, FocusBoard& keys, QGridLayout& layout, int row,
-                 int column);
+  // A control among many like it: its number stands behind the words.
+  void add_cell(Node cell, const std::string& words, int number, FocusBoard& keys, QGridLayout& layout,
+                int row, int column);
   QWidget* make_pile(const Node& node, QWidget* parent);
   QWidget* make_text(const Node& node, QWidget* parent);
 

@@ -55,8 +55,11 @@ class ColumnDelegate : public RowDelegate {
 }  // namespace
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
-  if (role != Qt::DisplayRole || index.row() >= list_.count()) return {};
-  return qt(list_.row(index.row()));
+  if ((role != Qt::DisplayRole && role != Qt::ToolTipRole) || index.row() >= list_.count()) return {};
+  const std::string& row = list_.row(index.row());
+  if (role == Qt::ToolTipRole)
+    return reads_ ? qt(reads_(row)).replace('\t', QStringLiteral("  ")) : QVariant();
+  return qt(reads_ ? reads_(row) : row);
 }
 
 void RowModel::reload() {
@@ -65,7 +68,7 @@ void RowModel::reload() {
 }
 
 ListView::ListView(RowControl& control, Screen& screen, const Node& node, QWidget* parent)
-    : BoundWidget(control, screen, node, parent), model_(control) {
+    : BoundWidget(control, screen, node, parent), model_(control, node.reads) {
   keep_size(node, line_ * 10, line_ * 5);
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);

@@ -11,13 +11,15 @@ namespace evac::desktop {
 
 class RowModel : public QAbstractListModel {
  public:
-  explicit RowModel(const RowControl& list) : list_(list) {}
+  // `reads` makes of a row what is shown of it; null shows it as it is.
+  RowModel(const RowControl& list, std::string (*reads)(std::string_view)) : list_(list), reads_(reads) {}
   int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : list_.count(); }
   QVariant data(const QModelIndex& index, int role) const override;
   void reload();
 
  private:
   const RowControl& list_;
+  std::string (*const reads_)(std::string_view);
 };
 
 class ListView : public BoundWidget<QListView, RowControl> {

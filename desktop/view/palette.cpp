@@ -46,19 +46,4 @@ QColor text_upon(const QColor& back) {
   return contrast(grey::kText, back) >= contrast(Qt::white, back) ? grey::kText : QColor(Qt::white);
 }
 
-QPalette application_palette() {
-  QPalette palette(grey::kFace, grey::kWindow);
-  palette.setColor(QPalette::Base, grey::kField);
-  palette.setColor(QPalette::AlternateBase, grey::kWindow);
-  palette.setColor(QPalette::Highlight, grey::kFocus);
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::ToolTipBase, grey::kField);
-  for (const auto role :
-       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
-    palette.setColor(role, grey::kText);
-    palette.setColor(QPalette::Disabled, role, grey::kFaint);
-  }
-  return palette;
-}
-
 }  // namespace evac::desktop

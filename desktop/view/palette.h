@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QColor>
-#include <QPalette>
 
 #include "model/color.h"
 
@@ -13,8 +12,9 @@ namespace grey {
 inline const QColor kWindow(0xE4, 0xE6, 0xE8);  // background of windows
 inline const QColor kFace(0xD6, 0xD9, 0xDC);    // a button at rest
 inline const QColor kField(0xF7, 0xF8, 0xF9);   // what is read or typed
-inline const QColor kLine(0x9A, 0xA0, 0xA6);
-inline const QColor kFaint(0x6E, 0x74, 0x7A);  // text of what can't be pressed
+inline const QColor kLine(0x6E, 0x74, 0x7A);    // edges: 3 to 1 on all of the above
+inline const QColor kPale(0xB4, 0xB9, 0xBE);    // the place of something that is not there
+inline const QColor kFaint(0x55, 0x5A, 0x5F);   // idle, or not to be pressed: 4.5 to 1 on all of the above
 inline const QColor kText(0x0C, 0x10, 0x14);
 inline const QColor kFocus(0x1B, 0x3A, 0x5C);
 }  // namespace grey
@@ -22,6 +22,7 @@ inline const QColor kFocus(0x1B, 0x3A, 0x5C);
 namespace signal {
 inline const QColor kFire(0xC4, 0x12, 0x12);
 inline const QColor kLit(0x2E, 0xB8, 0x4C);
+inline const QColor kAlerted(0x1F, 0x4E, 0x8C);  // a zone that hears the message
 inline const QColor kPause(0xE8, 0xA0, 0x10);
 }  // namespace signal
 
@@ -34,6 +35,5 @@ int channel_of(Color color);
 QColor text_upon(const QColor& back);
 // Contrast of two colours, 1 to 21.
 double contrast(const QColor& a, const QColor& b);
-QPalette application_palette();
 
 }  // namespace evac::desktop

@@ -13,6 +13,8 @@
 namespace evac::desktop {
 namespace {
 
+constexpr int kNumberedSwatch = 36;  // pixels of a cell that has room for the number of its channel
+
 QRectF square_in(const QRectF& area) {
   const double side = std::min(area.width(), area.height());
   return {area.center().x() - side / 2, area.center().y() - side / 2, side, side};
@@ -61,6 +63,16 @@ void draw_warning(QPainter& p, const QRectF& box, const QColor& ink) {
   p.setBrush(ink);
   p.drawRect(part(box, 0.45, 0.36, 0.1, 0.28));
   p.drawRect(part(box, 0.45, 0.72, 0.1, 0.1));
+}
+
+// Not known: grey, crossed out.
+void draw_unknown(QPainter& p, const QRectF& box, const QColor&) {
+  p.setPen(QPen(grey::kLine, box.width() * 0.08));
+  p.setBrush(grey::kFace);
+  p.drawEllipse(part(box, 0.1, 0.1, 0.8, 0.8));
+  p.setPen(QPen(grey::kText, box.width() * 0.1, Qt::SolidLine, Qt::RoundCap));
+  p.drawLine(point(box, 0.08, 0.08), point(box, 0.92, 0.92));
+  p.drawLine(point(box, 0.92, 0.08), point(box, 0.08, 0.92));
 }
 
 void draw_switch(QPainter& p, const QRectF& box, bool on, const QColor& ink) {
@@ -132,6 +144,34 @@ void draw_restart(QPainter& p, const QRectF& box, const QColor& ink) {
   strokes.back(0.54, 0.36);
 }
 
+void draw_hold(QPainter& p, const QRectF& box, const QColor& ink) {
+  Strokes strokes(p, box, ink);
+  strokes.bar(0.3);
+  strokes.bar(0.58);
+}
+void draw_louder(QPainter& p, const QRectF& box, const QColor& ink) {
+  const Strokes strokes(p, box, ink);
+  p.drawPath(polygon(box, {{0.5, 0.2}, {0.85, 0.75}, {0.15, 0.75}}));
+}
+void draw_quieter(QPainter& p, const QRectF& box, const QColor& ink) {
+  const Strokes strokes(p, box, ink);
+  p.drawPath(polygon(box, {{0.5, 0.8}, {0.85, 0.25}, {0.15, 0.25}}));
+}
+void draw_power(QPainter& p, const QRectF& box, const QColor& ink) {
+  p.setBrush(Qt::NoBrush);
+  p.setPen(QPen(ink, box.width() * 0.1, Qt::SolidLine, Qt::RoundCap));
+  p.drawArc(part(box, 0.2, 0.24, 0.6, 0.6), 125 * 16, 290 * 16);
+  p.drawLine(QPointF(box.center().x(), box.top() + box.height() * 0.12), box.center());
+}
+// The same sign of a button that is on: white on a filled ground.
+template <auto Draw>
+void draw_on(QPainter& p, const QRectF& box, const QColor&) {
+  p.setPen(Qt::NoPen);
+  p.setBrush(signal::kAlerted);
+  p.drawRoundedRect(box, box.width() / 6, box.width() / 6);
+  Draw(p, box, Qt::white);
+}
+
 // How a word is drawn in its square, and what it is called aloud.
 struct Drawing {
   std::string_view word;
@@ -146,6 +186,23 @@ constexpr Drawing kDrawings[] = {
     {picture::kSwitchOn, draw_switch_on, "включено"},
     {picture::kSwitchOff, draw_switch_off, "выключено"},
     {picture::kEmblem, draw_emblem, ""},
+    {picture::kPower.on, draw_on<draw_power>, "включено"},
+    {picture::kPower.off, draw_power, "выключено"},
+    {picture::kPlay.on, draw_on<draw_play>, "воспроизведение идёт"},
+    {picture::kPlay.off, draw_play, "воспроизведение"},
+    {picture::kHold.on, draw_on<draw_hold>, "пауза стоит"},
+    {picture::kHold.off, draw_hold, "пауза"},
+    {picture::kStop.on, draw_on<draw_stop>, "остановлено"},
+    {picture::kStop.off, draw_stop, "стоп"},
+    {picture::kPrevious.on, draw_on<draw_previous>, "назад, нажато"},
+    {picture::kPrevious.off, draw_previous, "назад"},
+    {picture::kNext.on, draw_on<draw_next>, "вперёд, нажато"},
+    {picture::kNext.off, draw_next, "вперёд"},
+    {picture::kLouder.on, draw_on<draw_louder>, "громче, нажато"},
+    {picture::kLouder.off, draw_louder, "громче"},
+    {picture::kQuieter.on, draw_on<draw_quieter>, "тише, нажато"},
+    {picture::kQuieter.off, draw_quieter, "тише"},
+    {sign::kUnknown, draw_unknown, "неизвестно"},
     {sign::kPlay, draw_play, "воспроизведение"},
     {sign::kStop, draw_stop, "стоп"},
     {sign::kNext, draw_next, "вперёд"},
@@ -166,10 +223,19 @@ void draw_lamp_of_fire(QPainter& p, const QRectF& box) {
   p.setBrush(signal::kFire);
   p.drawPath(polygon(box, {{x, 0}, {1 - x, 0}, {1, y}, {1, 1 - y}, {1 - x, 1}, {x, 1}, {0, 1 - y}, {0, y}}));
 }
-void draw_lamp_lit(QPainter& p, const QRectF& box) {
-  p.setPen(QPen(grey::kText, 2));
-  p.setBrush(signal::kLit);
+// A zone that hears the message: a loudspeaker's waves on both sides of its number, where there is room.
+void draw_lamp_alerted(QPainter& p, const QRectF& box) {
+  p.setPen(QPen(grey::kText, 1.5));
+  p.setBrush(signal::kAlerted);
   p.drawRoundedRect(box, box.height() / 2, box.height() / 2);
+  if (box.width() < 1.4 * box.height()) return;
+  p.setBrush(Qt::NoBrush);
+  p.setPen(QPen(Qt::white, 1.5, Qt::SolidLine, Qt::RoundCap));
+  const double reach = box.height() * 0.7;
+  const QRectF wave(box.center().x() - reach / 2, box.center().y() - reach / 2, reach, reach);
+  const double out = box.width() / 2 - box.height() * 0.48;
+  p.drawArc(wave.translated(out, 0), -45 * 16, 90 * 16);
+  p.drawArc(wave.translated(-out, 0), 135 * 16, 90 * 16);
 }
 void draw_lamp_dark(QPainter& p, const QRectF& box) {
   p.setPen(QPen(grey::kLine, 1));
@@ -177,19 +243,20 @@ void draw_lamp_dark(QPainter& p, const QRectF& box) {
   p.drawRect(box.adjusted(2, 2, -2, -2));
 }
 
-// How a lamp with that picture is drawn, and its number in it.
+// How a lamp with that picture is drawn, its number in it, and what it is called aloud.
 struct Lamp {
   std::string_view word;
   void (*draw)(QPainter& p, const QRectF& box);
   QColor number;
   bool bold;
+  const char* aloud;
 };
 
 const Lamp& lamp_of(std::string_view word) {
   static const Lamp kLamps[] = {
-      {picture::kPause, draw_lamp_of_fire, Qt::white, true},
-      {picture::kYes, draw_lamp_lit, grey::kText, true},
-      {picture::kNo, draw_lamp_dark, grey::kFaint, false},  // and any other
+      {picture::kPause, draw_lamp_of_fire, Qt::white, true, "пожар"},
+      {picture::kYes, draw_lamp_alerted, Qt::white, true, "оповещается"},
+      {picture::kNo, draw_lamp_dark, grey::kFaint, false, "спокойно"},  // and any other
   };
   const auto at = std::ranges::find(kLamps, word, &Lamp::word);
   return at == std::end(kLamps) ? *std::prev(at) : *at;
@@ -256,14 +323,38 @@ void draw_lamp(QPainter& p, const QRect& area, std::string_view word, const QStr
   draw_number(p, area, number, lamp.number, lamp.bold);
 }
 
-void draw_channel_sign(QPainter& p, const QRectF& area, int channel) {
-  if (channel == 0) return;
+QString lamp_words(std::string_view word) {
+  return qt(lamp_of(word).aloud);
+}
+
+int draw_swatch(QPainter& p, const QRect& area, const QColor& color, int channel) {
+  const bool numbered = channel > 0 && area.width() >= kNumberedSwatch;
+  const int width = numbered ? std::max(10, area.width() / 5) : 7;
+  const QRect box(area.left(), area.top(), width, area.height());
+  draw_cached(p, box, QStringLiteral("swatch %1").arg(color.rgb()),
+              [&](QPainter& painter, const QRectF& whole) {
+                painter.setPen(QPen(grey::kLine, 1));
+                painter.setBrush(color);
+                painter.drawRect(whole.adjusted(0.5, 0.5, -0.5, -0.5));
+              });
+  if (!numbered) return width;
   p.save();
-  QFont font = p.font();
-  font.setPointSizeF(font.pointSizeF() * 0.65);
-  font.setBold(false);
-  p.setFont(font);
-  p.drawText(area.adjusted(0, 0, -3, 0), Qt::AlignRight | Qt::AlignBottom, QString::number(channel));
+  QFont small = p.font();
+  small.setPixelSize(width);
+  small.setBold(false);
+  p.setFont(small);
+  p.setPen(text_upon(color));
+  p.drawText(box, Qt::AlignCenter, QString::number(channel));
+  p.restore();
+  return width;
+}
+
+void draw_field(QPainter& p, const QRect& area, const QColor& ground) {
+  p.save();
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setPen(QPen(grey::kLine, 1));
+  p.setBrush(ground);
+  p.drawRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5));
   p.restore();
 }
 

@@ -34,6 +34,21 @@ void Screen::act(std::function<void()> deed) {
   });
 }
 
+void Screen::set_sign(Picture& control, std::string_view word) {
+  const auto had = signs_.find(&control);
+  if ((had == signs_.end() ? std::string_view() : had->second) == word) return;
+  if (word.empty())
+    signs_.erase(had);
+  else
+    signs_[&control] = word;
+  if (const auto at = views_.find(&control); at != views_.end()) at->second->control_changed(control);
+}
+
+std::string_view Screen::picture_of(const Picture& control) const {
+  const auto sign = signs_.find(&control);
+  return sign == signs_.end() ? std::string_view(control.picture()) : sign->second;
+}
+
 void Screen::flush() {
   while (!changed_.empty()) {
     const auto views = std::exchange(changed_, {});

@@ -52,6 +52,12 @@ class Screen {
   // Whether the innermost event that runs is such a deed.
   bool in_act() const { return loop_.running() != 0 && loop_.running() == act_; }
 
+  // What the host knows better: the control is shown with that picture whatever its own is; an empty word
+  // lets it show its own again. The word must last.
+  void set_sign(Picture& control, std::string_view word);
+  // The picture to be shown.
+  std::string_view picture_of(const Picture& control) const;
+
   // Where a pop-up menu comes up: the place of the last right press.
   void set_popup_place(QPoint place) { popup_place_ = place; }
   QPoint popup_place() const { return popup_place_; }
@@ -76,6 +82,7 @@ class Screen {
   std::uint64_t act_ = 0;  // the innermost deed, as the loop numbers its events
   std::map<const Control*, std::unique_ptr<View>> views_;
   std::vector<View*> changed_;
+  std::map<const Picture*, std::string_view> signs_;
   QPoint popup_place_;
 };
 

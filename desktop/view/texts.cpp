@@ -58,7 +58,6 @@ void ComboView::show_state() {
     for (const auto& row : control_.rows()) addItem(qt(row));
   }
   setCurrentIndex(control_.selected());
-  setAccessibleDescription(qt(control_.text()));
 }
 
 void ComboView::paintEvent(QPaintEvent*) {

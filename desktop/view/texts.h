@@ -21,10 +21,12 @@ class TextView : public BoundWidget<QLineEdit, TextBox> {
   Deeds deeds_;
 };
 
-// Shows the control's text, which need not be one of its rows.
-class ComboView : public BoundWidget<QComboBox, ComboBox> {
+// Shows the control's text, which need not be one of its rows. The toolkit tells only that text, not whose.
+class ComboView : public BoundWidget<QComboBox, ComboBox>, public Spoken {
  public:
   ComboView(ComboBox& control, Screen& screen, const Node& node, QWidget* parent);
+  QAccessible::Role role() const override { return QAccessible::ComboBox; }
+  void press() override { showPopup(); }
 
  protected:
   // A wheel that is turned in passing must choose nothing.
@@ -33,6 +35,7 @@ class ComboView : public BoundWidget<QComboBox, ComboBox> {
 
  private:
   void show_state() override;
+  QStringList values() const override { return {qt(control_.text())}; }
 };
 
 }  // namespace evac::desktop

@@ -30,7 +30,7 @@ void AlertEnd::silence() {
 
 void AlertEnd::to_rest() {
   doors_.alert.clear_active();
-  doors_.alert.al_rep = ClampedNumber(doors_.settings.SettingsLine[kBlockPlays]);
+  doors_.alert.al_rep = Number(doors_.settings.SettingsLine[kBlockPlays]);
   doors_.lamps.all_idle();
   doors_.journal.JournalLine("Сброс аварийного оповещения");
 }

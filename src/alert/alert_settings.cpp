@@ -9,6 +9,12 @@ namespace {
 constexpr int kController = 2, kComputer = 0, kExternal = 1;
 constexpr int kMostPlays = 100, kMostHours = 24, kMostMinutes = 59, kMostCycles = 20;
 
+// Told before the number of an error; the comma is as it stands.
+constexpr std::string_view kSettingsReadFault = "Ошибка чтения файла f_al_str,dat ";
+constexpr std::string_view kSettingsWriteFault = "Ошибка записи f_al_str.dat ";
+constexpr std::string_view kAlgorithmReadFault = "Ошибка чтения файла f_al.dat ";
+constexpr std::string_view kAlgorithmWriteFault = "Ошибка записи в файл f_al.dat ";
+
 std::string flag_text(bool on) {
   return on ? "1" : "0";
 }
@@ -27,12 +33,24 @@ void take_choice(ControlArray<OptionButton>& options, std::string& line) {
 }  // namespace
 
 int AlertSettings::number(SettingsIndex index) const {
-  return ClampedNumber(line(index));
+  return Number(line(index));
+}
+
+void AlertSettings::tell(std::string_view what, FileError error) {
+  if (error != kNoError) doors_.boxes.message(join(what, error));
+}
+
+void AlertSettings::load_settings() {
+  tell(kSettingsReadFault, doors_.store.LoadSettings());
+}
+
+void AlertSettings::load_algorithms() {
+  tell(kAlgorithmReadFault, doors_.store.LoadAlgorithms());
 }
 
 void AlertSettings::open() {
-  doors_.store.LoadSettings();
-  doors_.store.LoadAlgorithms();
+  load_settings();
+  load_algorithms();
   doors_.preview.reset();
   show_types();
   show_numbers();
@@ -109,7 +127,8 @@ void AlertSettings::to_changed() {
 void AlertSettings::save() {
   auto& lines = doors_.settings.SettingsLine;
   take_choice(doors_.form5.Opt1, lines[kAlertType]);
-  if (doors_.form5.Opt1[kController].value()) doors_.store.SaveAlgorithms(doors_.editor.lines());
+  if (doors_.form5.Opt1[kController].value())
+    tell(kAlgorithmWriteFault, doors_.store.SaveAlgorithms(doors_.editor.lines()));
   if (!take_source()) return;
   lines[kBlockMessage] = doors_.form5.CmbF1.text();
   lines[kBlockPlays] = doors_.form5.LblKl.caption();
@@ -121,9 +140,8 @@ void AlertSettings::save() {
   lines[kScanCycles] = doors_.form5.LblKs.caption();
   lines[kManualStart] = flag_text(doors_.form5.ChkA.value());
   show_on_main_window();
-  doors_.store.SaveSettings();
-  doors_.supervision.NextCheck =
-      later_in_day(second_of_day(doors_.loop.wall()), scan_period(doors_.settings));
+  tell(kSettingsWriteFault, doors_.store.SaveSettings());
+  doors_.control.set_next_check();
 }
 
 bool AlertSettings::take_source() {
@@ -153,8 +171,7 @@ bool AlertSettings::take_scan() {
       return false;
     }
   }
-  doors_.monitor_panel.CmdZ.set_caption(on ? "ВКЛ" : "ВЫКЛ");
-  doors_.monitor_panel.CmdZ.set_picture(on ? picture::kSwitchOn : picture::kSwitchOff);
+  doors_.control.show_mode();
   lines[kAudibleWarning] = flag_text(on && doors_.form5.ChkZ.value());
   return true;
 }

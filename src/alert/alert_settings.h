@@ -9,7 +9,7 @@
 #include "model/system_model.h"
 #include "platform/machine.h"
 #include "store/alert_store.h"
-#include "supervision/monitor_panel.h"
+#include "supervision/auto_control.h"
 
 namespace evac {
 
@@ -27,11 +27,14 @@ class AlertSettings {
     Form5& form5;
     AlarmTab& alarm_tab;
     MonitorPanel& monitor_panel;
-    EventLoop& loop;
+    AutoControl& control;
     Boxes& boxes;
   };
   explicit AlertSettings(const Doors& doors) : doors_(doors) {}
 
+  // Read a file each; one that can't be read is told in a box.
+  void load_settings();
+  void load_algorithms();
   // Reads the files anew and shows the window until it is closed.
   void open();
 
@@ -42,11 +45,14 @@ class AlertSettings {
   // The range of zones that is shown never has its end before its beginning.
   void from_changed();
   void to_changed();
+  // What can't be written is told in a box; the rest of the save goes on.
   void save();
 
  private:
   const std::string& line(SettingsIndex index) const { return doors_.settings.SettingsLine[index]; }
   int number(SettingsIndex index) const;
+  // A box with the error's number behind the text; none without an error.
+  void tell(std::string_view what, FileError error);
   void show_types();
   void show_numbers();
   // False when the computer that is to play has no channel or no volume.

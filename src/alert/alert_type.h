@@ -11,7 +11,7 @@ namespace evac {
 enum AlertType { kTypeBlock = 1, kTypeManual = 2, kTypeController = 3 };
 
 inline int alert_type(const SettingsState& settings) {
-  return ClampedNumber(settings.SettingsLine[kAlertType]);
+  return Number(settings.SettingsLine[kAlertType]);
 }
 
 }  // namespace evac

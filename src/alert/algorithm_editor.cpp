@@ -41,7 +41,7 @@ void AlgorithmEditor::take_message_of(std::string_view record) {
   const std::string file = AlgField(record, kAlgMessage);
   doors_.form5.CmbF3.set_text(file);
   doors_.messages.show_length(file, doors_.form5.LblL3);
-  doors_.form5.VS3.set_value(ClampedNumber(AlgField(record, kAlgPlays)));
+  doors_.form5.VS3.set_value(Number(AlgField(record, kAlgPlays)));
 }
 
 void AlgorithmEditor::add_step() {
@@ -79,8 +79,11 @@ void AlgorithmEditor::choose_zones() {
 
 void AlgorithmEditor::print() {
   doors_.form5.List1.clear();
-  for (const auto& line : doors_.store.PrintAlgorithms()) doors_.form5.List1.add(line);
-  doors_.boxes.message(join("Информация находится в файле ", doors_.store.print_path()));
+  std::vector<std::string> lines;
+  const FileError error = doors_.store.PrintAlgorithms(lines);
+  for (const auto& line : lines) doors_.form5.List1.add(line);
+  doors_.boxes.message(error == kNoError ? join("Информация находится в файле ", doors_.store.print_path())
+                                         : write_fault("f_alg", error));
 }
 
 AlertStore::AlgorithmLines AlgorithmEditor::lines() const {

@@ -26,7 +26,7 @@ class AlgorithmEditor {
   // Only the last step of the shown algorithm can go.
   void delete_step();
   void choose_zones();
-  // Prints the table, not the lists.
+  // Prints the table, not the lists; a box says where, or why not.
   void print();
   // What the lists hold.
   AlertStore::AlgorithmLines lines() const;

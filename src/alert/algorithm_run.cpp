@@ -11,7 +11,7 @@ constexpr std::string_view kFirstPlayMarks = "17", kLaterMarks = "1";
 constexpr std::string_view kLaterHeading = "Включаемые зоны:";
 
 int plays_of(std::string_view record) {
-  return ClampedNumber(AlgField(record, kAlgPlays));
+  return Number(AlgField(record, kAlgPlays));
 }
 
 }  // namespace
@@ -58,7 +58,7 @@ void AlgorithmRun::tick() {
   --doors_.alert.alg_rep;
   if (doors_.alert.alg_rep == 0) {
     const std::string& next = step(doors_.alert.alg_step + 1);
-    if (ClampedNumber(AlgField(next, kAlgOrder)) > 0) {
+    if (Number(AlgField(next, kAlgOrder)) > 0) {
       ++doors_.alert.alg_step;
       doors_.alert.alg_rep = plays_of(next);
     }

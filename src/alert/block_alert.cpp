@@ -33,7 +33,7 @@ void BlockAlert::start() {
     doors_.tab.LblU[kModeLine].set_caption(text);
     doors_.journal.JournalLine(text);
   };
-  if (ClampedNumber(doors_.settings.SettingsLine[kBlockSource]) == kSourceComputer)
+  if (Number(doors_.settings.SettingsLine[kBlockSource]) == kSourceComputer)
     start_message();
   else
     tell("Идет оповещение о пожаре");
@@ -67,7 +67,7 @@ void BlockAlert::tick() {
   }
   // The sound is over; the alert itself lasts until it is reset.
   doors_.tab.Timer5.set_enabled(false);
-  doors_.alert.al_rep = ClampedNumber(doors_.settings.SettingsLine[kBlockPlays]);
+  doors_.alert.al_rep = Number(doors_.settings.SettingsLine[kBlockPlays]);
   doors_.lamps.all_idle();
   doors_.house.give_back();
 }

@@ -55,19 +55,19 @@ void ManualAlert::tick() {
     return;
   }
   doors_.tab.Timer6.set_enabled(false);
-  const int plays = ClampedNumber(doors_.settings.SettingsLine[kManualPlays]);
+  const int plays = Number(doors_.settings.SettingsLine[kManualPlays]);
   doors_.alert.man_rep = plays;
   doors_.tab.VS1.set_value(plays);
 }
 
 void ManualAlert::start_algorithm() {
   if (!doors_.boxes.ask(join("Включить алгоритм № ", doors_.tab.LblFD.caption()), "Алгоритм???")) return;
-  doors_.alert.test_zone = static_cast<std::int16_t>(ClampedNumber(doors_.tab.LblFD.caption()));
+  doors_.alert.test_zone = static_cast<std::int16_t>(Number(doors_.tab.LblFD.caption()));
   doors_.alert.fire_sim = true;
   doors_.alert.fire_stop = false;
   doors_.tab.CmdStF.set_back_color(doors_.paint.ColorButtonFace);
   doors_.alert.fire_bits.fill(0);
-  const int zone = ClampedNumber(Trim(doors_.tab.LblFD.caption()));
+  const int zone = Number(Trim(doors_.tab.LblFD.caption()));
   if (zone < 1 || zone > kZones) {
     doors_.boxes.message("Укажите номер зоны пожара");
     return;

@@ -30,6 +30,7 @@ class Watch {
     const AlgorithmState& algorithms;
     const SettingsState& settings;
     const ZoneState& zones;
+    const FilesState& files;
     const SourceState& sources;
     const MessageState& messages;
     const LinkState& link;
@@ -82,7 +83,7 @@ class Watch {
     std::array<bool, 2> card_fails{}, card_missing{};
     int silent_seconds = 0;  // without a poll
     bool timer_off = false, control_off = false, player_off = false;
-    int names_edition = 0;
+    int names_edition = 0, files_edition = 0;
     bool operator==(const Findings&) const = default;
   };
 

@@ -76,6 +76,12 @@ std::vector<WatchLine> Watch::told() const {
   tell(kWarning, f.no_sound == NoSound::kNoVolume, plainly("Громкость компьютера 0: оповещение не звучит"));
   for (std::size_t card = 0; card < f.card_fails.size(); ++card)
     tell(kWarning, f.card_fails[card], [&] { return join("Карта ввода не отвечает: ", kCardZones[card]); });
+  for (const CutFile& file : doors_.files.cut_files) {
+    tell(kWarning, file.cut, [&] { return join("Файл ", file.name(), " прочитан не до конца"); });
+    tell(kWarning, file.kept, [&] {
+      return join("Файл ", file.name(), " был прочитан не до конца, прежний: ", file.name(), kKeptEnding);
+    });
+  }
   tell(kWarning, f.silent_seconds > 0,
        [&] { return join("Нет опроса от контроллера: ", time_text(f.silent_seconds)); });
 

@@ -34,7 +34,7 @@ void ZoneGroups::toggle_group(bool& on, Button& button, Chosen chosen) {
 }
 
 bool ZoneGroups::computer_ready() {
-  if (Val(doors_.settings.SettingsLine[kBlockSource]) == 0)
+  if (Number(doors_.settings.SettingsLine[kBlockSource]) == 0)
     doors_.boxes.message("В настройках оповещения не выбран компьютер");
   else if (doors_.sources.ch_computer == 0)
     doors_.boxes.message("В настройках оборудования не выбран компьютер");

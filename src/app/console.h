@@ -34,7 +34,14 @@
 #include "player/track_removal.h"
 #include "player/volume.h"
 #include "store/alert_store.h"
-#include "supervision/clock_line.h"
+#include "store/data_folder.h"
+#include "supervision/auto_control.h"
+#include "supervision/clock.h"
+#include "supervision/scan_report.h"
+#include "supervision/status_file.h"
+#include "supervision/terminal_scan.h"
+#include "supervision/text_log.h"
+#include "supervision/zone_readback.h"
 
 namespace evac {
 
@@ -62,6 +69,7 @@ class Console {
   void wire_console();
   void wire_console_settings();
   void wire_sources();
+  void wire_supervision();
   void wire_alert();
   void wire_alert_settings();
   void wire_player();
@@ -82,11 +90,11 @@ class Console {
   SystemModel model_;
   Windows windows_;
   Forms forms_;
+  DataFolder data_folder_;
   Journal journal_;
   Link link_;
   ReplyWait reply_wait_;
   Dispatcher dispatcher_;
-  ClockLine clock_line_;
   Deck cd_deck_, mp3_deck_;
   Tuner tuner_;
   AudioMatrix audio_matrix_;
@@ -99,6 +107,14 @@ class Console {
   ZoneConsole zone_console_;
   TerminalConsole terminal_console_;
 
+  // Supervision.
+  TerminalScan terminal_scan_;
+  ScanReport scan_report_;
+  AutoControl auto_control_;
+  ZoneReadback zone_readback_;
+  StatusFile status_file_;
+  TextLog text_log_;
+  Clock clock_;
   // Player.
   ListPanels list_panels_;
   DriveSteps drive_steps_;

@@ -31,6 +31,8 @@ void Console::load() {
   register_cards();
   paint_legends();
   audio_matrix_.choose_defaults();
+  terminal_scan_.start();
+  clock_.start();
   journal_.JournalLine("Программа загружена");
 
   watch_.begin();
@@ -64,8 +66,8 @@ void Console::open_port() {
 }
 
 void Console::load_settings() {
-  alert_store_.LoadAlgorithms();
-  alert_store_.LoadSettings();
+  alert_settings_.load_algorithms();
+  alert_settings_.load_settings();
   terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
   zone_settings_.LoadZoneSettings();
   equipment_.load(EquipmentSettings::Reading::kAtStart);
@@ -80,16 +82,12 @@ void Console::load_settings() {
 
 void Console::take_alert_settings() {
   const auto& line = model_.settings.SettingsLine;
-  model_.alert.al_rep = ClampedNumber(line[kBlockPlays]);
-  model_.alert.man_rep = ClampedNumber(line[kManualPlays]);
+  model_.alert.al_rep = Number(line[kBlockPlays]);
+  model_.alert.man_rep = Number(line[kManualPlays]);
   if (const int plays = model_.alert.man_rep; plays > 0 && plays < 101) forms_.form1.VS1.set_value(plays);
-  auto& supervision = model_.supervision;
-  supervision.NextCheck = later_in_day(second_of_day(machine_.loop.wall()), scan_period(model_.settings));
-  supervision.auto_mode = ClampedNumber(line[kAutoControl]) != 0;
-  forms_.form1.CmdZ.set_picture(supervision.auto_mode ? picture::kSwitchOn : picture::kSwitchOff);
-  forms_.form1.CmdZ.set_caption(supervision.auto_mode ? "ВКЛ" : "ВЫКЛ");
+  auto_control_.start();
   forms_.form1.Timer14.set_enabled(line[kRemoteControl] == "1");
-  if (!line[kScanCycles].empty()) supervision.TermMissLimit = ClampedNumber(line[kScanCycles]);
+  if (!line[kScanCycles].empty()) model_.supervision.TermMissLimit = Number(line[kScanCycles]);
   forms_.form1.CmdDem.set_enabled(line[kManualStart] == "1");
 }
 

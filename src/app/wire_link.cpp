@@ -1,4 +1,4 @@
-// The line, the clock and the menu.
+// The line and the menu.
 #include "app/console.h"
 
 namespace evac {
@@ -8,7 +8,6 @@ void Console::wire_link() {
   link_.frame_received = [this] { dispatcher_.dispatch(); };
   reply_wait_.answer = [this] { dispatcher_.answer_poll(); };
   forms_.form1.Timer1.tick = [this] { reply_wait_.tick(); };
-  forms_.form1.Timer3.tick = [this] { clock_line_.tick(); };
 }
 
 void Console::wire_menu() {

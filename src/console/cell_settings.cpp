@@ -5,7 +5,6 @@
 #include "console/channel_colors.h"
 #include "model/text.h"
 #include "platform/windows.h"
-#include "store/record_number.h"
 #include "store/settings_files.h"
 
 namespace evac {
@@ -62,10 +61,13 @@ void CellSettings::leave() {
   cells_.window.windows().hide(cells_.window);
 }
 
-int CellSettings::load(const std::string& path) {
+int CellSettings::load(std::string_view file) {
+  std::vector<CellRecord> records;
+  // A file that can't be read ends the load silently: what was loaded before stays.
+  (void)read_cells(folder_, file, count(), records);
   int highest_on = 0;
   int i = 0;
-  for (const auto& record : read_cells(files_, path, count())) {
+  for (const auto& record : records) {
     ++i;
     const bool on = !record.label.empty();
     if (cells_.in_use) (*cells_.in_use)[i] = on;
@@ -80,14 +82,12 @@ int CellSettings::load(const std::string& path) {
     highest_on = i;
     cell(i).set_caption(record.label);
     show_on(i);
-    const auto channel = record_number16(record.channel);
-    if (!channel) break;
-    cells_.used[i] = *channel;
+    cells_.used[i] = record.channel;
   }
   return highest_on;
 }
 
-int CellSettings::save(const std::string& path) {
+int CellSettings::save(std::string_view file) {
   int highest_on = 0;
   std::vector<CellRecord> records(static_cast<std::size_t>(count()));
   for (int i = 1; i <= count(); ++i) {
@@ -106,10 +106,11 @@ int CellSettings::save(const std::string& path) {
     button.set_caption(record.label);
     const std::int16_t channel = cells_.working[i];
     if (channel < 1 || channel == kSwitchedOff) continue;
-    record.channel = std::to_string(channel);
+    record.channel = channel;
     cells_.used[i] = channel;
   }
-  write_cells(files_, path, records);
+  // What can't be written holds in the windows and in the model all the same, with no message.
+  (void)write_cells(folder_, file, records);
   return highest_on;
 }
 

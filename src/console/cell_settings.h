@@ -6,7 +6,7 @@
 #include <span>
 
 #include "console/cell_window.h"
-#include "platform/files.h"
+#include "store/data_folder.h"
 
 namespace evac {
 
@@ -39,8 +39,8 @@ class CellSettings {
     bool buttons_follow_file;               // not only a save, but a load too sets the buttons
   };
 
-  CellSettings(const Cells& cells, PaintState& paint, Files& files)
-      : cells_(cells), paint_(paint), files_(files) {}
+  CellSettings(const Cells& cells, PaintState& paint, DataFolder& folder)
+      : cells_(cells), paint_(paint), folder_(folder) {}
 
   int count() const { return cells_.window.Lbl.last(); }
   Label& cell(int i) { return cells_.window.Lbl[i]; }
@@ -52,14 +52,14 @@ class CellSettings {
 
   // Fills cells and channels in use; an empty file changes nothing. Returns the highest cell that is on, 0
   // when none was read.
-  int load(const std::string& path);
+  int load(std::string_view file);
   // The same number, of the cells saved.
-  int save(const std::string& path);
+  int save(std::string_view file);
 
  private:
   const Cells cells_;
   PaintState& paint_;
-  Files& files_;
+  DataFolder& folder_;
   int menu_cell_ = 0;  // that the menu came up for; 0 before the first time
 };
 

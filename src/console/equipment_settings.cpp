@@ -6,7 +6,6 @@
 #include "console/source_names.h"
 #include "model/text.h"
 #include "platform/windows.h"
-#include "store/record_number.h"
 
 namespace evac {
 namespace {
@@ -30,59 +29,50 @@ void EquipmentSettings::open() {
 }
 
 void EquipmentSettings::load(Reading reading) {
-  clear_sources();
-  const auto records = read_equipment(doors_.files, doors_.settings);
+  std::optional<EquipmentRecords> records;
+  const FileError error = read_equipment(doors_.folder, records);
+  if (error == kNoError) clear_sources();
   if (!records) {
-    for (auto& combo : doors_.form.Combo1) fill(combo, Form22::kSources[0]);
+    for (auto& combo : doors_.form.Combo1)
+      if (error == kNoError || combo.rows().empty()) fill(combo, Form22::kSources[0]);
     return;
   }
-  for (int i = 0; i < kSourceRows; ++i)
-    if (!read_row(i, records->rows[static_cast<std::size_t>(i)], reading)) return;
+  for (int i = 0; i < kSourceRows; ++i) show_row(i, records->rows[static_cast<std::size_t>(i)], reading);
   const auto open_port = reading == Reading::kAtStart ? &SerialPort::open : &SerialPort::reopen;
-  if (records->port == "1") {
+  if (records->port == 1) {
     use_port(1, open_port);
     doors_.form.Opt1.set_value(true);
-  } else if (records->port == "2") {
+  } else if (records->port == 2) {
     use_port(2, open_port);
     doors_.form.Opt2.set_value(true);
   }
   for (int n = 1; n <= kSequencers; ++n)
-    if (!read_outlets(n, records->outlets[static_cast<std::size_t>(n - 1)])) return;
+    show_outlets(n, records->outlets[static_cast<std::size_t>(n - 1)].value_or(0));
 }
 
-bool EquipmentSettings::read_row(int i, const EquipmentRecords::Row& row, Reading reading) {
+void EquipmentSettings::show_row(int i, const EquipmentRecords::Row& row, Reading reading) {
   fill(doors_.form.Combo1[i], row.source);
   show_source(i);
-  if (!row.volume.empty()) {
-    const auto volume = record_number16(row.volume);
-    if (!volume) return false;
-    doors_.form.VS_Z[i].set_value(*volume);
+  if (row.volume) {
+    doors_.form.VS_Z[i].set_value(*row.volume);
     show_volume(i);
     if (reading == Reading::kAtStart) set_volume_bar(i);
   }
-  if (!row.output.empty()) {
-    const auto output = record_number16(row.output);
-    if (!output) return false;
-    doors_.form.VS_N[i].set_value(*output);
-  }
+  if (row.output) doors_.form.VS_N[i].set_value(*row.output);
   take_source(i);
-  return true;
 }
 
-bool EquipmentSettings::read_outlets(int n, const std::string& text) {
-  const auto mask = record_number32(text);
-  if (!mask) return false;
-  doors_.power.SeqSavedMask[n] = *mask;
-  for (int outlet = 0; outlet < kOutlets; ++outlet) doors_.form.Chk(n)[outlet].set_value(*mask >> outlet & 1);
-  return true;
+void EquipmentSettings::show_outlets(int n, int mask) {
+  doors_.power.SeqSavedMask[n] = mask;
+  for (int outlet = 0; outlet < kOutlets; ++outlet) doors_.form.Chk(n)[outlet].set_value(mask >> outlet & 1);
 }
 
 void EquipmentSettings::save() {
   EquipmentRecords records;
   clear_sources();
   for (int i = 0; i < kSourceRows; ++i) {
-    records.rows[static_cast<std::size_t>(i)] = {doors_.form.Combo1[i].text(), doors_.form.LblZ[i].caption(),
-                                                 doors_.form.LblN[i].caption()};
+    records.rows[static_cast<std::size_t>(i)] = {doors_.form.Combo1[i].text(), doors_.form.VS_Z[i].value(),
+                                                 doors_.form.VS_N[i].value()};
     show_source(i);
     show_volume(i);
     set_volume_bar(i);
@@ -91,14 +81,15 @@ void EquipmentSettings::save() {
   if (doors_.form.Opt1.value() || doors_.form.Opt2.value()) {
     const int number = doors_.form.Opt1.value() ? 1 : 2;
     use_port(number, &SerialPort::open);
-    records.port = std::to_string(number);
+    records.port = number;
   }
   for (int n = 1; n <= kSequencers; ++n) {
     int mask = 0;
     for (int outlet = 0; outlet < kOutlets; ++outlet) mask |= doors_.form.Chk(n)[outlet].value() << outlet;
-    records.outlets[static_cast<std::size_t>(n - 1)] = std::to_string(mask);
+    records.outlets[static_cast<std::size_t>(n - 1)] = mask;
   }
-  write_equipment(doors_.files, doors_.settings, records);
+  if (const FileError error = write_equipment(doors_.folder, records))
+    doors_.boxes.message(write_fault(kEquipmentFile, error));
 }
 
 void EquipmentSettings::show_cards() {

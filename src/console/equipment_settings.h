@@ -14,14 +14,14 @@ class EquipmentSettings {
   struct Doors {
     SourceState& sources;
     PowerState& power;
-    const SettingsState& settings;
-    Files& files;
+    DataFolder& folder;
     SerialPort& port;
     Form22& form;
     TerminalsTab& terminals_tab;
     SourcesTab& sources_tab;
     std::array<ChannelLegend*, 2> legends;  // of the windows of zones and of terminals
     const AlertState& alert;
+    Boxes& boxes;
   };
   explicit EquipmentSettings(const Doors& doors) : doors_(doors) {}
 
@@ -31,16 +31,17 @@ class EquipmentSettings {
   // window that shows what is there a lost line. The operator's volume bars follow at the start alone.
   enum class Reading { kAtStart, kByWindow };
   // Reads the file into the window and the model; closes the port and opens the one that the file names. A
-  // number that does not fit ends it silently.
+  // damaged number leaves its field as it is, a file that can't be read leaves everything.
   void load(Reading reading);
   // Command1. The port is opened before the file is touched, so that one that cannot be opened is never kept.
+  // What can't be written is told in a box; the window and the model keep what was settled.
   void save();
 
  private:
   // Indicators of the digital-input cards.
   void show_cards();
-  bool read_row(int i, const EquipmentRecords::Row& row, Reading reading);
-  bool read_outlets(int n, const std::string& text);
+  void show_row(int i, const EquipmentRecords::Row& row, Reading reading);
+  void show_outlets(int n, int mask);
   void show_source(int i);
   void show_volume(int i);
   void set_volume_bar(int i);

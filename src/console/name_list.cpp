@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::string_view kTab = "\t";
 
-double number_of(const std::string& line) {
-  return Val(line.substr(0, line.find(kTab)));
+int number_of(const std::string& line) {
+  return Number(line.substr(0, line.find(kTab)));
 }
 
 // What stands behind the first tab; the whole of a line without one.
@@ -29,8 +29,11 @@ void NameList::open() {
 
 void NameList::load() {
   doors_.window.List1.clear();
+  std::vector<std::string> lines;
+  // A file that can't be read ends the load silently.
+  (void)read_names(doors_.folder, doors_.file, lines);
   int record = 0;
-  for (const auto& line : read_names(doors_.files, doors_.file(doors_.settings))) {
+  for (const auto& line : lines) {
     ++record;
     if (line.empty()) continue;
     doors_.window.List1.add(line);
@@ -67,7 +70,8 @@ void NameList::remove() {
 
 void NameList::save() {
   const auto& lines = doors_.window.List1.rows();
-  if (write_names(doors_.files, doors_.file(doors_.settings), lines) != kNoError) return;
+  // A save that fails ends silently; the list keeps its lines.
+  if (write_names(doors_.folder, doors_.file, lines) != kNoError) return;
   int place = 0;
   for (const auto& line : lines) show_name(++place, line);
   keep();
@@ -76,8 +80,7 @@ void NameList::save() {
 void NameList::sort() {
   std::map<int, std::string> slots;
   for (const auto& line : doors_.window.List1.rows())
-    if (const double number = number_of(line); number >= 1 && number <= kMostLines)
-      slots[static_cast<int>(number)] = line;
+    if (const int number = number_of(line); number >= 1 && number <= kMostLines) slots[number] = line;
   doors_.window.List1.clear();
   for (const auto& [number, line] : slots) doors_.window.List1.add(line);
 }
@@ -91,7 +94,8 @@ void NameList::keep() {
   if (!doors_.kept) return;
   doors_.kept->by_number.clear();
   for (const auto& line : doors_.window.List1.rows())
-    doors_.kept->by_number[static_cast<int>(number_of(line))] = name_of(line);
+    if (const double number = number_of(line); number >= 1 && number <= kMostLines)
+      doors_.kept->by_number[static_cast<int>(number)] = name_of(line);
   ++doors_.kept->edition;
 }
 

@@ -3,19 +3,18 @@
 #pragma once
 
 #include "console/name_window.h"
-#include "model/system_model.h"
 #include "platform/machine.h"
+#include "store/data_folder.h"
 
 namespace evac {
 
 class NameList {
  public:
   struct Doors {
-    const SettingsState& settings;
-    Files& files;
+    DataFolder& folder;
     Boxes& boxes;
     NameWindow& window;
-    std::string (*file)(const SettingsState&);
+    std::string_view file;  // by its name in the data folder
     ControlArray<Button>* shown_at;
     NumberedNames* kept = nullptr;  // the list as last loaded or saved, for who needs it
   };

@@ -13,14 +13,14 @@ TerminalSettings::TerminalSettings(const Doors& doors)
                     doors.tab.CmdAT,
                     nullptr,
                     true},
-                   doors.paint, doors.files),
+                   doors.paint, doors.folder),
       doors_(doors) {}
 
 void TerminalSettings::LoadTermSettings(int n) {
   // A preset without a file has no terminal on; a file puts on what it has.
   for (int t = 1; t <= count(); ++t)
     if (is_on(t)) show_off(t);
-  doors_.terminals.term_count = static_cast<std::int16_t>(load(preset_file(doors_.settings, n)));
+  doors_.terminals.term_count = static_cast<std::int16_t>(load(preset_file(n)));
 }
 
 void TerminalSettings::ShowTermChannels() {
@@ -45,8 +45,8 @@ void TerminalSettings::open() {
 }
 
 void TerminalSettings::save() {
-  doors_.terminals.term_count = static_cast<std::int16_t>(
-      CellSettings::save(preset_file(doors_.settings, doors_.terminals.term_file_no)));
+  doors_.terminals.term_count =
+      static_cast<std::int16_t>(CellSettings::save(preset_file(doors_.terminals.term_file_no)));
 }
 
 void TerminalSettings::choose_preset() {

@@ -13,9 +13,8 @@ class TerminalSettings : public CellSettings {
  public:
   struct Doors {
     TerminalState& terminals;
-    const SettingsState& settings;
     PaintState& paint;
-    Files& files;
+    DataFolder& folder;
     Form55& form;
     TerminalsTab& tab;
     NameList& names;

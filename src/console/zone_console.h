@@ -35,10 +35,10 @@ class ZoneConsole {
   void send_all();
   // CmdGr2 and CmdGrK: each row takes its channel's volume from these labels.
   void take_volumes(const ControlArray<Label>& volumes);
-
- private:
+  // The row with that channel, and its switch in the channel's colour.
   void show_channel(int z, int channel);
 
+ private:
   const Doors doors_;
 };
 

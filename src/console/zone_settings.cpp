@@ -13,11 +13,11 @@ ZoneSettings::ZoneSettings(const Doors& doors)
                     doors.tab.CmdAZ,
                     &doors.zones.in_use,
                     false},
-                   doors.paint, doors.files),
+                   doors.paint, doors.folder),
       doors_(doors) {}
 
 void ZoneSettings::LoadZoneSettings() {
-  load(zone_file(doors_.settings));
+  load(kZoneFile);
 }
 
 void ZoneSettings::open() {
@@ -34,7 +34,7 @@ void ZoneSettings::open() {
 }
 
 void ZoneSettings::save() {
-  CellSettings::save(zone_file(doors_.settings));
+  CellSettings::save(kZoneFile);
 }
 
 }  // namespace evac

@@ -13,9 +13,8 @@ class ZoneSettings : public CellSettings {
  public:
   struct Doors {
     ZoneState& zones;
-    const SettingsState& settings;
     PaintState& paint;
-    Files& files;
+    DataFolder& folder;
     Form33& form;
     ZonesTab& tab;
     NameList& names;

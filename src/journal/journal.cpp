@@ -17,6 +17,7 @@ void Journal::JournalLine(std::string_view text) {
 }
 
 void Journal::append(const std::string& path, const std::string& line) {
+  // A line that is lost stops nobody.
   if (doors_.files.append(path, to_code_page(line) + "\r\n") == kNoError) written(line);
 }
 

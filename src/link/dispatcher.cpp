@@ -59,6 +59,7 @@ void Dispatcher::dispatch() {
       break;
     default:
       doors_.wait.data_came();
+      if (doors_.wait.scan() == ReplyWait::Scan::kData) doors_.link.leave_rest();
   }
   if (++doors_.state.status_line_count >= kLineLife) {
     doors_.strip.Picture2.clear();

@@ -57,31 +57,34 @@ void Link::reset_receiver() {
 }
 
 void Link::receive() {
-  while (const auto byte = doors_.port.read())
-    if (take(*byte)) return;
+  rest_waits_ = false;
+  while (!rest_waits_) {
+    const auto byte = doors_.port.read();
+    if (!byte) return;
+    take(*byte);
+  }
 }
 
-bool Link::take(std::uint8_t byte) {
+void Link::take(std::uint8_t byte) {
   LinkState& state = doors_.state;
   switch (state.rx_state) {
     case 0:
-      if (byte != kSync) return false;
+      if (byte != kSync) return;
       state.r_frame[0] = kSync;
       state.rx_state = 1;
-      return false;
+      return;
     case 1:
       state.rx_count = 0;
       state.rx_state = byte == kSync ? 2 : 0;
       if (byte == kSync) state.r_frame[1] = kSync;
-      return false;
+      return;
     default: {
       const auto at = static_cast<std::size_t>(state.rx_count);
       state.r_frame[at + kSyncBytes] = byte;
       state.r_buf[at] = byte;
-      if (++state.rx_count < kBodyBytes) return false;
+      if (++state.rx_count < kBodyBytes) return;
       reset_receiver();
       frame_received();
-      return true;
     }
   }
 }
@@ -107,12 +110,12 @@ void Link::SendMatrix(const std::array<std::uint8_t, 4>& pairs) {
 }
 
 void Link::SendAllStop() {
-  doors_.state.alarm_zones_on = false;
+  note_alarm_zones(false);
   send(doors_.state.h_buf, kAllStop.command, kAllStop.data);
 }
 
 void Link::SendAlertStart() {
-  doors_.state.alarm_zones_on = true;
+  note_alarm_zones(true);
   for (const auto& frame : kAlertStart) send(doors_.state.h_buf, frame.command, frame.data);
 }
 
@@ -121,7 +124,7 @@ void Link::SendSeqPower(int code, int mask) {
 }
 
 void Link::SendAlarm9(bool on) {
-  if (!on) doors_.state.alarm_zones_on = false;
+  if (!on) note_alarm_zones(false);
   send(doors_.state.t_buf, kCmdAlarm9, {0, on ? kPowerOn : kPowerOff, 0, 0, 0});
 }
 
@@ -148,6 +151,10 @@ void Link::SendTime(int second_of_day) {
   send(doors_.state.t_buf, kCmdCalendar,
        {kTimeMark, ToByte(second_of_day / 3600), ToByte(second_of_day / 60 % 60), ToByte(second_of_day % 60),
         0});
+}
+
+void Link::note_alarm_zones(bool on) {
+  if (doors_.port.is_open()) doors_.state.alarm_zones_on = on;
 }
 
 void Link::send(Frame9& buffer, std::uint8_t command, const std::array<std::uint8_t, 5>& data) {

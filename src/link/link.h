@@ -29,11 +29,13 @@ class Link {
   void reset_receiver();
   // Called with each complete frame, while the machine is ready for the next one.
   Event<> frame_received;
-  // Takes what waits in the port's buffer up to the end of a frame. The rest is an event of its own, so that
-  // whoever waits for a frame sees it before the next one takes its place.
+  // Takes all that waits in the port's buffer.
   void receive();
-  // One byte through the receive machine; true when it was the last of a frame.
-  bool take(std::uint8_t byte);
+  // From `frame_received`: what is behind this frame is an event of its own, so that whoever waits for the
+  // frame sees it before the next one takes its place.
+  void leave_rest() { rest_waits_ = true; }
+  // One byte through the receive machine.
+  void take(std::uint8_t byte);
 
   // All of these fault with an overflow when an argument does not fit its byte; then nothing is sent.
   // Channel, volume and zone as numbers.
@@ -58,9 +60,12 @@ class Link {
   void SendTime(int second_of_day);
 
  private:
+  // A lost line switches nothing.
+  void note_alarm_zones(bool on);
   void send(Frame9& buffer, std::uint8_t command, const std::array<std::uint8_t, 5>& data);
 
   const Doors doors_;
+  bool rest_waits_ = false;
 };
 
 }  // namespace evac

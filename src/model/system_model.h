@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/bounded_array.h"
@@ -174,10 +175,15 @@ struct MessageState {
   std::string mp1_file;                     // the file that MP1 was given last
 };
 
+// By terminal, of the last pass of the scan: whether it gave a zone and a number of its own; and the passes
+// that it has missed in a row.
 struct SupervisionState {
-  bool auto_mode = false;
-  std::int32_t NextCheck = 0;  // time of day
+  bool ScanRunning = false;
+  BoundedArray<bool, 1, kTerminals> TermZoneOk, TermAddrOk;
+  BoundedArray<std::int16_t, 1, kTerminals> TermMissCount;
   std::int32_t TermMissLimit = 1;
+  bool auto_mode = false, ManualMode = false;
+  std::int32_t NextCheck = 0;  // time of day
 };
 
 struct TimerState {
@@ -223,6 +229,29 @@ struct CalendarState {
   Date journal_day{};  // day of the last header of the journal
 };
 
+// A file whose reading left records untaken that are not empty, the one that stopped it included.
+struct CutFile {
+  std::string file;   // in the data folder, "alarm\\f_al.dat"
+  bool cut = false;   // by the last reading
+  bool kept = false;  // a save behind a cut reading kept the file as it was then
+
+  // "f_al.dat", for the operator.
+  std::string_view name() const { return std::string_view(file).substr(file.rfind('\\') + 1); }
+};
+// What follows the name of a file that was kept.
+inline constexpr std::string_view kKeptEnding = ".bak";
+
+// Files that were once cut in this run of the program.
+struct FilesState {
+  CutFile* find(std::string_view file) {
+    for (auto& known : cut_files)
+      if (known.file == file) return &known;
+    return nullptr;
+  }
+  std::vector<CutFile> cut_files;
+  int edition = 0;  // grows with each change
+};
+
 struct SystemModel {
   LinkState link;
   ZoneState zones;
@@ -238,6 +267,7 @@ struct SystemModel {
   TimerState timer;
   PlayerState player;
   CalendarState calendar;
+  FilesState files;
 };
 
 }  // namespace evac

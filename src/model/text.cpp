@@ -1,9 +1,6 @@
 #include "model/text.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
-#include <limits>
 
 #include "model/fault.h"
 
@@ -52,35 +49,20 @@ std::string Trim(std::string_view text) {
   return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
 }
 
-double Val(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return 0;
-  text.remove_prefix(first);
-  if (text.front() == '+') text.remove_prefix(1);
-  // Only plain decimal notation counts: "inf" and "nan" are words here.
-  std::size_t end = !text.empty() && text.front() == '-' ? 1 : 0;
-  while (end < text.size() && (text[end] == '.' || (text[end] >= '0' && text[end] <= '9'))) ++end;
-  double value = 0;
-  const auto read = std::from_chars(text.data(), text.data() + end, value, std::chars_format::fixed);
-  if (read.ec == std::errc::result_out_of_range) return std::numeric_limits<double>::infinity();
-  return value;
+std::optional<int> LeadingNumber(std::string_view text) {
+  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
+  const bool minus = text.starts_with('-');
+  if (minus || text.starts_with('+')) text.remove_prefix(1);
+  if (text.empty() || !is_digit(text.front())) return {};
+  std::int64_t value = 0;
+  for (; !text.empty() && is_digit(text.front()); text.remove_prefix(1))
+    value = std::min<std::int64_t>(value * 10 + (text.front() - '0'), kMostNumber);
+  return static_cast<int>(minus ? -value : value);
 }
 
 int Number(std::string_view text) {
-  const double value = std::nearbyint(Val(text));
-  if (!(value >= -2147483648.0 && value <= 2147483647.0)) overflow();
-  return static_cast<int>(value);
-}
-
-int ClampedNumber(std::string_view text) {
-  constexpr double kMost = 1e9;
-  return static_cast<int>(std::clamp(std::nearbyint(Val(text)), -kMost, kMost));
-}
-
-int Number16(std::string_view text) {
-  const int value = Number(text);
-  if (value < -32768 || value > 32767) overflow();
-  return value;
+  return LeadingNumber(text).value_or(0);
 }
 
 std::uint8_t ToByte(int value) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,16 +19,13 @@ std::string Mid(std::string_view text, int start, int count);
 int InStr(std::string_view text, std::string_view part);
 // The text without blanks at both ends (other white space stays).
 std::string Trim(std::string_view text);
-// Value of the leading number: blanks and tabs before it are passed over, a sign and a fraction are taken. 0
-// when there is none, infinity when it is beyond all bounds.
-double Val(std::string_view text);
-// Val rounded to the nearest whole number, ties to even; an overflow fault outside 32 bits.
+// What a number in a text comes to at most, either way: small sums of such numbers still fit.
+inline constexpr int kMostNumber = 1'000'000'000;
+// The whole number at the head of the text, from -kMostNumber to kMostNumber: blanks and tabs before it are
+// passed over, a sign is taken, a fraction is cut off. None when no digit stands there.
+std::optional<int> LeadingNumber(std::string_view text);
+// The same, 0 when there is none. Whatever a file holds, this is no fault.
 int Number(std::string_view text);
-// The same for text out of a file that may be damaged: what is too large either way counts as a thousand
-// million, so that no fault comes and small sums of such numbers still fit.
-int ClampedNumber(std::string_view text);
-// Number for a 16-bit field: an overflow fault outside -32768..32767.
-int Number16(std::string_view text);
 // A whole number as a byte; an overflow fault outside 0..255.
 std::uint8_t ToByte(int value);
 

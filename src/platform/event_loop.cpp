@@ -13,8 +13,6 @@ using std::chrono::milliseconds;
 // comes early by the jitter of the machine still falls into its second.
 constexpr int kSecondTimer = 1000;
 constexpr milliseconds kSecondPhase{10};
-// After a tick out of phase the next one in phase may follow sooner than a second, but not sooner than this.
-constexpr milliseconds kLeastGap{100};
 
 // Keeps the number of the innermost event for as long as it runs, however it ends.
 class Innermost {
@@ -88,11 +86,11 @@ void EventLoop::disarm(Timer& timer) {
 }
 
 std::size_t EventLoop::oldest_timer() const {
+  // They stand in the order in which they were switched on, and of those that are due at one moment the first
+  // ticks first: so two timers of one interval keep their order, whatever the phases in which they began.
   std::size_t oldest = 0;
-  for (std::size_t i = 1; i < timers_.size(); ++i) {
-    const Armed &a = timers_[i], &b = timers_[oldest];
-    if (a.due < b.due || (a.due == b.due && a.order < b.order)) oldest = i;
-  }
+  for (std::size_t i = 1; i < timers_.size(); ++i)
+    if (timers_[i].due < timers_[oldest].due) oldest = i;
   return oldest;
 }
 
@@ -107,9 +105,7 @@ Instant EventLoop::tick_after(const Armed& armed) const {
 Instant EventLoop::next_full_second(Instant now) const {
   const milliseconds second(kSecondTimer);
   const milliseconds into_second = host_.wall().time_since_epoch() % second;
-  milliseconds gap = kSecondPhase - into_second;
-  while (gap < kLeastGap) gap += second;
-  return now + gap;
+  return now + second - into_second + kSecondPhase;
 }
 
 }  // namespace evac

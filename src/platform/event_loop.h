@@ -69,7 +69,7 @@ class EventLoop {
 
   LoopHost& host_;
   std::deque<Posted> posted_;  // the next one first
-  std::vector<Armed> timers_;
+  std::vector<Armed> timers_;  // in the order in which they were switched on
   std::uint64_t order_ = 0;
   std::uint64_t running_ = 0, begun_ = 0;
 };

@@ -18,6 +18,32 @@ bool fits(std::string_view name, std::string_view pattern) {
 
 }  // namespace
 
+std::string_view words_of(FileError error) {
+  switch (error) {
+    case kNoError:
+      return "нет ошибки";
+    case kFileSubscript:
+      return "номер вне таблицы";
+    case kFileNotFound:
+      return "файл не найден";
+    case kDeviceError:
+      return "сбой устройства";
+    case kFileExists:
+      return "файл уже есть";
+    case kDiskFull:
+      return "нет места на диске";
+    case kPermissionDenied:
+      return "нет прав доступа";
+    case kDriveNotReady:
+      return "диск не готов";
+    case kPathFileAccess:
+      return "на этом месте папка";
+    case kPathNotFound:
+      return "папка не найдена";
+  }
+  return "неизвестная ошибка";
+}
+
 bool matches_pattern(std::string_view name, std::string_view patterns) {
   const std::string low_name = lower_case(name), low = lower_case(patterns);
   std::string_view rest = low;

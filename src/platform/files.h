@@ -10,36 +10,31 @@
 
 namespace evac {
 
-// Numbers of file errors as the system prints them; 0 is none.
-enum FileError : int {
-  kNoError = 0,
-  kFileOverflow = 6,   // a number in a file that does not fit its field
-  kFileSubscript = 9,  // a number in a file that lies outside its table
-  kFileNotFound = 53,
-  kDeviceError = 57,
-  kFileExists = 58,
-  kDiskFull = 61,
-  kPermissionDenied = 70,
-  kDriveNotReady = 71,
-  kPathFileAccess = 75,
-  kPathNotFound = 76
-};
+// How a file operation ended, in the numbers that the system prints. No caller can overlook one: who has no
+// use for it says so with (void), and why.
+enum [[nodiscard]] FileError : int{kNoError = 0,
+                                   kFileSubscript = 9,  // a number in a file that lies outside its table
+                                   kFileNotFound = 53,   kDeviceError = 57,      kFileExists = 58,
+                                   kDiskFull = 61,       kPermissionDenied = 70, kDriveNotReady = 71,
+                                   kPathFileAccess = 75, kPathNotFound = 76};
+// What the operator is told of it, such as "нет места на диске".
+std::string_view words_of(FileError error);
 
 class Files {
  public:
   virtual ~Files() = default;
 
-  virtual int read(std::string_view path, std::string& bytes) = 0;
+  virtual FileError read(std::string_view path, std::string& bytes) = 0;
   // The last `count` bytes; all of a shorter file.
-  virtual int read_end(std::string_view path, std::size_t count, std::string& bytes) = 0;
+  virtual FileError read_end(std::string_view path, std::size_t count, std::string& bytes) = 0;
   // The whole file, old or new: never a torn one, whenever the power goes. Creates it when it is missing.
-  virtual int replace(std::string_view path, std::string_view bytes) = 0;
+  virtual FileError replace(std::string_view path, std::string_view bytes) = 0;
   // In the file when it returns; it need not survive a power cut yet, so that a journal line does not wait
   // for the disk while zones are being switched. Creates the file when it is missing.
-  virtual int append(std::string_view path, std::string_view bytes) = 0;
-  virtual int remove(std::string_view path) = 0;
-  virtual int copy(std::string_view from, std::string_view to) = 0;
-  virtual int make_folder(std::string_view path) = 0;
+  virtual FileError append(std::string_view path, std::string_view bytes) = 0;
+  virtual FileError remove(std::string_view path) = 0;
+  virtual FileError copy(std::string_view from, std::string_view to) = 0;
+  virtual FileError make_folder(std::string_view path) = 0;
 
   virtual bool is_file(std::string_view path) = 0;
   virtual bool is_folder(std::string_view path) = 0;

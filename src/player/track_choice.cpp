@@ -29,7 +29,7 @@ void TrackChoice::jump(MousePress press) {
     tab.CmdListMP.set_back_color(Color::kButtonFace);
     return;
   }
-  const int number = ClampedNumber(tab.TxtNzMp.text());
+  const int number = Number(tab.TxtNzMp.text());
   if (number < 1 || number > player.mp_cnt()) {
     doors_.boxes.message(join("Введите значение от 1 до ", player.mp_cnt()), "!!!");
     tab.TxtNzMp.set_focus();

@@ -9,6 +9,10 @@ namespace {
 
 constexpr double kTail = 1;  // seconds that a play takes beyond its file
 
+WallTime full_second(WallTime time) {
+  return std::chrono::floor<std::chrono::seconds>(time);
+}
+
 }  // namespace
 
 std::optional<int> FollowedMessage::play(std::string_view file) {
@@ -18,9 +22,10 @@ std::optional<int> FollowedMessage::play(std::string_view file) {
   if (!opened_) return {};
   doors_.media.play();
   ++plays_;
-  started_ = second_of_day(doors_.loop.wall());
   const double length = doors_.media.duration() + kTail;
-  end_in(static_cast<int>(std::floor(length + 0.5)));
+  const auto seconds = static_cast<int>(std::floor(length + 0.5));
+  end_in(seconds);
+  ends_ = full_second(doors_.loop.wall()) + std::chrono::seconds(seconds);
   return static_cast<int>(length);
 }
 
@@ -29,8 +34,7 @@ int FollowedMessage::left() const {
 }
 
 bool FollowedMessage::overdue() const {
-  const bool behind_midnight = doors_.end < started_ && second_of_day(doors_.loop.wall()) >= started_;
-  return left() < -1 && !behind_midnight;
+  return ends_ && full_second(doors_.loop.wall()) - *ends_ > std::chrono::seconds(1);
 }
 
 void FollowedMessage::end_in(int seconds) {

@@ -30,10 +30,14 @@ class FollowedMessage {
   int left() const;
   // Whether the last play could be opened; so it is before the first one, and once the outcome is forgotten.
   bool opened() const { return opened_; }
-  void forget_outcome() { opened_ = true; }
+  void forget_outcome() {
+    opened_ = true;
+    ends_.reset();
+  }
   // Plays that could be opened, so far.
   int plays() const { return plays_; }
-  // The second of the end has passed unseen: it is more than a second ago, and does not lie behind midnight.
+  // The second of the last play's end has passed unseen: by the calendar and the clock it is more than a
+  // second ago. Its time of day comes round again only the next day.
   bool overdue() const;
   // Sets the end so many seconds from now, whatever plays.
   void end_in(int seconds);
@@ -42,7 +46,7 @@ class FollowedMessage {
   const Doors doors_;
   bool opened_ = true;
   int plays_ = 0;
-  int started_ = 0;  // time of day of the last play
+  std::optional<WallTime> ends_;  // the end of the last play that opened, with its date
 };
 
 // Path of a file in the folder "message".

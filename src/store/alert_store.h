@@ -1,13 +1,12 @@
 // The alert's files in the folder "alarm": the thirteen settings lines, the steps of the algorithms, and
-// their readable print. A missing file is created and reads as empty; one that can't be read or written is
-// told in a box.
+// their readable print. A missing file is created and reads as empty.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "model/system_model.h"
-#include "platform/machine.h"
+#include "store/data_folder.h"
 
 namespace evac {
 
@@ -19,27 +18,27 @@ class AlertStore {
   struct Doors {
     SettingsState& settings;
     AlgorithmState& algorithms;
-    Files& files;
-    Boxes& boxes;
+    DataFolder& folder;
   };
   explicit AlertStore(const Doors& doors) : doors_(doors) {}
 
   // Fills every settings line; one that was never written becomes empty. A file that can't be read leaves the
   // lines as they were.
-  void LoadSettings();
-  void SaveSettings();
+  FileError LoadSettings();
+  FileError SaveSettings();
 
   // Empties the table and fills it from the file. A number of an algorithm below the one before ends the
-  // reading silently; a number or a step outside the table ends it with a read fault.
-  void LoadAlgorithms();
+  // reading with no error; a number or a step outside the table ends it with kFileSubscript.
+  FileError LoadAlgorithms();
   // Writes all lines, and puts them into the table, which is not emptied before: a step that is no longer
-  // among the lines stays until the next load. More steps than the table holds are a write fault, and nothing
-  // is written.
-  void SaveAlgorithms(const AlgorithmLines& lines);
+  // among the lines stays until the next load. Of more steps than the table holds nothing is written:
+  // kFileSubscript.
+  FileError SaveAlgorithms(const AlgorithmLines& lines);
 
-  // Writes the print of the table, and returns its lines.
-  std::vector<std::string> PrintAlgorithms();
-  std::string print_path() const;
+  // Writes the print of the table, the file kPrintFile, and gives its lines.
+  static constexpr std::string_view kPrintFile = "alarm\\f_alg";
+  FileError PrintAlgorithms(std::vector<std::string>& lines);
+  std::string print_path() const { return doors_.folder.path(kPrintFile); }
 
  private:
   const Doors doors_;

@@ -17,8 +17,8 @@ bool is_play_list(std::string_view name) {
   return name.starts_with(kPlayListName);
 }
 
-double play_list_number(std::string_view name) {
-  return Val(name.substr(kPlayListName.size()));
+int play_list_number(std::string_view name) {
+  return Number(name.substr(kPlayListName.size()));
 }
 
 std::vector<std::string> play_list_lines(std::string_view bytes) {

@@ -16,7 +16,7 @@ inline constexpr std::string_view kPlayListName = "Play-list";
 // Whether the file of that name counts as a saved list, wherever it stands; its name is told by letters.
 bool is_play_list(std::string_view name);
 // The number behind the name; 0 when there are no digits.
-double play_list_number(std::string_view name);
+int play_list_number(std::string_view name);
 
 // Lines end with CR LF; a lone CR or LF ends one too, and the last needs no end.
 std::vector<std::string> play_list_lines(std::string_view bytes);

@@ -6,38 +6,44 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/files.h"
+#include "store/data_folder.h"
 
 namespace evac {
 
 class RecordFile {
  public:
-  RecordFile(Files& files, std::string path, int record_length)
-      : files_(files), path_(std::move(path)), record_length_(record_length) {}
+  // `file` by its name in the data folder.
+  RecordFile(DataFolder& folder, std::string_view file, int record_length)
+      : folder_(folder), file_(file), record_length_(record_length) {}
 
-  // Returns the error number. A missing file is created empty. What can be read of a damaged record is its
-  // text: one that claims more than its record holds, or is cut off by the end of the file, gives what is
-  // there.
-  int load();
+  // A missing file is created empty. What can be read of a damaged record is its text: one that claims more
+  // than its record holds, or is cut off by the end of the file, gives what is there.
+  FileError load();
   // Records begun in the file, the last perhaps cut off.
   int count() const { return static_cast<int>(records_.size()); }
   bool empty() const { return records_.empty(); }
-  // The text of record n, from 1; empty past the end.
+  // The text of record n, from 1; empty past the end. Looking at it is not taking it.
   const std::string& text(int n) const;
+  const std::string& take(int n);
+  // Ends what load() began: the folder learns whether non-empty records were left untaken.
+  void end_reading();
 
-  // As if the file were emptied.
-  void clear() { records_.clear(); }
   // Sets record n; those before it that were never written are empty. What is longer than a record holds is
   // cut off.
   void put(int n, std::string_view text);
-  // Replaces the file; returns the error number.
-  int save();
+  // Replaces the file.
+  FileError save();
 
  private:
-  Files& files_;
-  const std::string path_;
+  struct Record {
+    std::string text;
+    bool taken = false;
+  };
+
+  DataFolder& folder_;
+  const std::string file_;
   const int record_length_;
-  std::vector<std::string> records_;
+  std::vector<Record> records_;
 };
 
 }  // namespace evac

@@ -1,5 +1,6 @@
 // The desktop on its line: the polls of the rack behind a real pseudo-terminal, a line that comes and goes, a
 // port that cannot be opened, frames that wait.
+#include <QAbstractButton>
 #include <QDialog>
 
 #include "desktop/stand.h"
@@ -49,16 +50,16 @@ TEST_F(Line, APollIsAnsweredUnderAModalWindowButHeldByABox) {
     });
   };
   poll_and_look([&] {
-    seen = window("Form2").isVisible();
+    seen = window(forms().form2).isVisible();
     reached_below = user::reaches(form1().CmdTW1[0]);
-    window("Form2").close();
+    window(forms().form2).close();
   });
   desktop->screen().act([this] { user::click(form1().M_o_p); });
   settle();
   EXPECT_TRUE(seen);
   EXPECT_FALSE(reached_below);
   EXPECT_EQ(answered_inside, 1);
-  EXPECT_FALSE(window("Form2").isVisible());
+  EXPECT_FALSE(window(forms().form2).isVisible());
 
   poll_and_look([] { dynamic_cast<QDialog&>(*QApplication::activeModalWidget()).accept(); });
   desktop->screen().act([this] { user::click(form1().M_op); });
@@ -74,13 +75,40 @@ TEST_F(Line, ALineThatComesAndGoesTwentyTimesIsTakenUpEachTime) {
     line_->unplug();
     ASSERT_TRUE(until([&] { return desktop->line().is_lost(); })) << time;
     EXPECT_TRUE(says("Линия потеряна: COM1")) << time;
+    settle();
+    EXPECT_EQ(widget(form1().PctD1)->accessibleName(), "Связь, неизвестно") << time;
     desktop->screen().act([this] { user::click(form1().Opt1[3]); });  // sent into nothing, no harm
     settle();
     line_->plug();
     ASSERT_TRUE(until([&] { return !desktop->line().is_lost(); })) << time;
     EXPECT_FALSE(says("Линия")) << time;
     ASSERT_TRUE(poll_is_answered()) << time;
+    settle();
+    EXPECT_EQ(widget(form1().PctD1)->accessibleName(), "Связь, да") << time;
   }
+}
+
+TEST_F(Line, SettingsOpenedWhileTheLineIsLostLeaveItLostAndItComesBack) {
+  desktop->start();
+  const auto press = [this](Control& control) {
+    return [this, &control] { widget<QAbstractButton>(control)->click(); };
+  };
+  work_modal([this] { user::click(form1().M_n_o); },
+             {press(forms().form22.Opt1), press(forms().form22.Command1), press(forms().form22.Command2)});
+  ASSERT_TRUE(poll_is_answered());
+  line_->unplug();
+  ASSERT_TRUE(until([&] { return desktop->line().is_lost(); }));
+  bool lost = false, said = false;
+  work_modal([this] { user::click(form1().M_n_z); }, {[&] {
+                                                        lost = desktop->line().is_lost();
+                                                        said = says("Линия потеряна: COM1");
+                                                      },
+                                                      press(forms().form33.Command3)});
+  EXPECT_TRUE(lost && said);
+  line_->plug();
+  ASSERT_TRUE(until([&] { return desktop->line().is_open(); }));
+  EXPECT_FALSE(says("Линия"));
+  EXPECT_TRUE(poll_is_answered());
 }
 
 TEST_F(Line, APortThatCannotBeOpenedAtStartIsAFaultWithItsNameAndAReason) {

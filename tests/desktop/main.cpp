@@ -2,10 +2,13 @@
 
 #include <QApplication>
 
+#include "desktop/view/dress.h"
+
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  evac::desktop::dress_application();
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

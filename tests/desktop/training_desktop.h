@@ -53,12 +53,23 @@ class TrainingDesktop : public ::testing::Test {
     EXPECT_EQ(next, steps.size());
   }
   Form1& form1() { return desktop->console().form1(); }
-  FormWindow& window(const char* form) {
-    return desktop->windows().window(*desktop->console().windows().find(form));
+  Forms& forms() { return desktop->console().forms(); }
+  FormWindow& window(Form& form) { return desktop->windows().window(form); }
+  FormWindow& main_window() { return window(form1()); }
+  // The main window at that size, with nothing left to be laid out.
+  void resize_main(int width, int height) {
+    main_window().showNormal();
+    main_window().resize(width, height);
+    QApplication::processEvents();
   }
+  // What shows the control and no other; of several the first.
   template <class Widget = QWidget>
-  Widget* widget(const char* form, const char* name) {
-    return window(form).findChild<Widget*>(QString::fromUtf8(form) + '.' + QString::fromUtf8(name));
+  Widget* widget(Control& control) {
+    window(control.form());
+    const QString own_name = qt(control.form().name() + "." + control.full_name());
+    for (Face* face : desktop->screen().faces(control))
+      if (face->widget().objectName() == own_name) return dynamic_cast<Widget*>(&face->widget());
+    return nullptr;
   }
   rack::Rack& rack() { return line_->rack(); }
 

@@ -19,7 +19,7 @@ class Bar : public TrainingDesktop {
     desktop->start();
     until([&] { return desktop->feed().looking(); });
   }
-  WatchBar& bar(const char* form) { return *window(form).findChild<WatchBar*>("watch"); }
+  WatchBar& bar(Form& form) { return *window(form).findChild<WatchBar*>("watch"); }
   void contact(int zone, bool closed) {
     line_->change([=](rack::Rack& rack) { rack.set_contact(zone, closed); });
   }
@@ -43,32 +43,37 @@ int rows_with(const QImage& picture, const QColor& color) {
 }
 
 TEST_F(Bar, BurnsInEveryWindowHighEnoughAndKeepsItsPlace) {
-  FormWindow& main = window("Form1");
-  main.resize(1280, 800);
+  resize_main(1280, 800);
   settle();
-  QTest::qWait(20);
-  const QRect calm = bar("Form1").geometry();
+  until([&] { return bar(form1()).height() == bar(form1()).sizeHint().height(); });
+  const QRect calm = bar(form1()).geometry();
   EXPECT_GE(calm.height(), 48);
-  EXPECT_GE(calm.width(), main.width() - 20) << "over the full width";
-  EXPECT_EQ(rows_with(bar("Form1").grab().toImage(), signal::kFire), 0);
+  EXPECT_GE(calm.width(), main_window().width() - 20) << "over the full width";
+  EXPECT_EQ(rows_with(bar(form1()).grab().toImage(), signal::kFire), 0);
   contact(7, true);
   ASSERT_TRUE(until([&] { return desktop->feed().burning(); }));
   settle();
-  for (const char* form : {"Form1", "Form22", "Form33", "Form5", "Form2"}) {
-    const QImage picture = bar(form).grab().toImage();
-    EXPECT_GT(rows_with(picture, signal::kFire), 40) << form;
-    EXPECT_GE(rows_with(picture, Qt::white), WatchBar::kLeastCapitals) << form;
+  for (Form* form : desktop->console().windows().forms()) {
+    const QImage picture = bar(*form).grab().toImage();
+    EXPECT_GT(rows_with(picture, signal::kFire), 40) << form->name();
+    EXPECT_GE(rows_with(picture, Qt::white), WatchBar::kLeastCapitals) << form->name();
   }
-  EXPECT_EQ(bar("Form1").geometry(), calm);
-  EXPECT_TRUE(bar("Form1").accessibleName().startsWith("ПОЖАР: зона 7"));
+  EXPECT_EQ(bar(form1()).geometry(), calm);
+  EXPECT_TRUE(bar(form1()).accessibleName().startsWith("ПОЖАР: зона 7"));
+  form1().PctA[7].set_picture(picture::kYes);
+  settle();
+  EXPECT_EQ(widget(form1().PctA[7])->accessibleName(), "Зона 7, пожар") << "whatever is painted on it";
+  form1().PctA[7].set_picture(picture::kNo);
   // A press brings the panel to the front.
   form1().SSTab1.set_value(4);
-  QTest::mouseClick(&bar("Form1"), Qt::LeftButton, {}, QPoint(30, 20));
+  QTest::mouseClick(&bar(form1()), Qt::LeftButton, {}, QPoint(30, 20));
   settle();
   EXPECT_EQ(form1().SSTab1.value(), 0);
   contact(7, false);
   ASSERT_TRUE(until([&] { return !desktop->feed().burning(); }));
-  EXPECT_EQ(rows_with(bar("Form1").grab().toImage(), signal::kFire), 0);
+  EXPECT_EQ(rows_with(bar(form1()).grab().toImage(), signal::kFire), 0);
+  settle();
+  EXPECT_EQ(widget(form1().PctA[7])->accessibleName(), "Зона 7, спокойно");
 }
 
 TEST_F(Bar, ABoxAnswersItselfWhenAContactClosesAndItsTextStays) {
@@ -84,7 +89,7 @@ TEST_F(Bar, ABoxAnswersItselfWhenAContactClosesAndItsTextStays) {
   ASSERT_TRUE(until([&] { return desktop->feed().burning(); }));
   ASSERT_EQ(desktop->notices().boxes().size(), 1);
   EXPECT_TRUE(desktop->notices().boxes().front().endsWith("Включить? — Нет"));
-  QTest::mouseClick(window("Form1").findChild<QPushButton*>("box note"), Qt::LeftButton);
+  QTest::mouseClick(main_window().findChild<QPushButton*>("box note"), Qt::LeftButton);
   EXPECT_TRUE(desktop->notices().boxes().isEmpty());
   // A contact that stays closed holds no later box off: it waits for its operator.
   bool up = false, yes = false;
@@ -99,11 +104,11 @@ TEST_F(Bar, ABoxAnswersItselfWhenAContactClosesAndItsTextStays) {
 }
 
 TEST_F(Bar, TheStopReachesTheAlertFromUnderAWindowAndABox) {
-  const auto chord = [this](const char* form) {
+  const auto chord = [this](Form& form) {
     QTest::keyClick(window(form).windowHandle(), Qt::Key_F12, Qt::ControlModifier);
   };
   work_modal([this] { user::click(form1().M_n_z); },
-             {[&] { chord("Form33"); },
+             {[&] { chord(forms().form33); },
               [this] {
                 EXPECT_TRUE(desktop->console().model().alert.fire_stop);
                 user::close(desktop->console().forms().form33);

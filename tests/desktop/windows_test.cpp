@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "platform/user.h"
+#include "store/algorithm_record.h"
 #include "training_desktop.h"
 
 namespace evac::desktop {
@@ -19,13 +20,13 @@ class SettingsWindows : public TrainingDesktop {
   std::function<void()> menu(MenuItem& item) {
     return [&item] { user::click(item); };
   }
-  std::function<void()> press(const char* form, const char* name) {
-    return [this, form, name] { widget<QAbstractButton>(form, name)->click(); };
+  std::function<void()> press(Control& control) {
+    return [this, &control] { widget<QAbstractButton>(control)->click(); };
   }
-  std::function<void()> double_press(const char* form, const char* name) {
-    return [this, form, name] {
-      QTest::mouseClick(widget(form, name), Qt::LeftButton);
-      QTest::mouseDClick(widget(form, name), Qt::LeftButton);
+  std::function<void()> double_press(Control& control) {
+    return [this, &control] {
+      QTest::mouseClick(widget(control), Qt::LeftButton);
+      QTest::mouseDClick(widget(control), Qt::LeftButton);
     };
   }
   QMenu* popup() { return dynamic_cast<QMenu*>(QApplication::activePopupWidget()); }
@@ -37,56 +38,56 @@ TEST_F(SettingsWindows, AZoneIsSwitchedOnAndPutOnAChannelByThePopUpMenu) {
   int entries = 0;
   work_modal(menu(form1().M_n_z),
              {[&] {
-                tip_off = widget("Form33", "Lbl(7)")->toolTip();
-                QTest::mouseClick(widget("Form33", "Lbl(7)"), Qt::RightButton);
+                tip_off = widget(forms().form33.Lbl[7])->toolTip();
+                QTest::mouseClick(widget(forms().form33.Lbl[7]), Qt::RightButton);
               },
-              [&] { menu_on_dark_cell = popup() != nullptr; }, double_press("Form33", "Lbl(7)"),
+              [&] { menu_on_dark_cell = popup() != nullptr; }, double_press(forms().form33.Lbl[7]),
               [&] {
-                tip_on = widget("Form33", "Lbl(7)")->toolTip();
-                QTest::mouseClick(widget("Form33", "Lbl(7)"), Qt::RightButton);
+                tip_on = widget(forms().form33.Lbl[7])->toolTip();
+                QTest::mouseClick(widget(forms().form33.Lbl[7]), Qt::RightButton);
               },
               [&] {
                 entries = static_cast<int>(popup()->actions().size());
                 popup()->actions().at(2)->trigger();
               },
-              press("Form33", "Command1"), press("Form33", "Command3")});
+              press(forms().form33.Command1), press(forms().form33.Command3)});
   EXPECT_EQ(tip_off, "ВЫКЛ");
   EXPECT_FALSE(menu_on_dark_cell);
   EXPECT_EQ(tip_on, "ВКЛ");
   EXPECT_EQ(entries, 5);
   EXPECT_EQ(desktop->console().model().zones.ZoneChan[7], 3);
-  EXPECT_FALSE(widget("Form1", "CmdAZ(8)")->isEnabled()) << "a zone that is off";
-  EXPECT_TRUE(widget("Form1", "CmdAZ(7)")->isEnabled());
+  EXPECT_FALSE(widget(form1().CmdAZ[8])->isEnabled()) << "a zone that is off";
+  EXPECT_TRUE(widget(form1().CmdAZ[7])->isEnabled());
 }
 
 TEST_F(SettingsWindows, SourcesAreChosenAndTheLegendFollows) {
   work_modal(menu(form1().M_n_o), {[&] {
-                                     auto* combo = widget<QComboBox>("Form22", "Combo1(2)");
+                                     auto* combo = widget<QComboBox>(forms().form22.Combo1[2]);
                                      combo->setCurrentIndex(combo->findText("Компьютер"));
                                      emit combo->activated(combo->currentIndex());
-                                     widget<QAbstractSlider>("Form22", "VS_Z(2)")->setValue(21);
+                                     widget<QAbstractSlider>(forms().form22.VS_Z[2])->setValue(21);
                                    },
-                                   press("Form22", "Command1"), [&] { window("Form22").close(); }});
+                                   press(forms().form22.Command1), [&] { window(forms().form22).close(); }});
   EXPECT_EQ(desktop->console().model().sources.ch_computer, 2);
   EXPECT_EQ(form1().Label2[2].caption(), "Компьютер");
-  EXPECT_EQ(widget("Form1", "LblZ(2)")->accessibleName(), "LblZ(2) Громкость канала");
+  EXPECT_EQ(widget(form1().TerminalsTab::LblZ[2])->accessibleName(), "Громкость канала 2, 21");
   EXPECT_EQ(form1().LblZ[2].caption(), "21");
 }
 
 TEST_F(SettingsWindows, NamesAreTypedAndAListIsNotChosenFromByAMereFocus) {
-  auto* names = dynamic_cast<NameWindow*>(desktop->console().windows().find("Form6"));
+  NameWindow* names = &forms().form6;
   int picks = 0;
   names->List1.click = [&] { ++picks; };
   const auto type = [&](const char* name) {
-    return [this, name] { QTest::keyClicks(widget<QLineEdit>("Form6", "Txt1"), QString::fromUtf8(name)); };
+    return [this, name] { QTest::keyClicks(widget<QLineEdit>(forms().form6.Txt1), QString::fromUtf8(name)); };
   };
-  const auto list = [&] { return widget<QListView>("Form6", "List1"); };
+  const auto list = [&] { return widget<QListView>(forms().form6.List1); };
   int picks_by_focus = -1, picked_row = -1;
   QString typed_left = "?";
   work_modal([&] { desktop->console().windows().show_modal(*names); },
-             {type("Lobby"), press("Form6", "CmdAdd"), type("Hall"), press("Form6", "CmdAdd"),
+             {type("Lobby"), press(forms().form6.CmdAdd), type("Hall"), press(forms().form6.CmdAdd),
               [&] {
-                typed_left = widget<QLineEdit>("Form6", "Txt1")->text();
+                typed_left = widget<QLineEdit>(forms().form6.Txt1)->text();
                 list()->setFocus();
               },
               [&] {
@@ -96,7 +97,7 @@ TEST_F(SettingsWindows, NamesAreTypedAndAListIsNotChosenFromByAMereFocus) {
               },
               [&] {
                 picked_row = names->List1.selected();
-                window("Form6").close();
+                window(forms().form6).close();
               }});
   EXPECT_EQ(names->List1.rows(), (std::vector<std::string>{"1\tLobby", "2\tHall"}));
   EXPECT_EQ(typed_left, "") << "emptied by the console";
@@ -105,13 +106,41 @@ TEST_F(SettingsWindows, NamesAreTypedAndAListIsNotChosenFromByAMereFocus) {
   EXPECT_EQ(picked_row, 1);
 }
 
+TEST_F(SettingsWindows, TheStepsOfAnAlgorithmTellTheirZonesByNumberAndKeepTheirRows) {
+  std::string zones(kZones, '0');
+  for (const std::size_t zone : {1u, 4u, 40u, 41u, 50u, 51u, 52u, 120u}) zones[zone - 1] = '1';
+  const std::string row = algorithm_record("1", 1, "Тревога.wav", "2", zones);
+  const std::string all = algorithm_record("1", 2, "Отбой.wav", "1", '7' + std::string(kZones - 1, '1'));
+  QStringList shown;
+  QWidget* focus = nullptr;
+  work_modal(menu(form1().M_n_op), {[&] {
+                                      for (const auto& each : {row, all}) forms().form5.Lst1[1].add(each);
+                                      forms().form5.Opt1[2].set_value(true);
+                                      window(forms().form5).hide();
+                                      window(forms().form5).show();
+                                    },
+                                    [&] {
+                                      const auto* steps = widget<QListView>(forms().form5.Lst1[1])->model();
+                                      for (int i = 0; i < 2; ++i)
+                                        shown << steps->index(i, 0).data().toString();
+                                      focus = window(forms().form5).focusWidget();
+                                      window(forms().form5).close();
+                                    }});
+  ASSERT_EQ(shown.size(), 2);
+  EXPECT_TRUE(shown[0].endsWith("1, 4, 40, 41, 50–52, 120")) << shown[0].toStdString();
+  EXPECT_TRUE(shown[0].contains("Тревога.wav"));
+  EXPECT_TRUE(shown[1].endsWith("все зоны и аварийные каналы"));
+  EXPECT_EQ(forms().form5.Lst1[1].row(0), row);
+  EXPECT_EQ(focus, widget(forms().form5.Opt1[2])) << "on what is chosen";
+}
+
 TEST_F(SettingsWindows, AKeyThatTheControlDropsIsNotTyped) {
-  auto* names = dynamic_cast<NameWindow*>(desktop->console().windows().find("Form6"));
+  NameWindow* names = &forms().form6;
   names->Txt1.key_press = [](std::string& key) {
     if (key < "0" || key > "9") key = key == "\b" ? key : "";
   };
   desktop->console().windows().show(*names);
-  auto* line = widget<QLineEdit>("Form6", "Txt1");
+  auto* line = widget<QLineEdit>(forms().form6.Txt1);
   QTest::keyClicks(line, "4x27");
   QTest::keyClick(line, Qt::Key_Backspace);
   settle();
@@ -123,13 +152,13 @@ TEST_F(SettingsWindows, AComboShowsATextThatIsNoneOfItsRows) {
   form1().CmbF.set_text("Нет такого.wav");
   form1().CmbF.add("a.wav");
   settle();
-  auto* combo = widget<QComboBox>("Form1", "CmbF");
+  auto* combo = widget<QComboBox>(form1().CmbF);
   EXPECT_EQ(combo->currentIndex(), -1);
-  EXPECT_EQ(combo->accessibleDescription(), "Нет такого.wav");
+  EXPECT_EQ(combo->accessibleName(), "Сообщение, Нет такого.wav");
 }
 
 TEST_F(SettingsWindows, ClosingTheMainWindowEndsTheProgram) {
-  window("Form1").close();
+  main_window().close();
   EXPECT_THROW(until([] { return false; }), ProgramEnded);
 }
 

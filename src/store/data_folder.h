@@ -1,0 +1,40 @@
+// The data folder as the stores use it: files by their names in it, read whole and replaced whole. It keeps
+// in mind which reading left records untaken, so that the next save does not lose them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "model/system_model.h"
+#include "platform/files.h"
+
+namespace evac {
+
+class DataFolder {
+ public:
+  struct Doors {
+    Files& files;
+    const SettingsState& settings;
+    FilesState& known;
+  };
+  explicit DataFolder(const Doors& doors) : doors_(doors) {}
+
+  // "C:\ZEF_DAT\alarm\f_al.dat" of "alarm\f_al.dat".
+  std::string path(std::string_view file) const { return doors_.settings.data_path(file); }
+
+  // A missing file is created empty.
+  FileError read(std::string_view file, std::string& bytes);
+  // Told behind each reading: whether it was cut, that is left a record untaken that is not empty.
+  void reading_ended(std::string_view file, bool cut);
+  // The first replacing behind a cut reading keeps the file as it was, as NAME.bak. What can't be kept is not
+  // replaced.
+  FileError replace(std::string_view file, std::string_view bytes);
+
+ private:
+  const Doors doors_;
+};
+
+// What the operator is told where nothing else is settled: which file could not be written, and why.
+std::string write_fault(std::string_view file, FileError error);
+
+}  // namespace evac

@@ -1,0 +1,111 @@
+#include "supervision/terminal_scan.h"
+
+#include "console/channel_colors.h"
+#include "model/text.h"
+#include "supervision/switch_look.h"
+
+namespace evac {
+namespace {
+
+constexpr int kNumberHead = 1;  // the column by which a pass fills the grid
+constexpr int kAsked = 4;       // Lbl_A that shows the terminal being asked
+constexpr int kBarSteps = 10;
+
+// An answer as it lies in the last frame.
+constexpr std::size_t kChannelByte = 3, kVolumeByte = 4, kZoneByte = 5, kTerminalByte = 6;
+constexpr int kNoTerminal = 255;  // as a channel: the controller answers for a terminal that is not there
+
+}  // namespace
+
+void TerminalScan::start() {
+  show_switch(doors_.panel.CmdSkan, false);
+}
+
+void TerminalScan::toggle() {
+  mark_head(kNumberHead);
+  if (!doors_.supervision.ScanRunning) {
+    run();
+    return;
+  }
+  doors_.wait.stop();
+  show_over();
+}
+
+void TerminalScan::run() {
+  doors_.supervision.ScanRunning = true;
+  show_switch(doors_.panel.CmdSkan, true);
+  int step = 0;
+  const int last = doors_.terminals.term_count;
+  for (int t = 1; t <= last; ++t) {
+    step = step % kBarSteps + 1;
+    show_progress(join("Идет сканирование... ", t, " из ", doors_.terminals.term_count), step);
+    ask(t);
+    if (answered()) take_answer(t);
+  }
+  show_over();
+}
+
+void TerminalScan::ask(int terminal) {
+  doors_.supervision.TermAddrOk[terminal] = doors_.supervision.TermZoneOk[terminal] = false;
+  doors_.panel.Lbl_A[kAsked].set_caption(std::to_string(terminal));
+  doors_.link.SendScanQuery(terminal);
+}
+
+bool TerminalScan::answered() {
+  doors_.wait.begin_scan();
+  while (doors_.supervision.ScanRunning && doors_.wait.scan() == ReplyWait::Scan::kWaiting)
+    doors_.loop.pump();
+  const bool data = doors_.wait.scan() == ReplyWait::Scan::kData;
+  doors_.wait.stop();
+  return data;
+}
+
+void TerminalScan::take_answer(int terminal) {
+  const Frame9& frame = doors_.received.r_frame;
+  const int channel = frame[kChannelByte], volume = frame[kVolumeByte];
+  const int zone = frame[kZoneByte], number = frame[kTerminalByte];
+  if (channel == kNoTerminal) return;
+
+  Grid& grid = doors_.panel.MSF2;
+  grid.set_row_count(terminal);
+  int column = 0;
+  for (const int value : {terminal, channel, volume, zone, number})
+    grid.set_cell(terminal - 1, column++, std::to_string(value));
+
+  auto& supervision = doors_.supervision;
+  if (zone >= 1 && zone <= kZones) {
+    doors_.zones.ZoneChanScan[zone] = static_cast<std::int16_t>(channel);
+    doors_.zones.ZoneVolScan[zone] = static_cast<std::int16_t>(volume);
+    supervision.TermZoneOk[terminal] = true;
+    supervision.TermMissCount[terminal] = 0;
+  }
+  if (number > 0) {
+    supervision.TermAddrOk[terminal] = true;
+    supervision.TermMissCount[terminal] = 0;
+  }
+}
+
+void TerminalScan::sort_by(int i) {
+  doors_.panel.MSF2.sort(i - 1);
+  mark_head(i);
+}
+
+void TerminalScan::mark_head(int i) {
+  for (auto& head : doors_.panel.Cd1) head.set_back_color(kMainBackground);
+  doors_.panel.Cd1[i].set_back_color(Color::kSortedHead);
+}
+
+void TerminalScan::show_progress(std::string_view text, int step) {
+  doors_.panel.LbPrB.set_caption(text);
+  doors_.panel.Lbpr.set_caption(text);
+  doors_.panel.PB1.set_value(step);
+  doors_.panel.PB2.set_value(step);
+}
+
+void TerminalScan::show_over() {
+  doors_.supervision.ScanRunning = false;
+  show_progress("", 0);
+  show_switch(doors_.panel.CmdSkan, false);
+}
+
+}  // namespace evac

@@ -1,0 +1,27 @@
+// CmdSch: reads the state of the terminals by a scan, and shows on the zone rows what they reported.
+#pragma once
+
+#include "console/zone_console.h"
+#include "supervision/scan_panel.h"
+
+namespace evac {
+
+class ZoneReadback {
+ public:
+  struct Doors {
+    const SupervisionState& supervision;
+    const ZoneState& zones;
+    ZonesTab& tab;
+    ZoneConsole& rows;
+    ScanPanel& scan_panel;
+  };
+  explicit ZoneReadback(const Doors& doors) : doors_(doors) {}
+
+  // Returns when the scan is over. Nothing while one runs.
+  void read();
+
+ private:
+  const Doors doors_;
+};
+
+}  // namespace evac
