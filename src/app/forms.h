@@ -9,6 +9,8 @@
 #include "console/terminal_names_form.h"
 #include "console/zone_cells_form.h"
 #include "console/zone_names_form.h"
+#include "timer/programme_form.h"
+#include "timer/schedule_forms.h"
 
 namespace evac {
 
@@ -30,7 +32,10 @@ struct Forms {
         form6(windows),
         form4(windows),
         form5(windows),
-        form7(windows) {}
+        form7(windows),
+        form3(windows),
+        frm_tm(windows),
+        frm8(windows) {}
 
   Form1 form1;
   Form2 form2;    // about
@@ -41,6 +46,9 @@ struct Forms {
   Form4 form4;    // names of terminals
   Form5 form5;    // alerting
   Form7 form7;    // zones of a step
+  Form3 form3;    // programmes of the weekly timer
+  FrmTm frm_tm;   // schedule of the programmes
+  Frm8 frm8;      // an entry of the schedule
 };
 
 }  // namespace evac
