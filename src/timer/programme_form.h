@@ -7,7 +7,9 @@
 namespace evac {
 
 struct Form3 : Form {
-  explicit Form3(Windows& windows) : Form(windows, "Form3", "Настройка программы недельного таймера") {}
+  explicit Form3(Windows& windows) : Form(windows, "Form3", "Настройка программы недельного таймера") {
+    CmdSt.set_enabled(false);
+  }
   Place at = place();
 
   ComboBox CmbLstProg{at, "CmbLstProg"};  // the programme's name
