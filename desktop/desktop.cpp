@@ -24,6 +24,10 @@ std::map<int, QString> devices(const HostSetup& setup) {
   return names;
 }
 
+QString moment(WallTime time) {
+  return qt(join(short_date_text(date_of(time)), " ", time_text(second_of_day(time))));
+}
+
 QString joined(const std::vector<std::string>& lines) {
   QStringList list;
   for (const auto& line : lines) list << QString::fromStdString(line);
@@ -54,6 +58,10 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   // It is there from the second start on; what it is needed for says so if it can't be made.
   (void)files_.make_folder(kProgramFolder);
   host_.before_wait = [this] { screen_.flush(); };
+  host_.steady_wall().changed = [this] { loop_.keep_phase(); };
+  host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
+    notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
+  };
   boxes_.before_box = [this] { screen_.flush(); };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
   boxes_.fire_waits = [this] { return console_->fire_waiting().now(); };
