@@ -15,6 +15,9 @@ WindowLayout layout(Form6& form);
 WindowLayout layout(Form4& form);
 WindowLayout layout(Form5& form);
 WindowLayout layout(Form7& form);
+WindowLayout layout(Form3& form);
+WindowLayout layout(FrmTm& form);
+WindowLayout layout(Frm8& form);
 
 std::vector<WindowLayout> all_layouts(Forms& forms);
 
