@@ -125,6 +125,8 @@ TEST_F(TimerFiles, LieInRecordsOfTheirOwnLength) {
   EXPECT_EQ(records, (Texts{"1|\tа", "2|\tбв", ""}));
   EXPECT_EQ(read_last_programme(data.folder), "Школа");
   EXPECT_EQ(read_schedule(data.folder), Texts{"A\tс 1 по 2"});
+  const ScheduleEntry entry = schedule_entry("A\tс 1 по 2");
+  EXPECT_EQ(entry.sch_name + entry.sch_from + entry.sch_to, "A 1 2");
   must(write_schedule(data.folder, {}));
   must(write_programme(data.folder, "Школа", {}));
   EXPECT_EQ(bytes("List_prog.dat") + bytes("Школа"), "");
@@ -370,11 +372,13 @@ TEST_F(TimerTicks, AnEndThatTheClockJumpsOverComesTheNextDay) {
 
 TEST_F(TimerTicks, AnEventOfOneWeekdayFiresOnceAndWaitsForASearch) {
   begin({record(kEight, days({1}), "Сообщение", "bell.wav")});
-  run(15s);
+  run(12900ms);
   EXPECT_EQ(frames().size(), 2U);
   EXPECT_EQ(form().LblTm.caption(), "8:00:00   ПОНЕДЕЛЬНИК");
   const auto past = WatchLine{WatchRank::kWarning, "Недельный таймер: событие 8:00:00 прошло"};
   const auto told = [&] { return std::ranges::count(console->watch().lines(), past); };
+  EXPECT_EQ(told(), 0);
+  run(500ms);
   EXPECT_EQ(told(), 1);
   for (int week = 0; week < 2; ++week) {
     live_through_week();
@@ -387,6 +391,21 @@ TEST_F(TimerTicks, AnEventOfOneWeekdayFiresOnceAndWaitsForASearch) {
   form().CmdTV.click();
   live_through_week();
   EXPECT_EQ(frames().size(), 2U);
+}
+
+TEST_F(TimerTicks, AProgrammeThatIsChosenKeepsTheMomentAndBeginsWithItsFirstRecord) {
+  begin({record(kNoon, 127, "Остановка"), record(kEight, 127, "Сообщение", "bell.wav")});
+  sound("other.wav", 5);
+  write("timer\\Другая", 128,
+        {record(kNoon, 127, "Сообщение", "other.wav"), record(kNoon, 127, "Остановка")});
+  run(5s);
+  EXPECT_EQ(timer().tm_next_i, 1);
+  ComboBox& names = console->forms().form3.CmbLstProg;
+  names.add("Другая");
+  names.pick(0);
+  run(6s);
+  EXPECT_EQ(logged("other.wav\""), 1);
+  EXPECT_EQ(logged("bell.wav\""), 0);
 }
 
 // With a second weekday in the programme it goes on by itself for good.
