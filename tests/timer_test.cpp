@@ -6,6 +6,7 @@
 #include "store/timer_record.h"
 #include "tests/alert_rig.h"
 #include "timer/nearest_event.h"
+#include "timer/week_ahead.h"
 
 namespace evac {
 namespace {
@@ -65,6 +66,63 @@ TEST(NearestEvent, IsTheFirstBehindTheMoment) {
     for (const Event& event : row.events)
       events.push_back({"x", event.second, static_cast<std::int16_t>(event.days)});
     EXPECT_EQ(NearestEvent(events, row.weekday, row.second), row.expected) << row.what;
+  }
+}
+
+// The engine as a loop over its searches: what it carries out in the second of two weeks, by row and day.
+std::vector<int> days_carried_out(std::span<const ProgrammeEvent> events) {
+  std::vector<int> carried(events.size());
+  int weekday = 1, second = 0, week = 0;
+  for (int turns = 0; turns < 300 && week < 3; ++turns) {
+    const auto next = NextEvents(events, weekday, second, 1);
+    if (next.empty()) break;
+    week += (weekday - 1 + next[0].days_ahead) / kDaysOfWeek;
+    weekday = (weekday - 1 + next[0].days_ahead) % kDaysOfWeek + 1;
+    if (week == 2) carried[static_cast<std::size_t>(next[0].index)] |= 1 << (weekday - 1);
+    second = next[0].second + 1;
+    if (second < kSecondsPerDay) continue;
+    second = 0;
+    week += weekday / kDaysOfWeek;
+    weekday = weekday % kDaysOfWeek + 1;
+  }
+  return carried;
+}
+
+TEST(WeekAhead, KnowsWhichRowsNeverCome) {
+  const auto programme = [](std::initializer_list<std::pair<int, int>> rows) {
+    std::vector<ProgrammeEvent> events;
+    for (const auto& [second, days] : rows) events.push_back({"x", second, static_cast<std::int16_t>(days)});
+    return events;
+  };
+  const auto ahead = week_ahead(programme({{kNoon, 3}, {kNoon, 6}, {kNoon + 1, 4}, {kNoon + 2, 4}, {0, 0}}));
+  EXPECT_EQ(ahead.rows, (std::vector<PassedOver>{{0, 0}, {2, 0}, {0, 4}, {0, 0}, {0, 0}}));
+  EXPECT_FALSE(ahead.comes_once);
+  // The week's first second behind its last; and a day's behind the day's before.
+  EXPECT_EQ(week_ahead(programme({{0, 1}, {86399, 64}, {86399, 1}, {0, 2}})).rows,
+            (std::vector<PassedOver>{{0, 1}, {0, 0}, {0, 0}, {0, 2}}));
+  EXPECT_TRUE(week_ahead(programme({{kNoon, 8}, {9, 8}})).comes_once);
+  EXPECT_FALSE(week_ahead({}).comes_once);
+
+  // The next five: over the week's end, or until the timer waits for what is past.
+  EXPECT_EQ(NextEvents(programme({{kNoon, 1}, {86399, 64}}), kSunday, kNoon, 3),
+            (std::vector<Nearest>{{1, 0, 86399}, {0, 1, kNoon}, {1, 7, 86399}}));
+  EXPECT_EQ(NextEvents(programme({{9, 8}, {kNoon, 8}}), kWednesday, 0, 5),
+            (std::vector<Nearest>{{0, 1, 9}, {1, 1, kNoon}}));
+
+  // Any small programme: what is passed over is what the searches never give.
+  std::mt19937 random(6);
+  for (int round = 0; round < 3000; ++round) {
+    std::vector<ProgrammeEvent> events(1 + random() % 6);
+    for (auto& event : events) {
+      event.tm_time = static_cast<int>(random() % 4 + (random() % 2 ? kSecondsPerDay - 4 : 0));
+      event.tm_days = static_cast<std::int16_t>(random() % 128);
+    }
+    const WeekAhead told = week_ahead(events);
+    const auto carried = days_carried_out(events);
+    if (told.comes_once) continue;
+    for (std::size_t i = 0; i < events.size(); ++i)
+      ASSERT_EQ(carried[i], events[i].tm_days & ~(told.rows[i].same_second | told.rows[i].second_behind))
+          << round << " row " << i;
   }
 }
 
@@ -181,18 +239,28 @@ TEST_F(TimerFiles, TheFirstMinuteStandsAtMidnightUntilItIsLoaded) {
   for (const auto& event : timer().events) times.push_back(event.tm_time);
   EXPECT_EQ(times, (std::vector{30, 60, 0, 23 * 3600 + 7, 0}));
   EXPECT_EQ(timer().events[3].tm_days, 0);
-  timer().tm_next_i = 3;
   Texts rows = {timer().events[0].tm_rec, timer().events[1].tm_rec};
   console->forms().form3.CmbLstProg.set_text("Школа");
   for (const auto& row : rows) console->forms().form3.Lst1.add(row);
   run(2s);
   timer().tm_scan = false;
+  timer().tm_next_i = 3;
   console->forms().form3.CmdSave.click();
   times.clear();
   for (const auto& event : timer().events) times.push_back(event.tm_time);
   EXPECT_EQ(times, (std::vector{0, 60}));
   EXPECT_TRUE(timer().tm_scan);
   EXPECT_EQ(timer().tm_next_i, 0);
+}
+
+TEST_F(TimerFiles, ANewDayBeginsWithNothing) {
+  programme("Школа", {record(30, 127, "Остановка")});
+  start();
+  must(machine.files().remove("C:\\ZEF_DAT\\timer\\Name_f.dat"));
+  machine.set_wall(machine.wall() + 24h);
+  run(1100ms);
+  EXPECT_TRUE(timer().events.empty());
+  EXPECT_FALSE(timer().tm_none);
 }
 
 TEST_F(TimerFiles, TheScheduleKnowsTodaysProgramme) {
@@ -351,6 +419,8 @@ TEST_F(TimerTicks, TheFadesStepByTheLevel) {
 
 TEST_F(TimerTicks, AMessageOverAMessageIsFollowedToTheLaterEnd) {
   begin({record(kEight, 127, "Сообщение", "bell.wav"), record(kEight + 3, 127, "Сообщение", "bell.wav")});
+  // The player is off: it does not rise before the end.
+  console->model().player.mp_lvl = 0;
   console->model().player.mp_lvl0 = 7;
   run(16500ms);
   EXPECT_EQ(logged("volume"), 0);
@@ -379,6 +449,13 @@ TEST_F(TimerTicks, AnEventOfOneWeekdayFiresOnceAndWaitsForASearch) {
   const auto told = [&] { return std::ranges::count(console->watch().lines(), past); };
   EXPECT_EQ(told(), 0);
   run(500ms);
+  EXPECT_EQ(told(), 1);
+  // With a search to come it is not told: here the search finds nothing else.
+  form().CmdTV.click();
+  form().CmdTV.click();
+  run(200ms);
+  EXPECT_EQ(told(), 0);
+  run(1s);
   EXPECT_EQ(told(), 1);
   for (int week = 0; week < 2; ++week) {
     live_through_week();
