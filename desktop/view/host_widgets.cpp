@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <numeric>
 
 #include "desktop/notices.h"
 #include "desktop/view/palette.h"
@@ -13,9 +14,9 @@ namespace evac::desktop {
 namespace {
 
 // Shares of the line that the subjects have, in their order.
-constexpr int kShares[] = {4, 4, 3, 3, 3};
+constexpr int kShares[] = {4, 3, 3, 4, 3, 3, 3};
 static_assert(std::size(kShares) == Notices::kSubjects);
-constexpr int kAllShares = 17;
+const int kAllShares = std::accumulate(std::begin(kShares), std::end(kShares), 0);
 
 QFont bold(QFont font) {
   font.setBold(true);
