@@ -76,6 +76,17 @@ fs::path own_folder() {
   return fs::path(plain(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))) / kProgram;
 }
 
+// At the first start an installed program copies the training set that it came with.
+void make_training_set() {
+  const fs::path mine = own_folder() / "training";
+  const QString installed =
+      QStandardPaths::locate(QStandardPaths::GenericDataLocation, QStringLiteral("evac-console/training-set"),
+                             QStandardPaths::LocateDirectory);
+  if (installed.isEmpty() || fs::exists(mine / "c" / "ZEF_DAT")) return;
+  fs::create_directories(mine);
+  fs::copy(plain(installed), mine, fs::copy_options::recursive | fs::copy_options::skip_existing);
+}
+
 // What keeps the program from starting, on standard error and in a box.
 void tell_start_error(const Options& options, const QString& text) {
   std::cerr << "evac-console: " << plain(text) << '\n';
@@ -90,6 +101,7 @@ int run(const Options& options) {
     setup = read_host_ini(*file);
     setup.state = own_folder() / "state";
   } else {
+    make_training_set();
     setup = training_setup(own_folder() / "training");
   }
   Claim claim;
