@@ -234,7 +234,7 @@ int main(int argc, char** argv) {
   measure.contacts({.what = "an input box up", .open = [](Desktop& d) { d.boxes().input("Имя", "", ""); }},
                    contacts);
   measure.contacts({.what = "a settings window open",
-                    .open = [&](Desktop& d) { click(d.console().form1().M_n_z); },
+                    .open = [](Desktop& d) { d.console().windows().show_modal(d.console().forms().form33); },
                     .close = [](Desktop& d) { user::close(d.console().forms().form33); }},
                    contacts);
 }

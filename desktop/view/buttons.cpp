@@ -223,7 +223,7 @@ QStringList OptionView::values() const {
 
 CheckView::CheckView(CheckBox& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent) {
-  setText(qt(control.caption()));
+  setText(own_text());
   keep_size(node, line_ + fontMetrics().horizontalAdvance(text()) + line_ * 2 / 3, line_ * 5 / 4);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
@@ -249,8 +249,12 @@ void CheckView::paintEvent(QPaintEvent*) {
   if (hasFocus()) draw_focus_ring(p, rect());
 }
 
+QString CheckView::own_text() const {
+  return look_ == Look::kNumber ? QString::number(control_.index().value_or(0)) : qt(control_.caption());
+}
+
 void CheckView::show_state() {
-  setText(qt(control_.caption()));
+  setText(own_text());
   setChecked(control_.value());
 }
 

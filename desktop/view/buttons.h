@@ -77,6 +77,7 @@ class CheckView : public BoundWidget<QCheckBox, CheckBox> {
  private:
   void show_state() override;
   QStringList values() const override;
+  QString own_text() const;
   void nextCheckState() override {}
 };
 

@@ -158,13 +158,5 @@ TEST_F(SettingsWindows, ClosingTheMainWindowEndsTheProgram) {
   EXPECT_THROW(until([] { return false; }), ProgramEnded);
 }
 
-TEST(Restart, IsOnlyAnnouncedWhenItIsNotArmed) {
-  Notices notices;
-  DesktopProcess process(false, notices);
-  process.restart(7);
-  EXPECT_TRUE(notices.text().startsWith("Перезапуск в "));
-  EXPECT_TRUE(notices.text().endsWith("(7) только объявлен"));
-}
-
 }  // namespace
 }  // namespace evac::desktop
