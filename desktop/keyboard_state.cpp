@@ -39,7 +39,9 @@ KeyboardState keyboard_state() {
   ::XkbStateRec keyboard;
   if (!x11 || XkbGetState(x11->display(), XkbUseCoreKbd, &keyboard) != Success) return state;
   state.caps_lock = keyboard.locked_mods & LockMask;
-  state.layout = layouts(x11->display()).value(keyboard.group).toUpper();
+  const QString layout = layouts(x11->display()).value(keyboard.group).toUpper();
+  state.layout =
+      layout == QStringLiteral("US") || layout == QStringLiteral("GB") ? QStringLiteral("EN") : layout;
   return state;
 }
 

@@ -53,11 +53,11 @@ WindowLayout layout(FrmRez& form) {
     slots.push_back(use(form.Chk1[n]).shown(Look::kNumber).called("Перезапуск" + number).wide(4));
     slots.push_back(use(form.TxtTper[n]).called("Время перезапуска" + number).wide(7));
   }
-  return {
-      .form = form,
-      .content = column({words(form.Chk1[1].caption()), row({space(), grid(2, std::move(slots)), space()}),
-                         space(), foot({use(form.CmdPrim).key("П"), use(form.CmdClose).key("З")})}),
-      .on_enter = {{.to = form.CmdPrim}}};
+  return {.form = form,
+          .content = column({words(form.Chk1[1].caption()).wide(26),
+                             row({space(), grid(2, std::move(slots)), space()}), space(),
+                             foot({use(form.CmdPrim).key("П"), use(form.CmdClose).key("З")})}),
+          .on_enter = {{.to = form.CmdPrim}}};
 }
 
 WindowLayout layout(FrmISxodniki& form) {

@@ -86,6 +86,7 @@ KeyboardNote::KeyboardNote(std::function<KeyboardState()> read, QWidget* parent)
     : QLabel(parent), read_(std::move(read)) {
   setObjectName("keyboard");
   setTextFormat(Qt::RichText);
+  setIndent(2);
   setFixedHeight(fontMetrics().height() * 4 / 3);
   timer_.setInterval(kKeyboardLook);
   connect(&timer_, &QTimer::timeout, this, [this] { look(); });

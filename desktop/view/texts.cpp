@@ -7,6 +7,7 @@
 #include <QStylePainter>
 #include <algorithm>
 
+#include "desktop/view/palette.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
@@ -41,6 +42,9 @@ void TextView::show_state() {
 MaskedView::MaskedView(MaskedEdit& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent), deeds_(screen, *this) {
   keep_size(node, line_ * 8, line_ * 5 / 3);
+  QPalette greyed = palette();
+  greyed.setColor(QPalette::Disabled, QPalette::Base, grey::kWindow);
+  setPalette(greyed);
   setContextMenuPolicy(Qt::NoContextMenu);
   setAcceptDrops(false);
   // What found a way past the keys.

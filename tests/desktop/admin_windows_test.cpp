@@ -81,6 +81,7 @@ TEST_F(AdminWindows, ATimeIsTypedStraightOnAndMendedAtTheCursor) {
   };
   MaskedEdit& time = form.TxtTper[1];
   step({});
+  steps.push_back([&] { EXPECT_EQ(window(form).focusWidget(), line(time)) << "behind its mark"; });
   step({type(time, "9123x456")});
   step({key(time, Qt::Key_Home), type(time, "07")});
   step({key(time, Qt::Key_Left), key(time, Qt::Key_Left), type(time, "1")});
