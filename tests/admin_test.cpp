@@ -120,7 +120,8 @@ TEST_F(Admin, ATimeThatCantBeReadIsMidnightAndEndsTheReading) {
 }
 
 TEST_F(Admin, TheWindowWritesWhatItSetsAndTheRestKeepsItsBytes) {
-  start_with({"1", "1", "0", "", "", "1:00", "2:00", "3:00"});
+  start_with({"1", "1", "0", "", "1", "1:00", "2:00", "3:00", "", "never"});
+  EXPECT_EQ(console->model().restart.unread, 5);
   std::vector<std::function<void(FrmRez&)>> steps = {
       [](FrmRez& form) {
         user::set_checked(form.Chk1[2], false);
@@ -149,6 +150,8 @@ TEST_F(Admin, TheWindowWritesWhatItSetsAndTheRestKeepsItsBytes) {
   machine.allow(200ms);
   user::click(console->form1().M_perez);
   EXPECT_EQ(next, steps.size());
+  run(200ms);
+  for (const auto& line : console->watch().lines()) EXPECT_EQ(InStr(line.text, "ерезапуск"), 0) << line.text;
   EXPECT_EQ(data.bytes_of("F_reset.dat").substr(0, 4 * 256),
             record("0") + record("0") + record("0") + record("1"));
   forget();

@@ -28,7 +28,7 @@ Node frame_line(Label& heading, const std::string& of, std::array<TextBox*, 3> b
 WindowLayout layout(FrmPsW& form) {
   return {.form = form,
           .content = column({row(labelled(form.Label2, form.Txt1)), keyboard_note(), space(),
-                             foot({use(form.CmdVPsW).key("П"), use(form.Cmd2).key("О")})}),
+                             foot({use(form.CmdVPsW).pointed_at().key("П"), use(form.Cmd2).key("О")})}),
           .on_enter = {{.to = form.CmdVPsW, .wakes = &form.Txt1}}};
 }
 
@@ -39,7 +39,7 @@ WindowLayout layout(FrmPwR& form) {
     for (Node& node : labelled(*labels[i], *form.boxes()[i])) cells.push_back(std::move(node));
   return {.form = form,
           .content = column({grid(2, std::move(cells)), keyboard_note(), space(),
-                             foot({use(form.Cmd1).key("П"), use(form.Cmd2).key("В")})}),
+                             foot({use(form.Cmd1).pointed_at().key("П"), use(form.Cmd2).key("В")})}),
           // A half-filled window would set an empty password.
           .on_enter = {{.to = form.Txt2, .from = {&form.Txt1}},
                        {.to = form.Txt3, .from = {&form.Txt2}},
@@ -56,7 +56,7 @@ WindowLayout layout(FrmRez& form) {
   return {.form = form,
           .content = column({words(form.Chk1[1].caption()).wide(26),
                              row({space(), grid(2, std::move(slots)), space()}), space(),
-                             foot({use(form.CmdPrim).key("П"), use(form.CmdClose).key("З")})}),
+                             foot({use(form.CmdPrim).pointed_at().key("П"), use(form.CmdClose).key("З")})}),
           .on_enter = {{.to = form.CmdPrim}}};
 }
 

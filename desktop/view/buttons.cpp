@@ -58,6 +58,7 @@ ButtonView::ButtonView(Control& control, Screen& screen, const Node& node, QWidg
       on_(qt(node.on)),
       letter_(qt(node.letter)),
       tight_(node.tight),
+      hand_(node.hand),
       is_switch_(!node.on.empty()) {
   QFont bold = font();
   bold.setBold(true);
@@ -90,6 +91,7 @@ bool ButtonView::is_on() const {
 }
 
 void ButtonView::show_state() {
+  if (hand_) setCursor(isEnabled() ? Qt::PointingHandCursor : Qt::ArrowCursor);
   // One that has been on is a switch, whatever it was laid out as.
   is_switch_ = is_switch_ || is_on();
   if (std::exchange(was_on_, is_on()) != is_on()) tell_turned(*this);

@@ -44,6 +44,7 @@ class ButtonView : public BoundWidget<QAbstractButton, Control>, public Spoken {
   const std::string_view sign_;
   const QString off_, on_, letter_;
   const bool tight_;
+  const bool hand_;
   bool is_switch_, was_on_ = false;
 };
 

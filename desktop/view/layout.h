@@ -76,6 +76,7 @@ struct Node {
   Controls timers;        // of a label: shown while one of these is on
   std::string (*reads)(std::string_view) = nullptr;  // of a list: a row as it is shown
   bool tight = false;
+  bool hand = false;  // of a button: the pointer over it is a hand while it can be pressed
 
   Node& shown(Look as) { return look = as, *this; }
   Node& wide(double lines) { return width = lines, *this; }
@@ -90,6 +91,7 @@ struct Node {
   Node& while_on(Controls any_of) { return timers = std::move(any_of), *this; }
   Node& reading(std::string (*row)(std::string_view)) { return reads = row, *this; }
   Node& cut_at(std::vector<double> widths) { return look = Look::kColumns, stops = std::move(widths), *this; }
+  Node& pointed_at() { return hand = true, *this; }
   Node& packed() { return tight = true, *this; }
 };
 
