@@ -113,10 +113,32 @@ TEST_F(Admin, ATimeThatCantBeReadIsMidnightAndEndsTheReading) {
   for (const auto& line : console->watch().lines())
     EXPECT_EQ(InStr(line.text, "ерезапуск") + InStr(line.text, "F_reset"), 0) << line.text;
   // With another slot on it counts by its number.
-  start_with({"1", "01", "2", "", "", "0:00:03"});
-  set_clock(24h - 2s);
-  run(8s);
-  EXPECT_EQ(restarts(), "0:00:00 0:00:03 ");
+  for (const auto& [mark, expected] : {std::pair{"2", "0:00:03 "}, std::pair{"01", "0:00:00 0:00:03 "}}) {
+    start_with({"1", mark, "", "", "", "0:00:03"});
+    set_clock(24h - 2s);
+    run(8s);
+    EXPECT_EQ(restarts(), expected);
+  }
+}
+
+TEST_F(Admin, AMarkHoldsAtOnceAndAKeyAloneArmsIt) {
+  start();
+  for (const bool key : {false, true}) {
+    int asked = 0;
+    machine.out_of_time = [&] {
+      FrmRez& form = console->forms().frm_rez;
+      if (++asked == 1) return machine.allow(200ms);
+      if (key)
+        user::press_key(form.TxtTper[3], "0");
+      else
+        user::set_checked(form.Chk1[3], true);
+      user::close(form);
+    };
+    user::click(console->form1().M_perez);
+    set_clock(24h - 2s);
+    run(4s);
+    EXPECT_EQ(restarts(), key ? "0:00:00 " : "") << "at midnight, without a time";
+  }
 }
 
 TEST_F(Admin, TheWindowWritesWhatItSetsAndTheRestKeepsItsBytes) {
@@ -131,13 +153,14 @@ TEST_F(Admin, TheWindowWritesWhatItSetsAndTheRestKeepsItsBytes) {
       },
       [](FrmRez& form) {
         user::set_checked(form.Chk1[1], false);
+        user::set_checked(form.Chk1[5], false);
         user::set_text(form.TxtTper[4], "7:6");
         user::click(form.CmdPrim);
       },
       [this](FrmRez& form) {
-        EXPECT_EQ(data.bytes_of("F_reset.dat").substr(3 * 256), record("1") + record("0") +
-                                                                    record("01:00:00") + record("2:00") +
-                                                                    record("3:00") + record("12:34:56"));
+        EXPECT_EQ(data.bytes_of("F_reset.dat").substr(3 * 256),
+                  record("1") + record("1") + record("01:00:00") + record("2:00") + record("3:00") +
+                      record("12:34:56") + record("00:00:00"));
         // The marks hold, and the old time with them, until another is set.
         EXPECT_TRUE(console->model().restart.ResetAny);
         EXPECT_EQ(console->model().restart.ResetTime[4], 45296);

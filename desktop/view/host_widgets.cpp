@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextDocumentFragment>
 #include <QToolTip>
 
 #include "desktop/notices.h"
@@ -99,7 +100,9 @@ void KeyboardNote::look() {
     parts << QStringLiteral("Раскладка <b>%1</b>").arg(state.layout.toHtmlEscaped());
   if (state.caps_lock) parts << QStringLiteral("<b>CAPS LOCK ВКЛЮЧЁН</b>");
   const QString text = parts.join(QStringLiteral("   •   "));
-  if (text != this->text()) setText(text);
+  if (text == this->text()) return;
+  setText(text);
+  setAccessibleName(QTextDocumentFragment::fromHtml(text).toPlainText());
 }
 
 void KeyboardNote::showEvent(QShowEvent* event) {
