@@ -99,7 +99,7 @@ void KeyboardNote::look() {
   if (!state.layout.isEmpty())
     parts << QStringLiteral("Раскладка <b>%1</b>").arg(state.layout.toHtmlEscaped());
   if (state.caps_lock) parts << QStringLiteral("<b>CAPS LOCK ВКЛЮЧЁН</b>");
-  const QString text = parts.join(QStringLiteral("   •   "));
+  const QString text = parts.join(QStringLiteral(" • "));
   if (text == this->text()) return;
   setText(text);
   setAccessibleName(QTextDocumentFragment::fromHtml(text).toPlainText());

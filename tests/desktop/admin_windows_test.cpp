@@ -142,7 +142,7 @@ TEST_F(AdminWindows, TheKeyboardIsToldBesideAPasswordAsFarAsItIsKnown) {
   state.caps_lock = true;
   EXPECT_TRUE(QTest::qWaitFor([&] { return note.text().contains("CAPS LOCK"); }))
       << "told while it stands there";
-  EXPECT_EQ(note.accessibleName(), "Раскладка RU   •   CAPS LOCK ВКЛЮЧЁН");
+  EXPECT_EQ(note.accessibleName(), "Раскладка RU • CAPS LOCK ВКЛЮЧЁН");
   EXPECT_EQ(keyboard_state().layout, "") << "no display, nothing to tell";
   for (Form* form : {static_cast<Form*>(&forms().frm_psw), static_cast<Form*>(&forms().frm_pwr)})
     EXPECT_TRUE(window(*form).findChild<KeyboardNote*>("keyboard")) << form->name();
