@@ -25,6 +25,17 @@ std::map<int, QString> devices(const HostSetup& setup) {
   return names;
 }
 
+QString disk_trouble(const BackgroundFiles::Health& health) {
+  if (health.stuck) return QStringLiteral("Диск не отвечает, ждут записи: %1").arg(health.waiting);
+  if (health.failing.empty()) return {};
+  const auto name = health.failing.substr(health.failing.rfind('\\') + 1);
+  return qt(join("Не записывается ", name, ": ", words_of(health.error)));
+}
+
+QString moment(WallTime time) {
+  return qt(join(short_date_text(date_of(time)), " ", time_text(second_of_day(time))));
+}
+
 QString joined(const std::vector<std::string>& lines) {
   QStringList list;
   for (const auto& line : lines) list << QString::fromStdString(line);
@@ -35,14 +46,16 @@ QString joined(const std::vector<std::string>& lines) {
 
 Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     : training_(std::move(training)),
-      files_(setup.drives),
+      disk_(setup.drives),
+      // Nobody waits for a sync, and the next line tries again.
+      files_(disk_, [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
       missing_sound_(joined(missing_sound(sound_))),
-      mp_([this](std::string_view path) { return files_.locate(path); }, sound_),
-      mp1_([this](std::string_view path) { return files_.locate(path); }, sound_),
-      mp2_([this](std::string_view path) { return files_.locate(path); }, sound_),
-      mp3_([this](std::string_view path) { return files_.locate(path); }, sound_),
+      mp_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      mp1_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      mp2_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      mp3_([this](std::string_view path) { return disk_.locate(path); }, sound_),
       comedi_(setup.cards),
       tone_(sound_),
       process_(setup.restart_armed, notices_, feed_,
@@ -58,6 +71,10 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   // It is there from the second start on; what it is needed for says so if it can't be made.
   (void)files_.make_folder(kProgramFolder);
   host_.before_wait = [this] { screen_.flush(); };
+  host_.steady_wall().changed = [this] { loop_.keep_phase(); };
+  host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
+    notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
+  };
   boxes_.before_box = [this] { screen_.flush(); };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
   boxes_.fire_waits = [this] { return console_->fire_waiting().now(); };
@@ -135,6 +152,7 @@ void Desktop::look_after_devices() {
     if (!trouble.isEmpty() && !sound.contains(trouble)) sound << trouble;
   }
   notices_.tell(Notices::kSound, sound.join(QStringLiteral("; ")));
+  notices_.tell(Notices::kDisk, disk_trouble(files_.health()));
   notices_.tell(Notices::kCards, QString::fromStdString(comedi_.trouble()));
 }
 

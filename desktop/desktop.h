@@ -16,7 +16,8 @@
 #include "desktop/serial_line.h"
 #include "desktop/simulated_cards.h"
 #include "desktop/training_line.h"
-#include "machine/synced_files.h"
+#include "machine/background_files.h"
+#include "machine/posix_files.h"
 
 namespace evac::desktop {
 
@@ -56,14 +57,15 @@ class Desktop : private QObject {
   // What the watch and the line know better than the pictures that the console gave: lamps of closed contacts
   // burn, and nothing is known of a controller that is not heard.
   void show_signs();
-  // Once a second: what sound and cards have to say goes to the header strip.
+  // Once a second: what disk, sound and cards have to say goes to the header strip.
   void look_after_devices();
 
   Notices notices_;
   QtLoop host_;
   EventLoop loop_{host_};
   std::unique_ptr<TrainingLine> training_;
-  SyncedFiles files_;
+  PosixFiles disk_;
+  BackgroundFiles files_;
   SerialLine line_;
   const SoundSetup sound_;
   const QString missing_sound_;  // what this machine lacks to be heard; found out once

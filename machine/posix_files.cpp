@@ -79,13 +79,13 @@ FileError write_all(int fd, std::string_view bytes) {
   return kNoError;
 }
 
-FileError sync(int fd) {
+FileError sync_file(int fd) {
   return ::fsync(fd) == 0 ? kNoError : error_of(errno);
 }
 
 FileError sync_folder(const fs::path& folder) {
   Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
-  return descriptor.get() < 0 ? error_of(errno) : sync(descriptor.get());
+  return descriptor.get() < 0 ? error_of(errno) : sync_file(descriptor.get());
 }
 
 // The folder and those above it that are missing.
@@ -186,6 +186,13 @@ FileError PosixFiles::append(std::string_view path, std::string_view bytes) {
   return write_all(descriptor.get(), bytes);
 }
 
+FileError PosixFiles::sync(std::string_view path, bool folder) const {
+  const fs::path file = locate(path);
+  Descriptor descriptor(file, O_RDONLY);
+  if (descriptor.get() < 0 || ::fdatasync(descriptor.get()) != 0) return error_of(errno);
+  return folder ? sync_folder(file.parent_path()) : kNoError;
+}
+
 FileError PosixFiles::remove(std::string_view path) {
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
@@ -260,7 +267,7 @@ FileError PosixFiles::write_neighbour(const fs::path& file, std::string_view byt
     if (descriptor.get() < 0 && errno == EEXIST) continue;
     if (descriptor.get() < 0) return error_of(errno);
     const FileError error = write_all(descriptor.get(), bytes);
-    return error == kNoError ? sync(descriptor.get()) : error;
+    return error == kNoError ? sync_file(descriptor.get()) : error;
   }
 }
 
