@@ -10,6 +10,7 @@
 
 #include "desktop/host_log.h"
 #include "desktop/layouts/layouts.h"
+#include "desktop/login_manager.h"
 #include "desktop/stand.h"
 #include "desktop/view/pictures.h"
 
@@ -60,7 +61,10 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       mp3_([this](std::string_view path) { return disk_.locate(path); }, sound_),
       comedi_(setup.cards),
       tone_(sound_),
-      process_(setup.restart_armed, notices_),
+      process_(setup.restart_armed, notices_, feed_,
+               [this](auto refused) {
+                 ask_login_manager(QDBusConnection::systemBus(), process_, std::move(refused));
+               }),
       screen_(loop_),
       windows_(screen_, {notices_, feed_, [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {

@@ -1,4 +1,5 @@
-// Files on a POSIX disk: each drive is a directory, names are found without regard to case.
+// Files on a POSIX disk: each drive is a directory, names are found without regard to case. What is written
+// is for its own user alone: files 0600, folders 0700.
 #pragma once
 
 #include <filesystem>
