@@ -1,10 +1,8 @@
 #include "desktop/process.h"
 
-#include <syslog.h>
-
 #include <QTime>
 
-#include "desktop/view/screen.h"
+#include "desktop/host_log.h"
 
 namespace evac::desktop {
 
@@ -50,7 +48,7 @@ void DesktopProcess::tell(const QString& what) {
 
 void DesktopProcess::report(const QString& what) {
   tell(what);
-  ::syslog(LOG_USER | LOG_WARNING, "evac-console: %s", plain(notices_.message(Notices::kRestart)).c_str());
+  host_log(notices_.message(Notices::kRestart));
 }
 
 }  // namespace evac::desktop

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QTextDocumentFragment>
 #include <QToolTip>
+#include <numeric>
 
 #include "desktop/notices.h"
 #include "desktop/view/palette.h"
@@ -16,9 +17,9 @@ namespace {
 constexpr std::chrono::milliseconds kKeyboardLook{150};
 
 // Shares of the line that the subjects have, in their order.
-constexpr int kShares[] = {4, 4, 3, 3, 3, 3};
+constexpr int kShares[] = {4, 3, 3, 4, 3, 3, 3};
 static_assert(std::size(kShares) == Notices::kSubjects);
-constexpr int kAllShares = 20;
+const int kAllShares = std::accumulate(std::begin(kShares), std::end(kShares), 0);
 
 QFont bold(QFont font) {
   font.setBold(true);

@@ -58,6 +58,9 @@ class Console {
   // and lets the timers run. Faults when a folder cannot be made or the port cannot be opened.
   void load();
 
+  // What the closing of Form1 does: gives back what the machine lent, and ends the program.
+  void shutdown();
+
   Windows& windows() { return windows_; }
   Forms& forms() { return forms_; }
   Form1& form1() { return forms_.form1; }
@@ -80,7 +83,6 @@ class Console {
   void wire_admin();
   // The one place where a settings window is asked for; what guards it stands here.
   void open_settings(const std::function<void()>& open);
-  void shutdown();
 
   // The steps of load().
   void make_folders();
