@@ -21,7 +21,9 @@ std::string read_record(std::string_view record) {
 FileError RecordFile::load() {
   records_.clear();
   std::string bytes;
-  if (const FileError error = folder_.read(file_, bytes)) {
+  const FileError error = folder_.read(file_, bytes);
+  unread_ = error != kNoError;
+  if (unread_) {
     folder_.reading_ended(file_, true);
     return error;
   }
@@ -43,9 +45,9 @@ const std::string& RecordFile::take(int n) {
 }
 
 void RecordFile::end_reading() {
-  folder_.reading_ended(file_, std::ranges::any_of(records_, [](const Record& record) {
-                          return !record.taken && !record.text.empty();
-                        }));
+  folder_.reading_ended(file_, unread_ || std::ranges::any_of(records_, [](const Record& record) {
+                                 return !record.taken && !record.text.empty();
+                               }));
 }
 
 bool RecordFile::holds(std::string_view text) const {

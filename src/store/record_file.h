@@ -46,6 +46,7 @@ class RecordFile {
   const std::string file_;
   const int record_length_;
   std::vector<Record> records_;
+  bool unread_ = false;  // the last loading failed
 };
 
 }  // namespace evac
