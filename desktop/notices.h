@@ -14,7 +14,7 @@ class Notices : public QObject {
   Q_OBJECT
  public:
   // In the order of their places. The frames that wait are information; the others are faults.
-  enum Subject { kLine, kDisk, kSound, kCards, kRestart, kBacklog, kSubjects };
+  enum Subject { kLine, kDisk, kData, kSound, kCards, kRestart, kBacklog, kSubjects };
   static constexpr bool is_fault(Subject subject) { return subject != kBacklog; }
 
   void tell(Subject subject, const QString& message) {

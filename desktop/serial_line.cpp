@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "machine/claim.h"
 #include "model/system_model.h"
 
 namespace evac::desktop {
@@ -82,16 +83,23 @@ QString SerialLine::device() const {
 std::optional<std::string> SerialLine::open_line(int) {
   const QString name = device();
   if (std::exchange(closing_, false)) {
-    if (device_.isOpen() && device_.portName() == name) return std::nullopt;
+    if (device_.isOpen() && opened_ == name) return std::nullopt;
     writable_.reset();
     device_.close();
   }
   if (name.isEmpty()) return "в host.ini для этого порта не названо устройство";
-  device_.setPortName(name);
+  // By whatever name it is called, so that a second program meets the same claim on it.
+  const QString canonical = QFileInfo(name).canonicalFilePath();
+  device_.setPortName(canonical.isEmpty() ? name : canonical);
   // A pseudo-terminal that already stands as it should takes a wish for parity as an error, here and below.
   const QScopedValueRollback configuring(configuring_, true);
   device_.setParity(QSerialPort::NoParity);
   if (!device_.open(QIODevice::ReadWrite)) return (name + ": " + plain_reason(device_)).toStdString();
+  if (const auto holder = Claim::take(device_.handle())) {
+    device_.close();
+    return (name + ": ").toStdString() + "устройство занято: " + words_of(*holder);
+  }
+  opened_ = name;
   writable_ = std::make_unique<QSocketNotifier>(device_.handle(), QSocketNotifier::Write);
   writable_->setEnabled(false);
   connect(writable_.get(), &QSocketNotifier::activated, this, &SerialLine::hand_over);
@@ -185,7 +193,8 @@ void SerialLine::loss_changed(bool lost) {
   if (lost)
     notices_.tell(Notices::kLine, QStringLiteral("Линия потеряна: COM%1 (%2), с %3")
                                       .arg(port())
-                                      .arg(QFileInfo(device()).fileName(), QTime::currentTime().toString(QStringLiteral("H:mm:ss"))));
+                                      .arg(QFileInfo(device()).fileName(),
+                                           QTime::currentTime().toString(QStringLiteral("H:mm:ss"))));
   else
     notices_.take_back(Notices::kLine);
 }

@@ -47,6 +47,7 @@ class SerialLine : public QObject, public SerialPort {
   const std::map<int, QString> devices_;
   Notices& notices_;
   QSerialPort device_;
+  QString opened_;                             // the configured name of the open device
   std::unique_ptr<QSocketNotifier> writable_;  // while the device is open
   Outbox outbox_;
   QTimer hand_over_, backlog_;

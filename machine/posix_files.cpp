@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <limits>
 
 #include "model/text.h"
 
@@ -20,12 +21,17 @@ namespace fs = std::filesystem;
 // "F_ust.dat.4711-3.new~". A crash may leave one; it is never listed.
 constexpr std::string_view kNeighbour = ".new~";
 
+constexpr off_t kLargestFile = 16 << 20;  // that is read whole
+
 // Whether the process that wrote that neighbour is gone. One of this process's number is from an earlier one.
 bool is_stale(std::string_view name) {
   name.remove_suffix(kNeighbour.size());
   const int process = Number(name.substr(name.rfind('.') + 1));
   return process <= 0 || process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH);
 }
+
+// All that is written here is for the console's own user alone.
+constexpr mode_t kFileMode = 0600, kFolderMode = 0700;
 
 FileError error_of(int number) {
   switch (number) {
@@ -54,7 +60,8 @@ FileError error_of(int number) {
 
 class Descriptor {
  public:
-  Descriptor(const fs::path& path, int flags) : fd_(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
+  Descriptor(const fs::path& path, int flags)
+      : fd_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, kFileMode)) {}
   ~Descriptor() {
     if (fd_ >= 0) ::close(fd_);
   }
@@ -65,6 +72,14 @@ class Descriptor {
  private:
   const int fd_;
 };
+
+// What settings and the journal may be: a regular file. A pipe or a device in its place is never waited for.
+FileError check_regular(int fd, off_t most = std::numeric_limits<off_t>::max()) {
+  struct stat status {};
+  if (::fstat(fd, &status) != 0) return error_of(errno);
+  if (S_ISDIR(status.st_mode)) return kPathFileAccess;
+  return S_ISREG(status.st_mode) && status.st_size <= most ? kNoError : kBadFileMode;
+}
 
 FileError write_all(int fd, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -83,6 +98,14 @@ FileError sync_file(int fd) {
 FileError sync_folder(const fs::path& folder) {
   Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
   return descriptor.get() < 0 ? error_of(errno) : sync_file(descriptor.get());
+}
+
+// The folder and those above it that are missing.
+FileError make_folders(const fs::path& folder) {
+  if (::mkdir(folder.c_str(), kFolderMode) == 0) return kNoError;
+  if (errno != ENOENT || !folder.has_relative_path()) return error_of(errno);
+  if (const FileError error = make_folders(folder.parent_path())) return error;
+  return ::mkdir(folder.c_str(), kFolderMode) == 0 ? kNoError : error_of(errno);
 }
 
 }  // namespace
@@ -121,8 +144,7 @@ FileError PosixFiles::read(std::string_view path, std::string& bytes) {
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
-  struct stat status {};
-  if (::fstat(descriptor.get(), &status) == 0) bytes.reserve(static_cast<std::size_t>(status.st_size));
+  if (const FileError error = check_regular(descriptor.get(), kLargestFile)) return error;
   char block[65536];
   while (true) {
     const ssize_t got = ::read(descriptor.get(), block, sizeof block);
@@ -139,6 +161,7 @@ FileError PosixFiles::read_end(std::string_view path, std::size_t count, std::st
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
+  if (const FileError error = check_regular(descriptor.get())) return error;
   const off_t size = ::lseek(descriptor.get(), 0, SEEK_END);
   if (size < 0) return error_of(errno);
   bytes.resize(std::min(count, static_cast<std::size_t>(size)));
@@ -169,7 +192,11 @@ FileError PosixFiles::append(std::string_view path, std::string_view bytes) {
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_WRONLY | O_CREAT | O_APPEND);
-  return descriptor.get() < 0 ? error_of(errno) : write_all(descriptor.get(), bytes);
+  if (descriptor.get() < 0) return error_of(errno);
+  if (const FileError error = check_regular(descriptor.get())) return error;
+  // One that was there before may be open to others. Who can't close it writes all the same.
+  (void)::fchmod(descriptor.get(), kFileMode);
+  return write_all(descriptor.get(), bytes);
 }
 
 FileError PosixFiles::sync(std::string_view path, bool folder) const {
@@ -196,10 +223,10 @@ FileError PosixFiles::make_folder(std::string_view path) {
   if (folder.empty()) return kDriveNotReady;
   std::error_code error;
   if (fs::is_directory(folder, error)) return kPathFileAccess;
-  fs::create_directories(folder, error);
+  if (const FileError failed = make_folders(folder)) return failed;
   // The folder stands either way; a disk that can't keep it will say so at the first save.
-  if (!error) (void)sync_folder(folder.parent_path());
-  return error_of(error.value());
+  (void)sync_folder(folder.parent_path());
+  return kNoError;
 }
 
 bool PosixFiles::is_file(std::string_view path) {
@@ -255,6 +282,17 @@ FileError PosixFiles::write_neighbour(const fs::path& file, std::string_view byt
     const FileError error = write_all(descriptor.get(), bytes);
     return error == kNoError ? sync_file(descriptor.get()) : error;
   }
+}
+
+void PosixFiles::remove_left_over(std::string_view path) {
+  const fs::path top = locate(path);
+  std::error_code error;
+  std::vector<fs::path> all = {top};
+  for (fs::recursive_directory_iterator at(top, error), last; !error && at != last; at.increment(error)) {
+    std::error_code unknown;
+    if (at->is_directory(unknown)) all.push_back(at->path());
+  }
+  for (const fs::path& folder : all) remove_stale(folder);
 }
 
 void PosixFiles::remove_stale(const fs::path& folder) {

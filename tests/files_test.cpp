@@ -106,6 +106,29 @@ TEST(PosixFiles, PathsWithoutRegardToCase) {
   EXPECT_FALSE(files.drive_ready('D'));
 }
 
+TEST(PosixFiles, WhatIsWrittenIsForItsOwnUserAlone) {
+  Scratch scratch;
+  const mode_t mask = ::umask(0);
+  PosixFiles files({{'C', scratch.path}});
+  const auto mode = [&](const char* path) {
+    struct stat status {};
+    return ::stat((scratch.path / path).c_str(), &status) == 0 ? status.st_mode & 0777 : 0;
+  };
+  EXPECT_EQ(files.make_folder("C:\\ZEF_DAT\\alarm\\"), kNoError);
+  EXPECT_EQ(mode("ZEF_DAT"), 0700u);
+  EXPECT_EQ(mode("ZEF_DAT/alarm"), 0700u);
+  for (const char* older : {"replaced", "copied", "appended"}) std::ofstream(scratch.path / older) << "x";
+  EXPECT_EQ(mode("replaced"), 0666u);
+  EXPECT_EQ(files.replace("C:\\new", "x"), kNoError);
+  EXPECT_EQ(files.replace("C:\\replaced", "y"), kNoError);
+  EXPECT_EQ(files.copy("C:\\new", "C:\\copied"), kNoError);
+  EXPECT_EQ(files.append("C:\\begun", "x"), kNoError);
+  EXPECT_EQ(files.append("C:\\appended", "x"), kNoError);
+  for (const char* file : {"new", "replaced", "copied", "begun", "appended"})
+    EXPECT_EQ(mode(file), 0600u) << file;
+  ::umask(mask);
+}
+
 TEST(PosixFiles, TheEndOfAFileIsReadAlone) {
   Scratch scratch;
   PosixFiles files({{'C', scratch.path}});
@@ -195,6 +218,33 @@ TEST(DataFolder, WheneverThePowerGoesWhatACutReadingLeftIsThere) {
   for (auto disk : cuts.ever)
     EXPECT_TRUE(disk["F_ust.dat"] == "four rows" || disk["F_ust.dat.bak"] == "four rows");
   for (auto disk : cuts.now()) EXPECT_EQ(disk["F_ust.dat"] + disk["F_ust.dat.bak"], "onefour rows");
+}
+
+TEST(PosixFiles, WhatIsNoRegularFileIsAnErrorAndNeverWaitedFor) {
+  Scratch scratch;
+  PosixFiles files({{'C', scratch.path}});
+  ASSERT_EQ(::mkfifo((scratch.path / "pipe").c_str(), 0600), 0);
+  std::string bytes;
+  EXPECT_EQ(files.read("C:\\pipe", bytes), kBadFileMode);
+  EXPECT_EQ(files.read_end("C:\\pipe", 10, bytes), kBadFileMode);
+  EXPECT_NE(files.append("C:\\pipe", "x"), kNoError);
+  EXPECT_NE(files.sync("C:\\pipe", false), kNoError);
+  std::filesystem::resize_file((std::ofstream(scratch.path / "large"), scratch.path / "large"),
+                               (16 << 20) + 1);
+  EXPECT_EQ(files.read("C:\\large", bytes), kBadFileMode);
+  EXPECT_EQ(files.read_end("C:\\large", 10, bytes), kNoError) << "tracks are larger";
+}
+
+TEST(PosixFiles, WhatCutOffSavesLeftIsRemovedInAllFolders) {
+  Scratch scratch;
+  PosixFiles files({{'C', scratch.path}});
+  ASSERT_EQ(files.make_folder("C:\\ZEF_DAT\\alarm"), kNoError);
+  const auto left = scratch.path / "ZEF_DAT/alarm/f_al.dat.999999999-3.new~";
+  std::ofstream{left} << "half";
+  std::ofstream{scratch.path / "ZEF_DAT/f.new~.txt"} << "whole";
+  files.remove_left_over("C:\\ZEF_DAT");
+  EXPECT_FALSE(std::filesystem::exists(left));
+  EXPECT_TRUE(std::filesystem::exists(scratch.path / "ZEF_DAT/f.new~.txt"));
 }
 
 class FullDisk : public PosixFiles {

@@ -18,6 +18,10 @@ WindowLayout layout(Form7& form);
 WindowLayout layout(Form3& form);
 WindowLayout layout(FrmTm& form);
 WindowLayout layout(Frm8& form);
+WindowLayout layout(FrmPsW& form);
+WindowLayout layout(FrmPwR& form);
+WindowLayout layout(FrmRez& form);
+WindowLayout layout(FrmISxodniki& form);
 
 std::vector<WindowLayout> all_layouts(Forms& forms);
 

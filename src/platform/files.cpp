@@ -26,10 +26,14 @@ std::string_view words_of(FileError error) {
       return "номер вне таблицы";
     case kFileNotFound:
       return "файл не найден";
+    case kBadFileMode:
+      return "не обычный файл или больше 16 МБ";
     case kDeviceError:
       return "сбой устройства";
     case kFileExists:
       return "файл уже есть";
+    case kBadRecordLength:
+      return "не помещается в запись";
     case kDiskFull:
       return "нет места на диске";
     case kPermissionDenied:

@@ -21,6 +21,13 @@ std::string in_folder(std::string_view file) {
   return join(kFolder, "\\", file);
 }
 
+// A reading that came through: whatever else a file of the timer holds has no meaning, so that nothing is
+// left.
+void end_reading(RecordFile& file) {
+  for (int k = 1; k <= file.count(); ++k) file.take(k);
+  file.end_reading();
+}
+
 }  // namespace
 
 bool is_programme_name(std::string_view name) {
@@ -50,7 +57,8 @@ FileError read_programme(DataFolder& folder, std::string_view name, std::vector<
   if (const FileError error = file.load()) return error;
   const int elements = file.whole_count() + 1;
   records.reserve(static_cast<std::size_t>(elements));
-  for (int k = 1; k <= elements; ++k) records.push_back(file.take(k));
+  for (int k = 1; k <= elements; ++k) records.push_back(file.text(k));
+  end_reading(file);
   return kNoError;
 }
 
@@ -64,7 +72,8 @@ FileError write_programme(DataFolder& folder, std::string_view name,
 std::string read_last_programme(DataFolder& folder) {
   RecordFile file(folder, in_folder(kNameFile), kNameLength);
   if (file.load() != kNoError) return {};
-  return file.take(1);
+  end_reading(file);
+  return file.text(1);
 }
 
 FileError write_last_programme(DataFolder& folder, std::string_view name) {
@@ -77,7 +86,8 @@ std::vector<std::string> read_schedule(DataFolder& folder) {
   RecordFile file(folder, in_folder(kScheduleFile), kEntryLength);
   std::vector<std::string> entries;
   if (file.load() != kNoError) return entries;
-  for (int k = kFirstEntry; k <= file.count(); ++k) entries.push_back(file.take(k));
+  for (int k = kFirstEntry; k <= file.count(); ++k) entries.push_back(file.text(k));
+  end_reading(file);
   return entries;
 }
 

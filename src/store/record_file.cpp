@@ -22,7 +22,9 @@ FileError RecordFile::load() {
   records_.clear();
   whole_count_ = 0;
   std::string bytes;
-  if (const FileError error = folder_.read(file_, bytes)) {
+  const FileError error = folder_.read(file_, bytes);
+  unread_ = error != kNoError;
+  if (unread_) {
     folder_.reading_ended(file_, true);
     return error;
   }
@@ -45,9 +47,13 @@ const std::string& RecordFile::take(int n) {
 }
 
 void RecordFile::end_reading() {
-  folder_.reading_ended(file_, std::ranges::any_of(records_, [](const Record& record) {
-                          return !record.taken && !record.text.empty();
-                        }));
+  folder_.reading_ended(file_, unread_ || std::ranges::any_of(records_, [](const Record& record) {
+                                 return !record.taken && !record.text.empty();
+                               }));
+}
+
+bool RecordFile::holds(std::string_view text) const {
+  return to_code_page(text).size() + kLengthBytes <= static_cast<std::size_t>(record_length_);
 }
 
 void RecordFile::put(int n, std::string_view text) {

@@ -110,17 +110,17 @@ TEST_F(Line, SettingsOpenedWhileTheLineIsLostLeaveItLostAndItComesBack) {
   const auto press = [this](Control& control) {
     return [this, &control] { widget<QAbstractButton>(control)->click(); };
   };
-  work_modal([this] { user::click(form1().M_n_o); },
-             {press(forms().form22.Opt1), press(forms().form22.Command1), press(forms().form22.Command2)});
+  work_settings(form1().M_n_o,
+                {press(forms().form22.Opt1), press(forms().form22.Command1), press(forms().form22.Command2)});
   ASSERT_TRUE(poll_is_answered());
   line_->unplug();
   ASSERT_TRUE(until([&] { return desktop->line().is_lost(); }));
   bool lost = false, said = false;
-  work_modal([this] { user::click(form1().M_n_z); }, {[&] {
-                                                        lost = desktop->line().is_lost();
-                                                        said = says("Линия потеряна: COM1");
-                                                      },
-                                                      press(forms().form33.Command3)});
+  work_settings(form1().M_n_z, {[&] {
+                                  lost = desktop->line().is_lost();
+                                  said = says("Линия потеряна: COM1");
+                                },
+                                press(forms().form33.Command3)});
   EXPECT_TRUE(lost && said);
   line_->plug();
   ASSERT_TRUE(until([&] { return desktop->line().is_open(); }));
