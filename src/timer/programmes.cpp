@@ -60,6 +60,8 @@ void Programmes::ProgStart() {
 void Programmes::save(std::string_view name, const std::vector<std::string>& rows) {
   TimerState& timer = doors_.timer;
   if (name.empty()) return doors_.boxes.message("Не указано имя программы");
+  // A file that came from elsewhere: under its name the programme would not be found at the next start.
+  if (!is_programme_name(name)) return doors_.boxes.message("Недопустимое имя программы");
   if (write_last_programme(doors_.folder, name) != kNoError) return;
   timer.tm_next_i = 0;
   if (write_programme(doors_.folder, name, rows) != kNoError) return;
