@@ -58,7 +58,7 @@ void ProgrammeEditor::EdFill() {
   form.CmbLstProg.add_all(programme_names(doors_.folder));
   show(form.CmbLstProg, doors_.timer.prog_today.empty() ? doors_.timer.prog_last : doors_.timer.prog_today);
   if (form.Lst1.count() == 0) return;
-  form.Lst1.mark(ed_rows_ - 1);
+  form.Lst1.mark(form.Lst1.count() - 1);
   row_chosen();
 }
 
