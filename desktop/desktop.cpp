@@ -9,6 +9,7 @@
 #include "desktop/layouts/layouts.h"
 #include "desktop/stand.h"
 #include "desktop/view/pictures.h"
+#include "model/text.h"
 
 namespace evac::desktop {
 namespace {
@@ -46,7 +47,8 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       tone_(sound_),
       process_(setup.restart_armed, notices_),
       screen_(loop_),
-      windows_(screen_, {notices_, feed_, [this](QWidget* parent) { return make_stand_button(parent); }},
+      windows_(screen_,
+               {notices_, feed_, scan_, [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
@@ -62,6 +64,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
   windows_.set_layouts(all_layouts(console_->forms()));
   feed_.follow(console_->watch());
+  scan_.follow([this] { return scan_pass(); });
   QObject::connect(&feed_, &WatchFeed::changed, &feed_, [this] { show_signs(); });
   QObject::connect(&notices_, &Notices::changed, &notices_, [this] { show_signs(); });
   feed_.show_alarm_panel = [this] { screen_.act([this] { console_->form1().SSTab1.set_value(kAlarmTab); }); };
@@ -77,6 +80,7 @@ Desktop::~Desktop() {
   loop_.clear();
   windows_.destroy();
   feed_.let_go();
+  scan_.let_go();
   console_.reset();
 }
 
@@ -111,6 +115,13 @@ void Desktop::start() {
 
 void Desktop::run() {
   while (true) loop_.pump();
+}
+
+std::optional<ScanFeed::Pass> Desktop::scan_pass() {
+  const SystemModel& model = console_->model();
+  if (!model.supervision.ScanRunning) return std::nullopt;
+  constexpr int kAsked = 4;
+  return ScanFeed::Pass{Number(console_->form1().Lbl_A[kAsked].caption()), model.terminals.term_count};
 }
 
 void Desktop::show_signs() {

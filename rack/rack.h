@@ -71,6 +71,9 @@ class Rack {
   // Zero is no polls. The first one comes a period later.
   void set_poll_period(std::chrono::milliseconds period);
   std::chrono::milliseconds poll_period() const { return poll_period_; }
+  // A terminal that is asked has the line to itself: polls wait until the console has asked no other for a
+  // while. A controller that polls on all the same takes the console's wait away from the terminal.
+  void set_polls_in_scan(bool on) { polls_in_scan_ = on; }
   // What the polls say.
   void set_status(bool link, bool programme);
   bool link_bit() const { return link_; }
@@ -134,7 +137,7 @@ class Rack {
   std::vector<Waiting> answers_;
   std::chrono::milliseconds poll_period_{0}, answer_delay_{60};
   Time now_{0}, next_poll_{0};
-  bool link_ = true, programme_ = true;
+  bool link_ = true, programme_ = true, polls_in_scan_ = false;
   std::bitset<Network::kTerminals + 1> silent_, absent_;
   std::map<int, Answer> own_answers_;
   std::map<int, std::chrono::milliseconds> own_delays_;

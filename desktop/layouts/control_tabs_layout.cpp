@@ -54,18 +54,21 @@ Node scan_panel(ScanPanel& panel) {
                    column({words("Терминал"),
                            use(panel.Lbl_A[4]).shown(Look::kValue).wide(4).called("Терминал")})
                        .packed()}),
-              row(std::move(heads)).packed(), use(panel.MSF2).called("Ответы терминалов").grow(1)}));
+              scan_progress(), row(std::move(heads)).packed(),
+              use(panel.MSF2).called("Ответы терминалов").grow(1)}));
 }
 
 Node terminals_control(MonitorPanel& panel) {
   return frame(
       panel.Frame7_0,
-      column({row({words("Монитор").wide(6), use(panel.CmdZ).wide(6).high(2.2).called("Монитор"),
-                   use(panel.PctM).called("Состояние монитора")}),
+      column({row({words("Монитор").wide(6), use(panel.CmdZ).wide(6).high(2.2).called("Монитор").grow(1)}),
               row({words("Ручной опрос").wide(6), use(panel.CmdArm).wide(6).high(2.2).called("Ручной опрос"),
-                   use(panel.CmdSb).wide(6).high(2.2).called("Сброс опроса")}),
-              use(panel.Label3).wide(14),
-              use(panel.Lbl_m).shown(Look::kValue).wide(15).called("Последний опрос")}));
+                   use(panel.CmdSb).wide(6).high(2.2).called("Сброс опроса").grow(1)}),
+              row({use(panel.PctM).wide(2.6).high(2.6).called("Состояние монитора"),
+                   column({use(panel.Label3).wide(14),
+                           use(panel.Lbl_m).shown(Look::kField).wide(14).called("Последний опрос")})
+                       .packed()
+                       .grow(1)})}));
 }
 
 Node weekly_timer(TimerPanel& panel) {

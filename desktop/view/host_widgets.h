@@ -6,6 +6,7 @@
 namespace evac::desktop {
 
 class Notices;
+class ScanFeed;
 
 // What the host has to say, each subject in its own place: faults with the sign, information without.
 class NoticesView : public QWidget {
@@ -34,6 +35,20 @@ class BoxNoteView : public QPushButton {
  private:
   void show_boxes();
   Notices& notices_;
+};
+
+// How far the scan of the terminals is: a bar over the whole pass, and in words. Keeps its place at rest.
+class ScanProgressView : public QWidget {
+ public:
+  ScanProgressView(ScanFeed& feed, QWidget* parent);
+  QSize sizeHint() const override { return {fontMetrics().height() * 20, fontMetrics().height() * 3 / 2}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  ScanFeed& feed_;
 };
 
 }  // namespace evac::desktop

@@ -20,6 +20,7 @@ enum class Look {
   kStop,     // the button that ends an alert
   kTitle,    // the heading of a window or of the strip
   kValue,    // a number or text in a field of its own; a row or column on a ground of its own
+  kField,    // a text in a field of its own, from its left side
   kSwatch,   // a sample of a colour; a button that carries one
   kCell,     // a button or a label that takes presses, one of many: on or off, and of which channel
   kLamp,     // a picture as a lamp with its number
@@ -50,6 +51,7 @@ struct Node {
     kRows,         // rows of `arrays`, side by side under their heads, in `columns` columns of rows
     kPile,         // `controls` in one place, where the visible one is seen
     kWatch,        // the alarm bar
+    kScan,         // how far the scan of the terminals is
     kBoxNote,      // what boxes that answered themselves said
     kNotices,      // what the host has to say
     kStandButton,  // the way to the virtual rack, where there is one
@@ -67,11 +69,12 @@ struct Node {
   Look look = Look::kNormal;
   double width = 0, height = 0;  // 0 is its own
   int stretch = 0;
-  std::string_view sign;  // the picture of a button with neither caption nor picture
-  std::string words;      // what it is, for assistive technology; its value follows
-  std::string off, on;    // of a switch: how its two states are called
-  std::string letter;     // with Alt, the button's key
-  Controls timers;        // of a label: shown while one of these is on
+  std::string_view sign;     // the picture of a button that has none of its own
+  std::string_view sign_on;  // the same while it is on, where that differs
+  std::string words;         // what it is, for assistive technology; its value follows
+  std::string off, on;       // of a switch: how its two states are called
+  std::string letter;        // with Alt, the button's key
+  Controls timers;           // of a label: shown while one of these is on
   std::string (*reads)(std::string_view) = nullptr;  // of a list: a row as it is shown
   bool tight = false;
 
@@ -80,6 +83,9 @@ struct Node {
   Node& high(double lines) { return height = lines, *this; }
   Node& grow(int share = 1) { return stretch = share, *this; }
   Node& with_sign(std::string_view picture) { return sign = picture, *this; }
+  Node& with_signs(std::string_view off_picture, std::string_view on_picture) {
+    return sign = off_picture, sign_on = on_picture, *this;
+  }
   Node& called(std::string what_it_is) { return words = std::move(what_it_is), *this; }
   Node& switching(std::string off_word, std::string on_word) {
     return off = std::move(off_word), on = std::move(on_word), *this;
@@ -160,6 +166,9 @@ Node pile(ControlArray<T>& array) {
 }
 inline Node watch_bar() {
   return make_node(Node::What::kWatch);
+}
+inline Node scan_progress() {
+  return make_node(Node::What::kScan);
 }
 inline Node box_note() {
   return make_node(Node::What::kBoxNote);

@@ -83,6 +83,8 @@ QWidget* LayoutBuilder::build(const Node& node, QWidget* parent) {
       return make_pile(node, parent);
     case Node::What::kWatch:
       return new WatchBar(host_.feed, parent);
+    case Node::What::kScan:
+      return new ScanProgressView(host_.scan, parent);
     case Node::What::kBoxNote:
       return new BoxNoteView(host_.notices, parent);
     case Node::What::kNotices:
@@ -190,7 +192,10 @@ QWidget* LayoutBuilder::make_board(const Node& node, QWidget* parent) {
   auto* keys = new FocusBoard(box);
   QGridLayout* layout = make_close_grid(box);
   for (int i = 0; i < static_cast<int>(node.controls.size()); ++i) {
-    const Node cell = cell_of(node, node.controls, i).shown(node.look).switching(node.off, node.on);
+    const Node cell = cell_of(node, node.controls, i)
+                          .shown(node.look)
+                          .switching(node.off, node.on)
+                          .with_signs(node.sign, node.sign_on);
     add_cell(cell, node.words, i + 1, *keys, *layout, i / node.columns, i % node.columns);
   }
   return box;

@@ -12,12 +12,14 @@ namespace evac::desktop {
 
 class FocusBoard;
 class Notices;
+class ScanFeed;
 class WatchFeed;
 
 // What layouts can show of the host.
 struct HostParts {
   Notices& notices;
   WatchFeed& feed;
+  ScanFeed& scan;
   // Makes the button that brings up the virtual rack; null where there is none.
   std::function<QWidget*(QWidget* parent)> stand_button;
 };

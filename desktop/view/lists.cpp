@@ -125,11 +125,17 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 }
 
 void GridModel::reload() {
-  if (rows_ != grid_.row_count()) {
-    beginResetModel();
-    rows_ = grid_.row_count();
-    endResetModel();
-  } else if (rows_ > 0) {
+  const int rows = grid_.row_count();
+  if (rows > rows_) {
+    beginInsertRows({}, rows_, rows - 1);
+    rows_ = rows;
+    endInsertRows();
+  } else if (rows < rows_) {
+    beginRemoveRows({}, rows, rows_ - 1);
+    rows_ = rows;
+    endRemoveRows();
+  }
+  if (rows_ > 0) {
     emit dataChanged(index(0, 0), index(rows_ - 1, grid_.column_count() - 1));
   }
 }
@@ -150,7 +156,15 @@ GridView::GridView(Grid& control, Screen& screen, const Node& node, QWidget* par
 }
 
 void GridView::show_state() {
+  // Rows that come are followed, unless the user looks at earlier ones.
+  const auto* bar = verticalScrollBar();
+  const int at = bar->value();
+  const bool at_end = at >= bar->maximum();
   model_.reload();
+  if (at_end)
+    scrollToBottom();
+  else
+    verticalScrollBar()->setValue(at);
 }
 
 }  // namespace evac::desktop

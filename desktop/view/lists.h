@@ -42,7 +42,7 @@ class ListView : public BoundWidget<QListView, RowControl> {
 class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(const Grid& grid) : grid_(grid) {}
-  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : grid_.row_count(); }
+  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : rows_; }
   int columnCount(const QModelIndex& parent) const override {
     return parent.isValid() ? 0 : grid_.column_count();
   }

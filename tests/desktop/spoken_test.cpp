@@ -148,7 +148,10 @@ struct Bench : Form {
 
 TEST_F(SpokenDesktop, WhatNoRoomStandsBehindIsOffAndSaysSo) {
   Bench bench(desktop->console().windows());
-  const HostParts host{desktop->notices(), desktop->feed(), [](QWidget*) { return nullptr; }};
+  const HostParts host{.notices = desktop->notices(),
+                       .feed = desktop->feed(),
+                       .scan = desktop->scan(),
+                       .stand_button = [](QWidget*) { return nullptr; }};
   QWidget parent;
   LayoutBuilder builder(desktop->screen(), host);
   const auto made = [&](Control& control) { return builder.build(use(control), &parent); };
