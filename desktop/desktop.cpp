@@ -8,6 +8,7 @@
 
 #include "desktop/layouts/layouts.h"
 #include "desktop/stand.h"
+#include "desktop/training_music.h"
 #include "desktop/view/pictures.h"
 #include "model/text.h"
 
@@ -48,15 +49,27 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       process_(setup.restart_armed, notices_),
       screen_(loop_),
       windows_(screen_,
-               {notices_, feed_, scan_, [this](QWidget* parent) { return make_stand_button(parent); }},
+               {.notices = notices_,
+                .feed = feed_,
+                .scan = scan_,
+                .track = {.on = [this] { return console_->model().player.mp_pow; },
+                          .length = [this] { return mp_.duration(); },
+                          .position = [this] { return mp_.position(); }},
+                .stand_button = [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
         [this](int card, int port) { return training_->rack().contact_word(card, port); });
   // It is there from the second start on; what it is needed for says so if it can't be made.
   (void)files_.make_folder(kProgramFolder);
-  host_.before_wait = [this] { screen_.flush(); };
-  boxes_.before_box = [this] { screen_.flush(); };
+  host_.before_wait = [this] {
+    for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
+    screen_.flush();
+  };
+  boxes_.before_box = [this] {
+    windows_.hold_busy();
+    screen_.flush();
+  };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
   boxes_.fire_waits = [this] { return console_->fire_waiting().now(); };
   Cards& cards = simulated_cards_ ? static_cast<Cards&>(*simulated_cards_) : comedi_;
@@ -161,8 +174,9 @@ QWidget* Desktop::make_stand_button(QWidget* parent) {
 
 HostSetup training_setup(const std::filesystem::path& folder) {
   HostSetup setup;
-  setup.drives = {{'C', folder / "c"}};
+  setup.drives = {{'C', folder / "c"}, {'D', folder / "d"}};
   std::filesystem::create_directories(setup.drives['C']);
+  make_training_music(setup.drives['D']);
   // Whichever port is chosen leads to the one rack.
   setup.ports = {{1, (folder / "line").string()}, {2, (folder / "line").string()}};
   return setup;

@@ -46,6 +46,8 @@ class Desktop : private QObject {
   Boxes& boxes() { return boxes_; }
   Files& files() { return files_; }
   EventLoop& loop() { return loop_; }
+  // Seconds into the track that the player has.
+  double player_position() { return mp_.position(); }
   // Null outside training mode.
   TrainingLine* training() { return training_.get(); }
   Stand* stand() { return stand_.get(); }

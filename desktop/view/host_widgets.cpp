@@ -15,9 +15,9 @@ namespace evac::desktop {
 namespace {
 
 // Shares of the line that the subjects have, in their order.
-constexpr int kShares[] = {4, 4, 3, 3, 3};
+constexpr int kShares[] = {4, 4, 3, 3, 3, 3};
 static_assert(std::size(kShares) == Notices::kSubjects);
-constexpr int kAllShares = 17;
+constexpr int kAllShares = 20;
 
 QFont bold(QFont font) {
   font.setBold(true);

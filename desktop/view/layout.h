@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/controls.h"
+#include "platform/listers.h"
 
 namespace evac::desktop {
 
@@ -50,7 +50,10 @@ struct Node {
     kBoard,        // `controls`, `columns` a row
     kRows,         // rows of `arrays`, side by side under their heads, in `columns` columns of rows
     kPile,         // `controls` in one place, where the visible one is seen
+    kShared,       // the same of `children`
     kWatch,        // the alarm bar
+    kTrack,        // the position button of the player, on its way
+    kFolderUp,     // a lister's folder, and the way out of it
     kScan,         // how far the scan of the terminals is
     kBoxNote,      // what boxes that answered themselves said
     kNotices,      // what the host has to say
@@ -69,6 +72,7 @@ struct Node {
   Look look = Look::kNormal;
   double width = 0, height = 0;  // 0 is its own
   int stretch = 0;
+  std::string tip;           // shown while the control says nothing itself
   std::string_view sign;     // the picture of a button that has none of its own
   std::string_view sign_on;  // the same while it is on, where that differs
   std::string words;         // what it is, for assistive technology; its value follows
@@ -90,6 +94,7 @@ struct Node {
   Node& switching(std::string off_word, std::string on_word) {
     return off = std::move(off_word), on = std::move(on_word), *this;
   }
+  Node& hinted(std::string words_shown) { return tip = std::move(words_shown), *this; }
   Node& key(std::string alt_letter) { return letter = std::move(alt_letter), *this; }
   Node& while_on(Controls any_of) { return timers = std::move(any_of), *this; }
   Node& reading(std::string (*row)(std::string_view)) { return reads = row, *this; }
@@ -163,6 +168,15 @@ inline Node rows_of(std::vector<BoardArray> arrays, int columns) {
 template <class T>
 Node pile(ControlArray<T>& array) {
   return make_node(Node::What::kPile, all(array));
+}
+inline Node shared_place(Nodes children) {
+  return with_children(Node::What::kShared, std::move(children));
+}
+inline Node track(Button& position) {
+  return make_node(Node::What::kTrack, {&position});
+}
+inline Node folder_up(FolderLister& folders) {
+  return make_node(Node::What::kFolderUp, {&folders});
 }
 inline Node watch_bar() {
   return make_node(Node::What::kWatch);

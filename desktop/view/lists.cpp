@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+#include "desktop/view/press.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
@@ -71,7 +72,10 @@ ListView::ListView(RowControl& control, Screen& screen, const Node& node, QWidge
     : BoundWidget(control, screen, node, parent), model_(control, node.reads) {
   keep_size(node, line_ * 10, line_ * 5);
   setUniformItemSizes(true);
+  setTextElideMode(Qt::ElideMiddle);
   setEditTriggers(NoEditTriggers);
+  new PressWatch(*viewport(), control, screen);
+  new PressWatch(*this, control, screen);
   setModel(&model_);
   if (look_ == Look::kColumns) {
     setItemDelegate(new ColumnDelegate(node.stops, this));
@@ -116,6 +120,32 @@ void ListView::show_state() {
     else
       selectionModel()->clear();
   }
+}
+
+FolderUpView::FolderUpView(FolderLister& folders, Screen& screen, QWidget* parent)
+    : QPushButton(parent), folders_(folders), screen_(screen) {
+  setObjectName(qt(folders.full_name()) + ".up");
+  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  policy.setRetainSizeWhenHidden(true);
+  setSizePolicy(policy);
+  setMinimumHeight(fontMetrics().height() * 3 / 2);
+  connect(this, &QPushButton::clicked, this, [this] {
+    screen_.act([&folders = folders_] {
+      if (user::reaches(folders)) folders.point_at(folder_around(folders.path()));
+    });
+  });
+  screen.bind(folders, *this);
+  refresh();
+}
+
+void FolderUpView::refresh() {
+  const QString path = qt(folders_.path());
+  setVisible(folders_.visible());
+  setEnabled(folder_around(folders_.path()) != folders_.path());
+  setText(QStringLiteral("↑ ") +
+          fontMetrics().elidedText(path, Qt::ElideMiddle, width() - fontMetrics().height() * 2));
+  setToolTip(QStringLiteral("Из папки %1 на уровень выше").arg(path));
+  setAccessibleName(toolTip());
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {

@@ -3,9 +3,11 @@
 
 #include <QAbstractListModel>
 #include <QListView>
+#include <QPushButton>
 #include <QTableView>
 
 #include "desktop/view/bound_widget.h"
+#include "platform/listers.h"
 
 namespace evac::desktop {
 
@@ -37,6 +39,19 @@ class ListView : public BoundWidget<QListView, RowControl> {
   RowModel model_;
   std::vector<std::string> shown_rows_;
   bool keyed_ = false;
+};
+
+// The folder that a lister shows, on a button that leads to the one around it.
+class FolderUpView : public QPushButton, public Face {
+ public:
+  FolderUpView(FolderLister& folders, Screen& screen, QWidget* parent);
+  ~FolderUpView() override { screen_.unbind(folders_, *this); }
+  void refresh() override;
+  QWidget& widget() override { return *this; }
+
+ private:
+  FolderLister& folders_;
+  Screen& screen_;
 };
 
 class GridModel : public QAbstractTableModel {
