@@ -128,13 +128,13 @@ TEST_F(RackTest, PollsOnItsPeriodAndCountsTheAnswers) {
 
   // A terminal that is asked has the line to itself.
   hear(0x0A, {3, 7, 0, 0, 0});
-  rack.advance(10900ms);
+  rack.advance(10500ms);
   EXPECT_EQ(rack.polls_sent(), 5);
-  rack.advance(10950ms);
+  rack.advance(10550ms);
   EXPECT_EQ(rack.polls_sent(), 6);
   rack.set_polls_in_scan(true);
   hear(0x0A, {3, 8, 0, 0, 0});
-  rack.advance(11050ms);
+  rack.advance(10650ms);
   EXPECT_EQ(rack.polls_sent(), 7);
 }
 
