@@ -176,7 +176,11 @@ HostSetup training_setup(const std::filesystem::path& folder) {
   HostSetup setup;
   setup.drives = {{'C', folder / "c"}, {'D', folder / "d"}};
   std::filesystem::create_directories(setup.drives['C']);
-  make_training_music(setup.drives['D']);
+  // At the first start alone: what the user has taken away stays away.
+  if (!std::filesystem::exists(setup.drives['D'])) {
+    make_training_music(setup.drives['D']);
+    make_training_music(setup.drives['C'] / "ZEF" / "PlayList");
+  }
   // Whichever port is chosen leads to the one rack.
   setup.ports = {{1, (folder / "line").string()}, {2, (folder / "line").string()}};
   return setup;

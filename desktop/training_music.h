@@ -6,7 +6,7 @@
 
 namespace evac::desktop {
 
-// Makes the folder with its tracks, unless it is there already: from then on it is the user's. Throws
+// Makes the folder with its tracks, and leaves one that is there alone. Throws
 // std::filesystem::filesystem_error when it can't be made.
 void make_training_music(const std::filesystem::path& folder);
 

@@ -51,7 +51,7 @@ Node player_tab(Form1& form) {
                              shared_place({use(tab.LstPtreckMP).called("Дорожки").high(4),
                                            use(tab.LstPll).called("Списки").high(4)})
                                  .grow(1)});
-  const Node adding = column({use(tab.Drive1).called("Диски").high(2.6), folder_up(tab.Dir2),
+  const Node adding = column({use(tab.Drive1).called("Диски").high(3), folder_up(tab.Dir2),
                               use(tab.Dir2).called("Папки").high(2).grow(2),
                               use(tab.LstAddList).called("Файлы").high(2).grow(3)});
   const Node search = row({use(tab.CmdSeek).wide(6).hinted("Поиск по пути и тегам"), use(tab.LblSeek),
