@@ -20,6 +20,7 @@ std::string read_record(std::string_view record) {
 
 FileError RecordFile::load() {
   records_.clear();
+  whole_count_ = 0;
   std::string bytes;
   const FileError error = folder_.read(file_, bytes);
   unread_ = error != kNoError;
@@ -31,6 +32,7 @@ FileError RecordFile::load() {
   records_.reserve((bytes.size() + length - 1) / length);
   for (std::size_t at = 0; at < bytes.size(); at += length)
     records_.push_back({read_record(std::string_view(bytes).substr(at, length))});
+  whole_count_ = static_cast<int>(bytes.size() / length);
   return kNoError;
 }
 
