@@ -61,7 +61,7 @@ void CellBoard::paintEvent(QPaintEvent*) {
     p.drawRect(box);
     p.setFont(look.bold ? bold : font());
     p.setPen(text_upon(look.back));
-    p.drawText(box, Qt::AlignCenter, QString::number(cell));
+    p.drawText(box, Qt::AlignCenter, look.text.isEmpty() ? QString::number(cell) : look.text);
     if (hasFocus() && cell == cursor_) draw_focus_ring(p, box);
   }
 }

@@ -11,6 +11,7 @@ struct CellLook {
   QColor back;
   bool bold = false;
   QString tip;
+  QString text{};  // in the place of its number
 };
 
 class CellBoard : public QWidget {

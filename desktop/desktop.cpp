@@ -12,7 +12,9 @@
 #include "desktop/layouts/layouts.h"
 #include "desktop/login_manager.h"
 #include "desktop/stand.h"
+#include "desktop/training_music.h"
 #include "desktop/view/pictures.h"
+#include "model/text.h"
 
 namespace evac::desktop {
 namespace {
@@ -67,7 +69,14 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
                  ask_login_manager(QDBusConnection::systemBus(), process_, std::move(refused));
                }),
       screen_(loop_),
-      windows_(screen_, {notices_, feed_, [this](QWidget* parent) { return make_stand_button(parent); }},
+      windows_(screen_,
+               {.notices = notices_,
+                .feed = feed_,
+                .scan = scan_,
+                .track = {.on = [this] { return console_->model().player.mp_pow; },
+                          .length = [this] { return mp_.duration(); },
+                          .position = [this] { return mp_.position(); }},
+                .stand_button = [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
@@ -75,12 +84,18 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   // It is there from the second start on; what it is needed for says so if it can't be made.
   (void)files_.make_folder(kProgramFolder);
   for (const std::string_view folder : kWrittenFolders) disk_.remove_left_over(folder);
-  host_.before_wait = [this] { screen_.flush(); };
   host_.steady_wall().changed = [this] { loop_.keep_phase(); };
   host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
     notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
   };
-  boxes_.before_box = [this] { screen_.flush(); };
+  host_.before_wait = [this] {
+    for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
+    screen_.flush();
+  };
+  boxes_.before_box = [this] {
+    windows_.hold_busy();
+    screen_.flush();
+  };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
   boxes_.fire_waits = [this] { return ending_ || console_->fire_waiting().now(); };
   boxes_.while_up = [this] { heartbeat_.beat(); };
@@ -89,6 +104,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
   windows_.set_layouts(all_layouts(console_->forms()));
   feed_.follow(console_->watch());
+  scan_.follow([this] { return scan_pass(); });
   QObject::connect(&feed_, &WatchFeed::changed, &feed_, [this] { show_signs(); });
   QObject::connect(&notices_, &Notices::changed, &notices_, [this] { show_signs(); });
   feed_.show_alarm_panel = [this] { screen_.act([this] { console_->form1().SSTab1.set_value(kAlarmTab); }); };
@@ -128,6 +144,7 @@ Desktop::~Desktop() {
   loop_.clear();
   windows_.destroy();
   feed_.let_go();
+  scan_.let_go();
   console_.reset();
 }
 
@@ -184,6 +201,13 @@ void Desktop::run() {
   while (true) loop_.pump();
 }
 
+std::optional<ScanFeed::Pass> Desktop::scan_pass() {
+  const SystemModel& model = console_->model();
+  if (!model.supervision.ScanRunning) return std::nullopt;
+  constexpr int kAsked = 4;
+  return ScanFeed::Pass{Number(console_->form1().Lbl_A[kAsked].caption()), model.terminals.term_count};
+}
+
 void Desktop::show_signs() {
   if (!console_) return;
   for (Picture& lamp : console_->form1().PctA)
@@ -224,8 +248,13 @@ QWidget* Desktop::make_stand_button(QWidget* parent) {
 HostSetup training_setup(const std::filesystem::path& folder) {
   HostSetup setup;
   setup.state = folder / "state";
-  setup.drives = {{'C', folder / "c"}};
+  setup.drives = {{'C', folder / "c"}, {'D', folder / "d"}};
   std::filesystem::create_directories(setup.drives['C']);
+  // At the first start alone: what the user has taken away stays away.
+  if (!std::filesystem::exists(setup.drives['D'])) {
+    make_training_music(setup.drives['D']);
+    make_training_music(setup.drives['C'] / "ZEF" / "PlayList");
+  }
   // Whichever port is chosen leads to the one rack.
   setup.ports = {{1, (folder / "line").string()}, {2, (folder / "line").string()}};
   return setup;

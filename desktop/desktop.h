@@ -16,6 +16,7 @@
 #include "desktop/media_gst.h"
 #include "desktop/process.h"
 #include "desktop/qt_loop.h"
+#include "desktop/scan_feed.h"
 #include "desktop/self_check.h"
 #include "desktop/serial_line.h"
 #include "desktop/simulated_cards.h"
@@ -46,9 +47,12 @@ class Desktop : private QObject {
   SerialLine& line() { return line_; }
   Notices& notices() { return notices_; }
   WatchFeed& feed() { return feed_; }
+  ScanFeed& scan() { return scan_; }
   Boxes& boxes() { return boxes_; }
   Files& files() { return files_; }
   EventLoop& loop() { return loop_; }
+  // Seconds into the track that the player has.
+  double player_position() { return mp_.position(); }
   // Null outside training mode.
   TrainingLine* training() { return training_.get(); }
   Stand* stand() { return stand_.get(); }
@@ -64,6 +68,8 @@ class Desktop : private QObject {
   // What the watch and the line know better than the pictures that the console gave: lamps of closed contacts
   // burn, and nothing is known of a controller that is not heard.
   void show_signs();
+  // The terminal that is asked; none while no pass runs.
+  std::optional<ScanFeed::Pass> scan_pass();
   // Once a second: what disk, sound and cards have to say goes to the header strip.
   void look_after_devices();
 
@@ -81,6 +87,7 @@ class Desktop : private QObject {
   ComediCards comedi_;
   std::unique_ptr<SimulatedCards> simulated_cards_;  // of the training mode
   WatchFeed feed_;
+  ScanFeed scan_;
   QtBoxes boxes_{feed_, notices_};
   GstTone tone_;
   DesktopProcess process_;

@@ -241,6 +241,10 @@ void FormWindows::popup_shown(PopupMenu& menu) {
   popup_->popup(screen_.popup_place());
 }
 
+void FormWindows::busy(std::string_view what, int done, int total) {
+  if (main_) busy_.show(window(*main_), qt(what), done, total);
+}
+
 void FormWindows::popup_hidden(PopupMenu&) {
   if (popup_) popup_->hide();
 }

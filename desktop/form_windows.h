@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 
+#include "desktop/busy_sign.h"
 #include "desktop/view/layout_builder.h"
 #include "platform/windows.h"
 
@@ -44,19 +45,26 @@ class FormWindows : public WindowHost {
  public:
   // `title_suffix` stands behind the main window's title.
   FormWindows(Screen& screen, HostParts host, QString title_suffix)
-      : screen_(screen), host_(std::move(host)), title_suffix_(std::move(title_suffix)) {}
+      : screen_(screen),
+        host_(std::move(host)),
+        title_suffix_(std::move(title_suffix)),
+        busy_(host_.notices) {}
   ~FormWindows() override;
 
   void form_shown(Form& form, bool modal) override;
   void form_hidden(Form& form) override;
   void popup_shown(PopupMenu& menu) override;
   void popup_hidden(PopupMenu& menu) override;
+  void busy(std::string_view what, int done, int total) override;
+  void busy_over() override { busy_.over(); }
 
   // How each window is laid out; told before the first one is shown.
   void set_layouts(std::vector<WindowLayout> layouts) { layouts_ = std::move(layouts); }
   const WindowLayout& layout_of(const Form& form) const;
   // The window of the form, made now if it was not before.
   FormWindow& window(Form& form);
+  // A box comes up in the middle of work.
+  void hold_busy() { busy_.hold(); }
   // Gone before the controls are.
   void destroy();
 
@@ -68,6 +76,7 @@ class FormWindows : public WindowHost {
   std::map<Form*, std::unique_ptr<FormWindow>> windows_;
   std::unique_ptr<QMenu> popup_;
   Form* main_ = nullptr;
+  BusySign busy_;
 };
 
 }  // namespace evac::desktop

@@ -27,7 +27,8 @@ using namespace evac::desktop;
 
 constexpr const char* kProgram = "evac-console";
 constexpr int kFaultStatus = 1, kUsageStatus = 2;
-constexpr int kRehearsalSeconds = 8;
+constexpr int kRehearsalSeconds = 16;
+constexpr int kSilentTerminal = 37;  // of the training: one that the scan doesn't find
 
 struct Options {
   QString host, rehearse;
@@ -114,7 +115,10 @@ int run(const Options& options) {
   }
   if (!file) {
     training = std::make_unique<TrainingLine>(setup.ports.at(1));
-    training->change([](rack::Rack& rack) { rack.set_poll_period(std::chrono::milliseconds(500)); });
+    training->change([](rack::Rack& rack) {
+      rack.set_poll_period(std::chrono::milliseconds(500));
+      rack.set_silent(kSilentTerminal, true);
+    });
   }
   Desktop desktop(setup, std::move(training));
   try {

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
+#include "desktop/mp3_length.h"
 #include "desktop/wave_length.h"
 #include "model/text.h"
 #include "model/time.h"
@@ -67,14 +69,6 @@ bool swallows(GstElement* sink) {
   return found;
 }
 
-bool has_module(std::initializer_list<const char*> names) {
-  return std::any_of(names.begin(), names.end(), [](const char* name) {
-    GstElementFactory* factory = gst_element_factory_find(name);
-    if (factory) gst_object_unref(factory);
-    return factory != nullptr;
-  });
-}
-
 bool has_font(const SoundSetup& setup) {
   std::error_code error;
   if (!setup.font.empty()) return std::filesystem::is_regular_file(setup.font, error);
@@ -115,11 +109,9 @@ bool preroll(GstElement* player) {
 }
 
 // Seconds of what the player is ready to play; 0 when that can't be told.
-double length_of(GstElement* player, const std::filesystem::path& file) {
+double length_of(GstElement* player) {
   gint64 length = 0;
-  if (gst_element_query_duration(player, GST_FORMAT_TIME, &length) && length > 0)
-    return length / kNanoseconds;
-  return wave_length(file);
+  return gst_element_query_duration(player, GST_FORMAT_TIME, &length) ? length / kNanoseconds : 0;
 }
 
 GstElement* volume_filter(double linear) {
@@ -148,13 +140,34 @@ std::vector<std::string> missing_sound(const SoundSetup& setup) {
   start_gstreamer();
   std::vector<std::string> missing;
   if (std::string trouble = sink_trouble(setup); !trouble.empty()) missing.push_back(std::move(trouble));
-  if (!has_module({"wavparse"})) missing.push_back("Файлы .wav не воспроизводятся: нет модуля wavparse");
-  if (!has_module({"mpg123audiodec", "avdec_mp3", "mad"}))
-    missing.push_back("Файлы .mp3 не воспроизводятся: нет модуля mpg123");
-  if (!has_module({"fluiddec"}))
-    missing.push_back("Файлы .mid и .rmi не воспроизводятся: нет модуля fluiddec");
-  else if (!has_font(setup))
-    missing.push_back("Файлы .mid и .rmi не воспроизводятся: нет звукового шрифта");
+  std::ranges::move(missing_decoders([](const char* module) {
+                      GstElementFactory* factory = gst_element_factory_find(module);
+                      if (factory) gst_object_unref(factory);
+                      return factory != nullptr;
+                    }),
+                    std::back_inserter(missing));
+  if (!has_font(setup))
+    missing.push_back(
+        "Файлы .mid и .rmi не воспроизводятся: нет звукового шрифта (пакет timgm6mb-soundfont)");
+  return missing;
+}
+
+std::vector<std::string> missing_decoders(const std::function<bool(const char*)>& has) {
+  struct Decoder {
+    const char *files, *package;
+    std::vector<const char*> any_of;
+  };
+  static const Decoder kDecoders[] = {
+      {"Файлы не воспроизводятся", "gstreamer1.0-plugins-base", {"playbin"}},
+      {"Файлы .wav не воспроизводятся", "gstreamer1.0-plugins-good", {"wavparse"}},
+      {"Файлы .mp3 не воспроизводятся", "gstreamer1.0-plugins-good", {"mpg123audiodec", "avdec_mp3", "mad"}},
+      {"Файлы .mid и .rmi не воспроизводятся", "gstreamer1.0-plugins-bad", {"fluiddec"}},
+  };
+  std::vector<std::string> missing;
+  for (const Decoder& decoder : kDecoders)
+    if (std::ranges::none_of(decoder.any_of, has))
+      missing.push_back(
+          join(decoder.files, ": нет модуля ", decoder.any_of.front(), " (пакет ", decoder.package, ")"));
   return missing;
 }
 
@@ -170,26 +183,59 @@ GstMedia::GstMedia(Locate locate, const SoundSetup& setup) : locate_(std::move(l
 void GstMedia::set_file(std::string_view path) {
   stop();
   tell("");
-  uri_.clear();
-  duration_ = 0;
-  const std::filesystem::path file = locate_(path);
+  file_ = locate_(path);
   std::error_code error;
-  if (file.empty() || !std::filesystem::is_regular_file(file, error)) return;
-  gchar* uri = gst_filename_to_uri(file.c_str(), nullptr);
-  if (!uri) return;
-  uri_ = uri;
-  g_free(uri);
+  if (!std::filesystem::is_regular_file(file_, error)) file_.clear();
+  duration_.reset();
+  ready_.reset();
+  starts_ = !file_.empty();
+}
+
+int GstMedia::ready_state() {
+  if (!ready_) {
+    const std::optional<double> told = try_file();
+    if (!told)
+      duration_ = 0;
+    else if (!duration_)
+      take_length(*told);
+    // What has no length can't be followed by the clock: an alert would start it again every second.
+    ready_ = *duration_ > 0;
+  }
+  return *ready_ ? 1 : 0;
+}
+
+double GstMedia::duration() {
+  if (!duration_) take_length({});
+  if (*duration_ <= 0 && !ready_) {
+    duration_.reset();
+    (void)ready_state();
+  }
+  return *duration_;
+}
+
+void GstMedia::take_length(std::optional<double> told) {
+  double length = file_.empty() ? 0 : wave_length(file_);
+  if (length <= 0 && !file_.empty()) length = mp3_length(file_);
+  if (length <= 0) length = told.value_or(0);
+  duration_ = std::min(length, static_cast<double>(kSecondsPerDay));
+}
+
+std::optional<double> GstMedia::try_file() {
+  if (file_.empty()) return std::nullopt;
   const Player trial = make_player(fake_sink());
-  if (trial && preroll(trial.get()))
-    duration_ = std::min(length_of(trial.get(), file), static_cast<double>(kSecondsPerDay));
-  // What has no length can't be followed by the clock: an alert would start it again every second.
-  if (duration_ <= 0) uri_.clear();
+  if (!trial || !preroll(trial.get())) return std::nullopt;
+  return length_of(trial.get());
+}
+
+void GstMedia::settle() {
+  if (starts_) play();
 }
 
 void GstMedia::play() {
-  if (uri_.empty()) return;
+  starts_ = false;
+  if (ready_state() == 0) return;
   // At its end it starts over, also when the news of the end is still on its way.
-  if (position() >= duration_) stop();
+  if (position() >= duration()) stop();
   if (!player_) {
     player_ = make_player(real_sink());
     if (!player_) return;
@@ -210,17 +256,19 @@ void GstMedia::play() {
 }
 
 void GstMedia::hold() {
+  starts_ = false;
   if (player_) gst_element_set_state(player_.get(), GST_STATE_PAUSED);
 }
 
 void GstMedia::stop() {
+  starts_ = false;
   player_.reset();
   ended_ = false;
   rest_ = 0;
 }
 
 double GstMedia::position() {
-  if (ended_) return duration_;
+  if (ended_) return duration();
   gint64 position = 0;
   if (!player_ || !gst_element_query_position(player_.get(), GST_FORMAT_TIME, &position)) return rest_;
   return static_cast<double>(position) / kNanoseconds;
@@ -228,8 +276,11 @@ double GstMedia::position() {
 
 void GstMedia::seek(double seconds) {
   if (ended_) stop();
-  rest_ = std::clamp(seconds, 0.0, duration_);
-  if (player_) jump(rest_);
+  rest_ = std::clamp(seconds, 0.0, duration());
+  // A player that was only just set going takes no seek before it is ready to sound.
+  if (player_ &&
+      gst_element_get_state(player_.get(), nullptr, nullptr, kPrerollLimit) != GST_STATE_CHANGE_FAILURE)
+    jump(rest_);
 }
 
 void GstMedia::set_volume(int hundredths) {
@@ -257,7 +308,8 @@ GstMedia::Player GstMedia::make_player(GstElement* sink) {
     tell("Нет проигрывателя GStreamer: нет модуля playback");
     return player;
   }
-  g_object_set(player.get(), "uri", uri_.c_str(), "flags", kAudioFlag, "audio-sink", sink, nullptr);
+  const std::unique_ptr<gchar, decltype(&g_free)> uri(gst_filename_to_uri(file_.c_str(), nullptr), g_free);
+  g_object_set(player.get(), "uri", uri.get(), "flags", kAudioFlag, "audio-sink", sink, nullptr);
   if (!setup_.font.empty())
     g_signal_connect(player.get(), "element-setup", G_CALLBACK(element_made),
                      const_cast<std::string*>(&setup_.font));

@@ -1,10 +1,10 @@
 // Sound through GStreamer: wave, mp3 and MIDI files, on one player a media control, and the tone.
 //
-// A file is tried without the sound device when it is set: whether it can be decoded, and how long it is. So
-// an alert goes on by the clock also where the device is gone; what is wrong with the device is told by
-// trouble(). The device is open only while something plays or is held. Where several media are to sound at
-// once, or one while another is held, the sink must be one that can be shared (a sound server, or ALSA's
-// "default").
+// How long a file is stands in its own bytes where that can be read quickly. Whether it can be decoded is
+// tried without the sound device, when somebody asks for it. So an alert goes on by the clock also where the
+// device is gone; what is wrong with the device is told by trouble(). The device is open only while something
+// plays or is held. Where several media are to sound at once, or one while another is held, the sink must be
+// one that can be shared (a sound server, or ALSA's "default").
 #pragma once
 
 #include <atomic>
@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,8 @@ struct SoundSetup {
 
 // What this machine lacks to be heard, in the operator's words; nothing when all is there.
 std::vector<std::string> missing_sound(const SoundSetup& setup);
+// The same where the modules of GStreamer are those that `has` knows.
+std::vector<std::string> missing_decoders(const std::function<bool(const char* module)>& has);
 
 class GstMedia : public Media {
  public:
@@ -43,13 +46,14 @@ class GstMedia : public Media {
   GstMedia(const GstMedia&) = delete;
   GstMedia& operator=(const GstMedia&) = delete;
 
-  // Stops what plays and tries the file; waits for that, two seconds at the most.
+  // Stops what plays.
   void set_file(std::string_view path) override;
-  int ready_state() override { return uri_.empty() ? 0 : 1; }
+  // Tries the file, once; waits for that, two seconds at the most.
+  int ready_state() override;
   void play() override;
   void hold() override;
   void stop() override;
-  double duration() override { return duration_; }
+  double duration() override;
   double position() override;
   void seek(double seconds) override;
   void set_volume(int hundredths) override;
@@ -58,6 +62,8 @@ class GstMedia : public Media {
   // Holds the sound device.
   bool is_open() const { return player_ != nullptr; }
   std::string trouble() const;
+  // To be called at the end of an event: plays the file that was set in it and that nothing holds.
+  void settle();
   // To be called about once a second: gives the device back when a file has ended.
   void release_when_ended();
 
@@ -72,15 +78,22 @@ class GstMedia : public Media {
   // missing.
   Player make_player(GstElement* sink);
   GstElement* real_sink();
+  // Tries to decode the file, without a sound: seconds as the decoder tells them, 0 when it can't, none when
+  // it can't decode the file.
+  std::optional<double> try_file();
+  // Takes the length from the file's own bytes; else the one that was told, if one was.
+  void take_length(std::optional<double> told);
   void jump(double seconds);
   void take_message(GstMessage* message);
   void tell(const std::string& trouble);
 
   const Locate locate_;
   const SoundSetup setup_;
-  std::string uri_;  // of a file that can be decoded; empty when there is none
-  double duration_ = 0;
-  double volume_ = 1;  // linear
+  std::filesystem::path file_;      // empty when there is none
+  std::optional<double> duration_;  // once it is known
+  std::optional<bool> ready_;       // once it was tried
+  bool starts_ = false;             // plays at the end of the event
+  double volume_ = 1;               // linear
   Player player_;    // holds the device; a new one each time, since one that is used again keeps what it had
   double rest_ = 0;  // the position while there is none
   std::atomic<bool> ended_ = false;

@@ -13,9 +13,10 @@ namespace evac::desktop {
 class Notices : public QObject {
   Q_OBJECT
  public:
-  // In the order of their places. The frames that wait are information; the others are faults.
-  enum Subject { kLine, kDisk, kData, kSound, kCards, kRestart, kBacklog, kSubjects };
-  static constexpr bool is_fault(Subject subject) { return subject != kBacklog; }
+  // In the order of their places. The frames that wait and the work that took long are information; the
+  // others are faults.
+  enum Subject { kLine, kDisk, kData, kSound, kCards, kRestart, kBacklog, kWork, kSubjects };
+  static constexpr bool is_fault(Subject subject) { return subject < kBacklog; }
 
   void tell(Subject subject, const QString& message) {
     if (messages_[subject] == message) return;

@@ -38,6 +38,7 @@ class Rehearsal {
     desktop_.stand()->show();
     const auto end = desktop_.loop().now() + std::chrono::seconds(seconds);
     act();
+    scan();
     fire();
     while (desktop_.loop().now() < end) desktop_.pump();
     save(*desktop_.stand(), "stand.png");
@@ -59,6 +60,21 @@ class Rehearsal {
     desktop_.screen().act([&tabs] { user::turn_to(tabs, 0); });
     pass(milliseconds(250));
     save(main_window(), "window.png");
+  }
+
+  // The terminals are asked what they do; one of them is silent.
+  void scan() {
+    constexpr int kControlTab = 5;
+    Form1& form = desktop_.console().form1();
+    desktop_.screen().act([&form] { user::turn_to(form.SSTab1, kControlTab); });
+    // The pass is one long event: what is to be seen in it comes by a timer of the toolkit's.
+    QTimer::singleShot(milliseconds(2500), &box_watch_, [this] { save(main_window(), "scan.png"); });
+    desktop_.screen().act([&form] { user::click(form.CmdArm); });
+    pass(milliseconds(100));
+    pass(milliseconds(500));  // behind the pass, which is an event in the first
+    save(main_window(), "scanned.png");
+    for (const auto& row : form.List5.rows()) frames_.push_back("          the report of the scan: " + row);
+    desktop_.screen().act([&form] { user::turn_to(form.SSTab1, 0); });
   }
 
   // The console's main job: a contact closes, and opens again after a while.

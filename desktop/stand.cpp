@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <iterator>
 
 #include "desktop/view/palette.h"
 #include "desktop/view/screen.h"
@@ -25,6 +27,33 @@ CellLook output_look(const rack::Output& output, const QString& what, int number
   return {screen_color(color), output.on, QStringLiteral("%1 %2: %3").arg(what).arg(number).arg(state)};
 }
 
+// The ways in which a terminal answers the scan.
+struct Way {
+  const char* words;
+  const char* mark;  // behind its number
+  bool silent = false, absent = false, slow = false;
+  std::optional<rack::Rack::Answer> answer{};
+};
+constexpr std::chrono::milliseconds kSlow{700};  // later than the console waits
+const Way kWays[] = {
+    {"отвечает", ""},
+    {"молчит", "×", true},
+    {"отвечает через 0,7 с", "…", false, false, true},
+    {"его нет: канал 255", "–", false, true},
+    {"отвечает: зона 0", "?", false, false, false, rack::Rack::Answer{1, 20, 0, 0}},
+    {"отвечает: зона 200", "?", false, false, false, rack::Rack::Answer{1, 20, 200, 0}},
+};
+
+const Way& way_of(const rack::Rack& rack, int terminal) {
+  const auto answer = rack.own_answer(terminal);
+  return *std::ranges::find_if(kWays, [&](const Way& way) {
+    return &way == std::end(kWays) - 1 ||
+           (way.silent == rack.is_silent(terminal) && way.absent == rack.is_absent(terminal) &&
+            way.slow == rack.is_slow(terminal) && way.answer.has_value() == answer.has_value() &&
+            (!answer || way.answer->zone == answer->zone));
+  });
+}
+
 QGroupBox* group(const QString& title, QLayout* layout) {
   auto* box = new QGroupBox(title);
   layout->setContentsMargins(6, 6, 6, 6);
@@ -41,6 +70,7 @@ Stand::Stand(TrainingLine& line) : line_(line) {
   auto* left = new QVBoxLayout;
   left->addWidget(line_panel());
   left->addWidget(contact_panel());
+  left->addWidget(terminal_panel());
   left->addStretch(1);
   top->addLayout(left);
   top->addWidget(network_panel(), 1);
@@ -117,6 +147,7 @@ void Stand::follow_line() {
   line_.change([this](rack::Rack& rack) {
     rack.set_paced(paced_->isChecked());
     rack.set_status(link_->isChecked(), programme_->isChecked());
+    if (polls_in_scan_) rack.set_polls_in_scan(polls_in_scan_->isChecked());
   });
 }
 
@@ -167,24 +198,96 @@ QWidget* Stand::network_panel() {
       [&network](int zone) { return output_look(network.zone(zone), QStringLiteral("Зона"), zone); }, this);
   zones_->setAccessibleName(QStringLiteral("Зоны"));
   terminals_ = new CellBoard(
-      kTerminals, 20,
-      [&network](int number) {
-        return output_look(network.terminal(number), QStringLiteral("Терминал"), number);
+      kTerminals, 22,
+      [this](int number) {
+        CellLook look =
+            output_look(line_.rack().network().terminal(number), QStringLiteral("Терминал"), number);
+        const Way& way = way_of(line_.rack(), number);
+        look.text = QString::number(number) + QString::fromUtf8(way.mark);
+        look.tip += QStringLiteral("; на опрос %1").arg(QString::fromUtf8(way.words));
+        return look;
       },
       this);
+  terminals_->set_pressable();
+  terminals_->setObjectName(QStringLiteral("terminals"));
+  connect(terminals_, &CellBoard::pressed, this, &Stand::answer_as_chosen);
   terminals_->setAccessibleName(QStringLiteral("Терминалы"));
+  outlets_ = new CellBoard(
+      rack::Network::kBlocks * 8, 16,
+      [&network](int cell) -> CellLook {
+        const int block = (cell - 1) / 8 + 1, outlet = (cell - 1) % 8 + 1;
+        const bool on = network.outlet(block, outlet);
+        return {on ? screen_color(Color::kOn) : grey::kField, on,
+                QStringLiteral("Блок питания %1, CH%2: %3")
+                    .arg(block)
+                    .arg(outlet)
+                    .arg(on ? QStringLiteral("включён") : QStringLiteral("выключен")),
+                QString::number(outlet)};
+      },
+      this);
+  outlets_->setAccessibleName(QStringLiteral("Выходы питания"));
   network_ = new QLabel;
   network_->setWordWrap(true);
   network_->setTextFormat(Qt::PlainText);
-  network_->setMinimumHeight(fontMetrics().height() * 6);
+  network_->setMinimumHeight(fontMetrics().height() * 4);
   network_->setAlignment(Qt::AlignTop);
   auto* layout = new QVBoxLayout;
   layout->addWidget(new QLabel(QStringLiteral("Зоны")));
   layout->addWidget(zones_, 6);
-  layout->addWidget(new QLabel(QStringLiteral("Терминалы")));
-  layout->addWidget(terminals_, 13);
+  layout->addWidget(new QLabel(QStringLiteral("Терминалы (нажмите, чтобы на опрос отвечали иначе)")));
+  layout->addWidget(terminals_, 12);
+  layout->addWidget(new QLabel(QStringLiteral("Питание: выходы блоков 1–8, по два блока в ряду")));
+  layout->addWidget(outlets_, 4);
   layout->addWidget(network_);
   return group(QStringLiteral("Что слышит стойка"), layout);
+}
+
+QWidget* Stand::terminal_panel() {
+  way_ = new QComboBox;
+  way_->setObjectName(QStringLiteral("way"));
+  way_->setAccessibleName(QStringLiteral("Как отвечает нажатый терминал"));
+  for (const Way& way : kWays) way_->addItem(QString::fromUtf8(way.words));
+  way_->setCurrentIndex(1);
+  auto* all = new QPushButton(QStringLiteral("Так все"));
+  connect(all, &QPushButton::clicked, this, [this] {
+    for (int terminal = 1; terminal <= kTerminals; ++terminal) answer_as_chosen(terminal);
+  });
+  auto* last = new QSpinBox;
+  last->setRange(1, kTerminals);
+  last->setValue(20);
+  auto* burst = new QPushButton(QStringLiteral("Залп ответов терминалов 1 –"));
+  burst->setObjectName(QStringLiteral("burst"));
+  connect(burst, &QPushButton::clicked, this,
+          [this, last] { line_.change([&](rack::Rack& rack) { rack.send_answers(1, last->value()); }); });
+  polls_in_scan_ = new QCheckBox(QStringLiteral("Контроллер опрашивает и во время опроса терминалов"));
+  polls_in_scan_->setChecked(line_.rack().polls_in_scan());
+  connect(polls_in_scan_, &QCheckBox::clicked, this, &Stand::follow_line);
+  auto* choice = new QHBoxLayout;
+  choice->addWidget(new QLabel(QStringLiteral("Нажатый")));
+  choice->addWidget(way_, 1);
+  choice->addWidget(all);
+  auto* foot = new QHBoxLayout;
+  foot->addWidget(burst);
+  foot->addWidget(last);
+  foot->addStretch(1);
+  auto* layout = new QVBoxLayout;
+  layout->addLayout(choice);
+  layout->addLayout(foot);
+  layout->addWidget(polls_in_scan_);
+  return group(QStringLiteral("Опрос терминалов"), layout);
+}
+
+void Stand::answer_as_chosen(int terminal) {
+  const Way& way = kWays[way_->currentIndex()];
+  line_.change([&](rack::Rack& rack) {
+    rack.set_silent(terminal, way.silent);
+    rack.set_absent(terminal, way.absent);
+    rack.set_slow(terminal, way.slow ? std::optional(kSlow) : std::nullopt);
+    auto answer = way.answer;
+    if (answer && answer->zone != 0) answer->terminal = static_cast<std::uint8_t>(terminal);
+    rack.set_answer(terminal, answer);
+  });
+  terminals_->update();
 }
 
 QWidget* Stand::log_panel() {
@@ -201,7 +304,7 @@ QWidget* Stand::log_panel() {
   table_->setColumnWidth(FrameLog::kFrom, line * 8);
   table_->setColumnWidth(FrameLog::kBytes, line * 13);
   table_->horizontalHeader()->setStretchLastSection(true);
-  table_->setMinimumHeight(line * 6);
+  table_->setMinimumHeight(line * 4);
   auto* polls = new QCheckBox(QStringLiteral("Без опросов и ответов на них"));
   polls->setChecked(true);
   connect(polls, &QCheckBox::toggled, this, [this](bool on) { log_.hide_polls(on); });
@@ -246,6 +349,7 @@ void Stand::show_changes() {
   if (!std::exchange(changed_, false)) return;
   zones_->update();
   terminals_->update();
+  outlets_->update();
   network_->setText(network_words());
 }
 
@@ -253,16 +357,6 @@ QString Stand::network_words() const {
   const auto& network = line_.rack().network();
   QString text = QStringLiteral("Включено зон: %1").arg(network.zones_on());
   if (network.alert()) text += QStringLiteral("   ОПОВЕЩЕНИЕ: все зоны и аварийные каналы");
-  text += QStringLiteral("\nПитание: ");
-  bool any = false;
-  for (int block = 1; block <= rack::Network::kBlocks; ++block) {
-    QString outlets;
-    for (int outlet = 1; outlet <= 8; ++outlet)
-      if (network.outlet(block, outlet)) outlets += QString::number(outlet);
-    if (!outlets.isEmpty()) text += QStringLiteral("блок %1: CH %2  ").arg(block).arg(outlets);
-    any = any || !outlets.isEmpty();
-  }
-  if (!any) text += QStringLiteral("всё выключено");
   const auto on = [](bool is) { return is ? QStringLiteral("включён") : QStringLiteral("выключен"); };
   text += QStringLiteral("\nАварийные каналы: 9 %1, 10 %2").arg(on(network.alarm9()), on(network.alarm10()));
   text += QStringLiteral("\nМатрица: ");

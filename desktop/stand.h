@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QSpinBox>
 #include <QTableView>
@@ -29,19 +30,23 @@ class Stand : public QWidget {
   QWidget* line_panel();
   QWidget* contact_panel();
   QWidget* network_panel();
+  QWidget* terminal_panel();
   QWidget* log_panel();
   void follow_line();
   void show_changes();
   QString network_words() const;
+  void answer_as_chosen(int terminal);
 
   TrainingLine& line_;
   FrameLog log_;
   QTimer refresh_;
   bool changed_ = true;
-  QCheckBox *plugged_ = nullptr, *paced_ = nullptr, *link_ = nullptr, *programme_ = nullptr;
+  QCheckBox *plugged_ = nullptr, *paced_ = nullptr, *link_ = nullptr, *programme_ = nullptr,
+            *polls_in_scan_ = nullptr;
   QSpinBox* period_ = nullptr;
   QLabel *clock_ = nullptr, *polls_ = nullptr, *network_ = nullptr;
-  CellBoard *zones_ = nullptr, *terminals_ = nullptr, *contacts_ = nullptr;
+  CellBoard *zones_ = nullptr, *terminals_ = nullptr, *contacts_ = nullptr, *outlets_ = nullptr;
+  QComboBox* way_ = nullptr;  // in which a terminal that is pressed answers the scan
   QTableView* table_ = nullptr;
 };
 

@@ -11,6 +11,7 @@ constexpr std::uint8_t kPoll = 0x10, kAnswer = 0x0A, kAlarm = 0x70;
 constexpr std::uint8_t kLinkBit = 1, kProgrammeBit = 2;
 constexpr std::uint8_t kNoTerminal = 0xFF, kFire = 15;
 constexpr milliseconds kQuietAfterAlarm{250};
+constexpr milliseconds kQuietAfterQuery{300};  // longer than a terminal takes that is well
 
 std::uint8_t byte_of(int value) {
   return static_cast<std::uint8_t>(value);
@@ -185,6 +186,7 @@ void Rack::deliver() {
 void Rack::answer_query(int terminal) {
   const auto frame = answer_of(terminal);
   if (!frame) return;
+  if (!polls_in_scan_) next_poll_ = std::max<Time>(next_poll_, now_ + kQuietAfterQuery);
   const auto own = own_delays_.find(terminal);
   answers_.push_back({now_ + (own == own_delays_.end() ? answer_delay_ : own->second), *frame});
 }

@@ -71,6 +71,11 @@ class Rack {
   // Zero is no polls. The first one comes a period later.
   void set_poll_period(std::chrono::milliseconds period);
   std::chrono::milliseconds poll_period() const { return poll_period_; }
+  // A terminal that answers has the line to itself: polls wait until the console has asked no other for a
+  // while, or one that is silent. A controller that polls on all the same takes the console's wait away from
+  // the terminal.
+  void set_polls_in_scan(bool on) { polls_in_scan_ = on; }
+  bool polls_in_scan() const { return polls_in_scan_; }
   // What the polls say.
   void set_status(bool link, bool programme);
   bool link_bit() const { return link_; }
@@ -95,6 +100,13 @@ class Rack {
   void set_silent(int terminal, bool silent);
   void set_absent(int terminal, bool absent);
   void set_answer(int terminal, std::optional<Answer> answer);
+  bool is_silent(int terminal) const { return silent_.test(static_cast<std::size_t>(terminal)); }
+  bool is_absent(int terminal) const { return absent_.test(static_cast<std::size_t>(terminal)); }
+  bool is_slow(int terminal) const { return own_delays_.contains(terminal); }
+  std::optional<Answer> own_answer(int terminal) const {
+    const auto own = own_answers_.find(terminal);
+    return own == own_answers_.end() ? std::nullopt : std::optional(own->second);
+  }
   // The answers of these terminals, unasked and back to back, but for the silent ones.
   void send_answers(int first, int last);
 
@@ -134,7 +146,7 @@ class Rack {
   std::vector<Waiting> answers_;
   std::chrono::milliseconds poll_period_{0}, answer_delay_{60};
   Time now_{0}, next_poll_{0};
-  bool link_ = true, programme_ = true;
+  bool link_ = true, programme_ = true, polls_in_scan_ = false;
   std::bitset<Network::kTerminals + 1> silent_, absent_;
   std::map<int, Answer> own_answers_;
   std::map<int, std::chrono::milliseconds> own_delays_;

@@ -125,6 +125,17 @@ TEST_F(RackTest, PollsOnItsPeriodAndCountsTheAnswers) {
   EXPECT_EQ(last_sent(), make_frame(0x70, {0, 15, 6, 0, 0})) << "no poll may hide the report at once";
   rack.advance(10250ms);
   EXPECT_EQ(rack.polls_sent(), 5);
+
+  // A terminal that is asked has the line to itself.
+  hear(0x0A, {3, 7, 0, 0, 0});
+  rack.advance(10500ms);
+  EXPECT_EQ(rack.polls_sent(), 5);
+  rack.advance(10550ms);
+  EXPECT_EQ(rack.polls_sent(), 6);
+  rack.set_polls_in_scan(true);
+  hear(0x0A, {3, 8, 0, 0, 0});
+  rack.advance(10650ms);
+  EXPECT_EQ(rack.polls_sent(), 7);
 }
 
 TEST_F(RackTest, AnswersTheScanAsToldTo) {

@@ -3,6 +3,7 @@
 
 #include "desktop/layouts/form1_tabs.h"
 #include "desktop/view/pictures.h"
+#include "platform/pictures.h"
 
 namespace evac::desktop {
 
@@ -68,29 +69,42 @@ Node output_choice(SourceOutputs& outputs, const std::string& source) {
   return row(std::move(buttons)).packed();
 }
 
-Node key(Button& button, std::string_view sign_shown, const std::string& what) {
-  return use(button).with_sign(sign_shown).called(what).high(2.2).grow(1);
+// A key that can be lit has a form for that.
+Node key(Button& button, std::string_view off, const std::string& what, std::string_view on = {}) {
+  return use(button).with_signs(off, on).called(what).high(2).grow(1);
 }
 
 Node deck(Frame& around, const std::string& source, ControlArray<Button>& keys, Label& state,
           SourceOutputs& outputs) {
-  return frame(around, column({use(state).shown(Look::kValue).high(1.4).wide(16).called(source),
-                               row({key(keys[0], sign::kPlay, source + " воспроизведение"),
+  return frame(around, column({use(state).shown(Look::kValue).high(1.2).wide(16).called(source),
+                               row({key(keys[0], sign::kPlay, source + " воспроизведение", picture::kPlay.on),
                                     key(keys[2], sign::kPrevious, source + " предыдущая дорожка"),
                                     key(keys[1], sign::kNext, source + " следующая дорожка"),
-                                    key(keys[3], sign::kStop, source + " стоп"),
-                                    key(keys[4], sign::kRestart, source + " в начало")}),
+                                    key(keys[3], sign::kStop, source + " стоп", picture::kStop.on),
+                                    key(keys[4], sign::kRestart, source + " в начало", sign::kRestartOn)}),
                                output_choice(outputs, source), space()}));
 }
 
 Node tuner(SourcesTab& tab) {
-  return frame(tab.Frame3,
-               column({use(tab.LblT).shown(Look::kValue).high(1.4).wide(16).called("Тюнер"),
-                       row({use(tab.CmdT[0]).high(2.2).grow(1), use(tab.CmdT[1]).high(2.2).grow(1),
-                            key(tab.CmdT[3], sign::kPrevious, "Предыдущая станция"),
-                            key(tab.CmdT[2], sign::kNext, "Следующая станция"),
-                            key(tab.CmdT[4], sign::kStop, "Тюнер стоп")}),
-                       output_choice(tab.Opt_t, "Тюнер"), space()}));
+  return frame(tab.Frame3, column({use(tab.LblT).shown(Look::kValue).high(1.2).wide(16).called("Тюнер"),
+                                   row({use(tab.CmdT[0]).high(2).grow(1), use(tab.CmdT[1]).high(2).grow(1),
+                                        key(tab.CmdT[3], sign::kPrevious, "Предыдущая станция"),
+                                        key(tab.CmdT[2], sign::kNext, "Следующая станция"),
+                                        key(tab.CmdT[4], sign::kStop, "Тюнер стоп", picture::kStop.on)}),
+                                   output_choice(tab.Opt_t, "Тюнер"), space()}));
+}
+
+// What each channel carries, and whether it plays: the same as on the tab of the terminals.
+Node channels(TerminalsTab& tab) {
+  Nodes cells;
+  for (int channel = 1; channel <= kChannels; ++channel) {
+    const std::string number = " канала " + std::to_string(channel);
+    cells.push_back(row({use(tab.L1[channel]).shown(Look::kSwatch).wide(1.2),
+                         use(tab.Label2[channel]).shown(Look::kValue).wide(7.5).called("Источник" + number),
+                         use(tab.Pic[channel]).called("Источник" + number + " играет"), space()})
+                        .grow(1));
+  }
+  return row(std::move(cells));
 }
 
 Node audio_matrix(SourcesTab& tab) {
@@ -100,8 +114,8 @@ Node audio_matrix(SourcesTab& tab) {
     Nodes inputs = {words(head).shown(Look::kBig)};
     for (int input = 0; input < SourcesTab::kMatrixRows; ++input)
       inputs.push_back(use(tab.Opt1[SourcesTab::kMatrixRows * output + input])
-                           .called(head + (input == 0 ? " без звука" : " вход " + std::to_string(input))));
-    inputs.push_back(space());
+                           .called(head + (input == 0 ? " без звука" : " вход " + std::to_string(input)))
+                           .grow(1));
     outputs.push_back(column(std::move(inputs)).packed().grow(1));
   }
   return frame(tab.Frame4, row(std::move(outputs)));
@@ -112,7 +126,8 @@ Node audio_matrix(SourcesTab& tab) {
 Node sources_tab(Form1& form) {
   SourcesTab& tab = form;
   return column(
-      {row({deck(tab.Frame1, "CD", tab.CmdCD, tab.LblCD, tab.Opt_cd).grow(1),
+      {channels(form),
+       row({deck(tab.Frame1, "CD", tab.CmdCD, tab.LblCD, tab.Opt_cd).grow(1),
             deck(tab.Frame2, "MP3", tab.CmdMP3, tab.LblMP3, tab.Opt_mp).grow(1), tuner(tab).grow(1)}),
        audio_matrix(tab).grow(1)});
 }
@@ -127,20 +142,22 @@ Node power_tab(Form1& form) {
                                                   .wide(3.6)
                                                   .high(1.5)
                                                   .called("Блок " + std::to_string(block + 1) + " выход")
+                                                  .with_signs(picture::kSwitchOff, picture::kSwitchOn)
                                                   .switching("выключен", "включен"))
                          .grow(1));
   const auto alarm_channel = [](Button& button, const char* name) {
-    return use(button).shown(Look::kBig).high(2.6).called(name).switching("выключен", "включен");
+    return use(button)
+        .shown(Look::kBig)
+        .wide(8)
+        .high(2.6)
+        .with_signs(picture::kSwitchOff, picture::kSwitchOn)
+        .called(name)
+        .switching("выключен", "включен");
   };
   const Node alarm =
-      frame(tab.Frame5[kSequencers], row({alarm_channel(tab.CmdTW9, "Аварийный канал 9").grow(1),
-                                          alarm_channel(tab.CmdTW10, "Аварийный канал 10").grow(1)}));
-  const auto heard = [](const char* what, ListBox& list) {
-    return column({words(what), use(list).called(what).wide(6).grow(1)}).grow(1);
-  };
-  const Node log = row({heard("Вход 1", tab.List1), heard("Время", tab.List2), heard("Вход 2", tab.List3)});
-  return row({grid(2, std::move(blocks)).grow(2),
-              column({alarm, Node(log).grow(1), use(tab.Command1).called("Очистить входы")}).grow(1)});
+      frame(tab.Frame5[kSequencers], column({alarm_channel(tab.CmdTW9, "Аварийный канал 9").grow(1),
+                                             alarm_channel(tab.CmdTW10, "Аварийный канал 10").grow(1)}));
+  return row({grid(2, std::move(blocks)).grow(1), alarm});
 }
 
 }  // namespace evac::desktop

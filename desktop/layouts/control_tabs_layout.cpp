@@ -3,42 +3,63 @@
 
 namespace evac::desktop {
 
+namespace {
+
+Node transport(PlayerTab& tab) {
+  const auto key = [](Button& button, const char* words) {
+    return use(button).wide(3).high(1.9).called(words).grow(1);
+  };
+  return row({key(tab.CmdPMP, "Питание плеера").wide(4), key(tab.CmdPrevMP, "Предыдущая дорожка"),
+              key(tab.CmdPlayMP, "Воспроизведение"), key(tab.CmdPauseMP, "Пауза"),
+              key(tab.CmdStopMP, "Стоп плеера"), key(tab.CmdNextMP, "Следующая дорожка"),
+              key(tab.CmdDownMP, "Тише"), key(tab.CmdUpMP, "Громче"),
+              use(tab.LblMPU).shown(Look::kValue).wide(4).high(1.9).called("Громкость плеера"),
+              use(tab.CmdCicl2).wide(5).high(1.9).hinted("После последней дорожки снова первая")});
+}
+
+Node list_keys(PlayerTab& tab) {
+  const auto key = [](Button& button, const char* tip) { return use(button).hinted(tip).grow(1); };
+  return row({key(tab.CmdListMP, "Показать дорожки; правая кнопка — перейти к номеру"),
+              key(tab.CmdLpl, "Показать сохранённые списки"), key(tab.CmdCrpl, "Сохранить список"),
+              key(tab.CmdAddPl, "Добавить дорожки"),
+              key(tab.CmdCln, "Заново собрать список из папки PlayList"),
+              key(tab.CmdSVL, "Подсчитать длительность списка")});
+}
+
+Node tags(PlayerTab& tab) {
+  const auto tag = [](Label& head, Label& text) {
+    return column(
+               {use(head).shown(Look::kHead), use(text).shown(Look::kField).wide(12).called(head.caption())})
+        .packed();
+  };
+  return frame(tab.Frame7_1,
+               column({tag(tab.Label9, tab.LblTitle), tag(tab.Label10, tab.LblArtist),
+                       tag(tab.Label11, tab.LblAlbum), tag(tab.Label12, tab.LblYear),
+                       tag(tab.Label13, tab.LblComment), words("Файл").shown(Look::kHead),
+                       use(tab.LblII).shown(Look::kField).wide(12).high(2.4).called("Файл"), space()}));
+}
+
+}  // namespace
+
 Node player_tab(Form1& form) {
   PlayerTab& tab = form;
-  const auto key = [](Button& button, const char* words) {
-    return use(button).wide(3).high(1.9).called(words);
-  };
-  const Node transport = row(
-      {key(tab.CmdPMP, "Питание плеера").wide(4), key(tab.CmdPrevMP, "Предыдущая дорожка"),
-       key(tab.CmdPlayMP, "Воспроизведение"), key(tab.CmdPauseMP, "Пауза"), key(tab.CmdStopMP, "Стоп плеера"),
-       key(tab.CmdNextMP, "Следующая дорожка"), key(tab.CmdDownMP, "Тише"), key(tab.CmdUpMP, "Громче"),
-       use(tab.LblMPU).shown(Look::kValue).wide(5).called("Громкость плеера"), use(tab.CmdCicl2).wide(6)});
-  const Node position = row({use(tab.Ipos).wide(3).called("Место в дорожке"), space(), words("Осталось"),
-                             use(tab.LblTMP).shown(Look::kBig).wide(6).called("Осталось")});
-  const Node lists =
-      column({row({use(tab.CmdListMP).grow(1), use(tab.CmdLpl).grow(1), use(tab.CmdCrpl).grow(1),
-                   use(tab.CmdAddPl).grow(1), use(tab.CmdCln).grow(1), use(tab.CmdSVL).grow(1)}),
-              row({use(tab.Label5), use(tab.TxtNzMp).wide(5).called("Номер трека"), space(),
-                   use(tab.LblVPL).shown(Look::kValue).wide(8).called("Длина списка")}),
-              row({use(tab.LstPtreckMP).called("Дорожки").high(4).grow(1),
-                   use(tab.LstPll).called("Списки").high(4).grow(1)})
-                  .grow(1)});
-  const Node adding =
-      column({use(tab.Drive1).called("Диски").high(2), use(tab.Dir2).called("Папки").high(3).grow(1),
-              use(tab.LstAddList).called("Файлы").high(3).grow(1)});
-  const Node search = row({use(tab.CmdSeek).wide(6), use(tab.LblSeek),
+  const Node position = row({track(tab.Ipos).called("Место в дорожке").grow(1), words("Осталось"),
+                             use(tab.LblTMP).shown(Look::kTitle).wide(5).called("Осталось")});
+  const Node beside_lists = row({use(tab.Label5), use(tab.TxtNzMp).wide(5).called("Номер трека"), space(),
+                                 use(tab.LblVPL).shown(Look::kValue).wide(11).called("Длина списка")});
+  const Node lists = column({list_keys(tab), beside_lists,
+                             shared_place({use(tab.LstPtreckMP).called("Дорожки").high(4),
+                                           use(tab.LstPll).called("Списки").high(4)})
+                                 .grow(1)});
+  const Node adding = column({use(tab.Drive1).called("Диски").high(3), folder_up(tab.Dir2),
+                              use(tab.Dir2).called("Папки").high(2).grow(2),
+                              use(tab.LstAddList).called("Файлы").high(2).grow(3)});
+  const Node search = row({use(tab.CmdSeek).wide(6).hinted("Поиск по пути и тегам"), use(tab.LblSeek),
                            use(tab.TxtSeek).called("Поиск").grow(1), use(tab.CmdSeekOk).wide(4)});
-  const auto tag = [](Label& head, Label& text) {
-    return row({use(head).wide(8), use(text).shown(Look::kValue).called(head.caption()).grow(1)});
-  };
-  return row({frame(tab.Frame9, column({use(tab.LblUP).shown(Look::kTitle), transport, position,
+  return row({frame(tab.Frame9, column({use(tab.LblUP).shown(Look::kTitle), transport(tab), position,
                                         row({Node(lists).grow(2), Node(adding).grow(1)}).grow(1), search}))
-                  .grow(2),
-              frame(tab.Frame7_1, column({tag(tab.Label9, tab.LblTitle), tag(tab.Label10, tab.LblArtist),
-                                          tag(tab.Label11, tab.LblAlbum), tag(tab.Label12, tab.LblYear),
-                                          tag(tab.Label13, tab.LblComment),
-                                          use(tab.LblII).shown(Look::kValue).called("Файл"), space()}))
-                  .grow(1)});
+                  .grow(3),
+              tags(tab).grow(1)});
 }
 
 namespace {
@@ -54,18 +75,21 @@ Node scan_panel(ScanPanel& panel) {
                    column({words("Терминал"),
                            use(panel.Lbl_A[4]).shown(Look::kValue).wide(4).called("Терминал")})
                        .packed()}),
-              row(std::move(heads)).packed(), use(panel.MSF2).called("Ответы терминалов").grow(1)}));
+              scan_progress(), row(std::move(heads)).packed(),
+              use(panel.MSF2).called("Ответы терминалов").grow(1)}));
 }
 
 Node terminals_control(MonitorPanel& panel) {
   return frame(
       panel.Frame7_0,
-      column({row({words("Монитор").wide(6), use(panel.CmdZ).wide(6).high(2.2).called("Монитор"),
-                   use(panel.PctM).called("Состояние монитора")}),
+      column({row({words("Монитор").wide(6), use(panel.CmdZ).wide(6).high(2.2).called("Монитор").grow(1)}),
               row({words("Ручной опрос").wide(6), use(panel.CmdArm).wide(6).high(2.2).called("Ручной опрос"),
-                   use(panel.CmdSb).wide(6).high(2.2).called("Сброс опроса")}),
-              use(panel.Label3).wide(14),
-              use(panel.Lbl_m).shown(Look::kValue).wide(15).called("Последний опрос")}));
+                   use(panel.CmdSb).wide(6).high(2.2).called("Сброс опроса").grow(1)}),
+              row({use(panel.PctM).wide(2.6).high(2.6).called("Состояние монитора"),
+                   column({use(panel.Label3).wide(14),
+                           use(panel.Lbl_m).shown(Look::kField).wide(14).called("Последний опрос")})
+                       .packed()
+                       .grow(1)})}));
 }
 
 Node weekly_timer(TimerPanel& panel) {

@@ -27,12 +27,13 @@ Node header_strip(Form1& form) {
 }
 
 // Picture stores and listers; the sixth channel row, which does nothing; the status lines that nothing
-// writes; the two inputs that only other code could fill.
+// writes; the log of two inputs that only other code could fill.
 OutOfSight form1_out_of_sight(Form1& form) {
   return OutOfSight(form.PctD2, form.PctD3, form.PctD4, form.Pct_Kon, form.Pct_Koff, form.Dir1, form.Dir3,
                     form.File1, form.File2, form.File3, form.Opt[0], form.VS_Z[0], form.TerminalsTab::LblZ[0],
                     form.LblU[1], form.LblU[2], form.LblU[3], form.LblU[4], form.Label1, form.Text1,
-                    form.Text2);
+                    form.Text2, form.PowerTab::List1, form.PowerTab::List2, form.PowerTab::List3,
+                    form.PowerTab::Command1);
 }
 
 }  // namespace

@@ -22,7 +22,9 @@ class BoundWidget : public Widget, public Face {
     const bool connected = is_connected(control_);
     this->setEnabled(control_.enabled() && connected);
     if (this->isHidden() == control_.visible()) this->setVisible(control_.visible());
-    const QString tip = connected ? qt(control_.tool_tip()) : qt(kNotConnected);
+    const QString tip = !connected                    ? qt(kNotConnected)
+                        : control_.tool_tip().empty() ? tip_
+                                                      : qt(control_.tool_tip());
     if (tip != this->toolTip()) this->setToolTip(tip);
     show_state();
     const QString name = spoken_name(words_, values());
@@ -35,7 +37,12 @@ class BoundWidget : public Widget, public Face {
 
  protected:
   BoundWidget(ControlType& control, Screen& screen, const Node& node, QWidget* parent)
-      : Widget(parent), control_(control), screen_(screen), words_(qt(node.words)), look_(node.look) {
+      : Widget(parent),
+        control_(control),
+        screen_(screen),
+        words_(qt(node.words)),
+        tip_(qt(node.tip)),
+        look_(node.look) {
     this->setObjectName(qt(control.form().name() + "." + control.full_name()));
     this->setFont(font_of(look_, this->font()));
     line_ = this->fontMetrics().height();
@@ -57,7 +64,7 @@ class BoundWidget : public Widget, public Face {
 
   ControlType& control_;
   Screen& screen_;
-  const QString words_;
+  const QString words_, tip_;
   const Look look_;
   int line_ = 0;  // height of a line of text
 

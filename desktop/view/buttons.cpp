@@ -54,6 +54,7 @@ void draw_cell(QPainter& p, const QRect& area, const CellState& state, const QSt
 ButtonView::ButtonView(Control& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent),
       sign_(node.sign),
+      sign_on_(node.sign_on),
       off_(qt(node.off)),
       on_(qt(node.on)),
       letter_(qt(node.letter)),
@@ -82,7 +83,8 @@ ButtonView::ButtonView(Control& control, Screen& screen, const Node& node, QWidg
 }
 
 std::string_view ButtonView::picture() const {
-  return is_picture(control_.picture()) ? std::string_view(control_.picture()) : sign_;
+  if (is_picture(control_.picture())) return control_.picture();
+  return is_on() && !sign_on_.empty() ? sign_on_ : sign_;
 }
 
 bool ButtonView::is_on() const {

@@ -41,7 +41,7 @@ class ButtonView : public BoundWidget<QAbstractButton, Control>, public Spoken {
   QColor ground() const;
   std::string_view picture() const;
   bool is_on() const;
-  const std::string_view sign_;
+  const std::string_view sign_, sign_on_;
   const QString off_, on_, letter_;
   const bool tight_;
   const bool hand_;

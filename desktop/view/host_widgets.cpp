@@ -4,9 +4,11 @@
 #include <QPainter>
 #include <QTextDocumentFragment>
 #include <QToolTip>
+#include <algorithm>
 #include <numeric>
 
 #include "desktop/notices.h"
+#include "desktop/scan_feed.h"
 #include "desktop/view/palette.h"
 #include "desktop/view/pictures.h"
 #include "platform/pictures.h"
@@ -17,7 +19,7 @@ namespace {
 constexpr std::chrono::milliseconds kKeyboardLook{150};
 
 // Shares of the line that the subjects have, in their order.
-constexpr int kShares[] = {4, 3, 3, 4, 3, 3, 3};
+constexpr int kShares[] = {4, 3, 3, 4, 3, 3, 3, 3};
 static_assert(std::size(kShares) == Notices::kSubjects);
 const int kAllShares = std::accumulate(std::begin(kShares), std::end(kShares), 0);
 
@@ -147,6 +149,28 @@ void BoxNoteView::paintEvent(QPaintEvent* event) {
   QString text = notices_.boxes().back() + QStringLiteral("  ✕");
   if (count > 1) text.prepend(QStringLiteral("(%1) ").arg(count));
   draw_notice(p, rect(), text, true);
+}
+
+ScanProgressView::ScanProgressView(ScanFeed& feed, QWidget* parent) : QWidget(parent), feed_(feed) {
+  setObjectName("scan progress");
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  const auto show = [this] {
+    setAccessibleName(feed_.text());
+    update();
+  };
+  connect(&feed, &ScanFeed::changed, this, show);
+  show();
+}
+
+void ScanProgressView::paintEvent(QPaintEvent*) {
+  const auto& pass = feed_.pass();
+  if (!pass) return;
+  QPainter p(this);
+  const double done = std::clamp(double(pass->asked - 1) / std::max(1, pass->of), 0.0, 1.0);
+  draw_field(p, rect(), grey::kField);
+  p.fillRect(QRectF(1, 1, (width() - 2) * done, height() - 2), grey::kPale);
+  p.setPen(grey::kText);
+  p.drawText(rect(), Qt::AlignCenter, feed_.text());
 }
 
 }  // namespace evac::desktop

@@ -11,6 +11,7 @@
 namespace evac::desktop {
 
 class Notices;
+class ScanFeed;
 
 // What the host has to say, each subject in its own place: faults with the sign, information without.
 class NoticesView : public QWidget {
@@ -56,6 +57,20 @@ class KeyboardNote : public QLabel {
 
   const std::function<KeyboardState()> read_;
   QTimer timer_;
+};
+
+// How far the scan of the terminals is: a bar over the whole pass, and in words. Keeps its place at rest.
+class ScanProgressView : public QWidget {
+ public:
+  ScanProgressView(ScanFeed& feed, QWidget* parent);
+  QSize sizeHint() const override { return {fontMetrics().height() * 20, fontMetrics().height() * 3 / 2}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  ScanFeed& feed_;
 };
 
 }  // namespace evac::desktop

@@ -26,7 +26,7 @@ void draw_text(QPainter& p, const QRect& area, int flags, const QString& text) {
 LabelView::LabelView(Control& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent), off_(qt(node.off)), on_(qt(node.on)), timers_(node.timers) {
   const int own = fontMetrics().horizontalAdvance(qt(control.caption()));
-  const bool field = look_ == Look::kValue || look_ == Look::kSwatch;
+  const bool field = look_ == Look::kValue || look_ == Look::kField || look_ == Look::kSwatch;
   const bool gives_way = look_ == Look::kCell || look_ == Look::kHuge;
   keep_size(node, own + (field ? line_ : line_ / 2), look_ == Look::kCell ? line_ * 5 / 4 : line_ * 4 / 3);
   setSizePolicy(QSizePolicy::Preferred, gives_way ? QSizePolicy::Preferred : QSizePolicy::Fixed);
@@ -94,16 +94,20 @@ void LabelView::paintEvent(QPaintEvent*) {
     if (hasFocus()) draw_focus_ring(p, rect());
     return;
   }
-  const bool plain = look_ != Look::kValue && look_ != Look::kSwatch;
+  const bool value = look_ == Look::kValue || look_ == Look::kField;
+  const bool plain = !value && look_ != Look::kSwatch;
   const bool says = is_signal(control_.back_color());
   QColor back = grey::kWindow;
   if (!plain || says) {
-    back = look_ == Look::kValue && !says ? grey::kField : screen_color(control_.back_color());
+    back = value && !says ? grey::kField : screen_color(control_.back_color());
     draw_field(p, rect(), back);
   }
   p.setPen(isEnabled() ? text_upon(back) : grey::kFaint);
   const int channel = look_ == Look::kSwatch ? channel_of(control_.back_color()) : 0;
-  draw_text(p, rect().adjusted(2, 0, -2, 0), plain ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter,
+  const bool from_left = plain || look_ == Look::kField;
+  const int inset = look_ == Look::kField ? line_ / 4 : 2;
+  draw_text(p, rect().adjusted(inset, 0, -inset, 0),
+            from_left ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter,
             channel ? QString::number(channel) : caption);
 }
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/controls.h"
+#include "platform/listers.h"
 
 namespace evac::desktop {
 
@@ -20,6 +20,7 @@ enum class Look {
   kStop,     // the button that ends an alert
   kTitle,    // the heading of a window or of the strip
   kValue,    // a number or text in a field of its own; a row or column on a ground of its own
+  kField,    // a text in a field of its own, from its left side
   kSwatch,   // a sample of a colour; a button that carries one
   kCell,     // a button or a label that takes presses, one of many: on or off, and of which channel
   kNumber,   // a check box, one of several with the same caption: its number in the place of it
@@ -50,7 +51,11 @@ struct Node {
     kBoard,         // `controls`, `columns` a row
     kRows,          // rows of `arrays`, side by side under their heads, in `columns` columns of rows
     kPile,          // `controls` in one place, where the visible one is seen
+    kShared,        // the same of `children`
     kWatch,         // the alarm bar
+    kTrack,         // the position button of the player, on its way
+    kFolderUp,      // a lister's folder, and the way out of it
+    kScan,          // how far the scan of the terminals is
     kBoxNote,       // what boxes that answered themselves said
     kNotices,       // what the host has to say
     kKeyboardNote,  // beside a password: the keyboard's layout, and whether Caps Lock is on
@@ -69,11 +74,13 @@ struct Node {
   Look look = Look::kNormal;
   double width = 0, height = 0;  // 0 is its own
   int stretch = 0;
-  std::string_view sign;  // the picture of a button with neither caption nor picture
-  std::string words;      // what it is, for assistive technology; its value follows
-  std::string off, on;    // of a switch: how its two states are called
-  std::string letter;     // with Alt, the button's key
-  Controls timers;        // of a label: shown while one of these is on
+  std::string tip;           // shown while the control says nothing itself
+  std::string_view sign;     // the picture of a button that has none of its own
+  std::string_view sign_on;  // the same while it is on, where that differs
+  std::string words;         // what it is, for assistive technology; its value follows
+  std::string off, on;       // of a switch: how its two states are called
+  std::string letter;        // with Alt, the button's key
+  Controls timers;           // of a label: shown while one of these is on
   std::string (*reads)(std::string_view) = nullptr;  // of a list: a row as it is shown
   bool tight = false;
   bool hand = false;  // of a button: the pointer over it is a hand while it can be pressed
@@ -83,10 +90,14 @@ struct Node {
   Node& high(double lines) { return height = lines, *this; }
   Node& grow(int share = 1) { return stretch = share, *this; }
   Node& with_sign(std::string_view picture) { return sign = picture, *this; }
+  Node& with_signs(std::string_view off_picture, std::string_view on_picture) {
+    return sign = off_picture, sign_on = on_picture, *this;
+  }
   Node& called(std::string what_it_is) { return words = std::move(what_it_is), *this; }
   Node& switching(std::string off_word, std::string on_word) {
     return off = std::move(off_word), on = std::move(on_word), *this;
   }
+  Node& hinted(std::string words_shown) { return tip = std::move(words_shown), *this; }
   Node& key(std::string alt_letter) { return letter = std::move(alt_letter), *this; }
   Node& while_on(Controls any_of) { return timers = std::move(any_of), *this; }
   Node& reading(std::string (*row)(std::string_view)) { return reads = row, *this; }
@@ -162,8 +173,20 @@ template <class T>
 Node pile(ControlArray<T>& array) {
   return make_node(Node::What::kPile, all(array));
 }
+inline Node shared_place(Nodes children) {
+  return with_children(Node::What::kShared, std::move(children));
+}
+inline Node track(Button& position) {
+  return make_node(Node::What::kTrack, {&position});
+}
+inline Node folder_up(FolderLister& folders) {
+  return make_node(Node::What::kFolderUp, {&folders});
+}
 inline Node watch_bar() {
   return make_node(Node::What::kWatch);
+}
+inline Node scan_progress() {
+  return make_node(Node::What::kScan);
 }
 inline Node box_note() {
   return make_node(Node::What::kBoxNote);

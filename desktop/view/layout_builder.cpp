@@ -81,8 +81,20 @@ QWidget* LayoutBuilder::build(const Node& node, QWidget* parent) {
       return make_rows(node, parent);
     case Node::What::kPile:
       return make_pile(node, parent);
+    case Node::What::kShared:
+      return make_shared_place(node, parent);
+    case Node::What::kTrack: {
+      auto* view =
+          new TrackView(dynamic_cast<Button&>(*node.controls.front()), screen_, node, parent, host_.track);
+      view->refresh();
+      return view;
+    }
+    case Node::What::kFolderUp:
+      return new FolderUpView(dynamic_cast<FolderLister&>(*node.controls.front()), screen_, parent);
     case Node::What::kWatch:
       return new WatchBar(host_.feed, parent);
+    case Node::What::kScan:
+      return new ScanProgressView(host_.scan, parent);
     case Node::What::kBoxNote:
       return new BoxNoteView(host_.notices, parent);
     case Node::What::kNotices:
@@ -193,7 +205,10 @@ QWidget* LayoutBuilder::make_board(const Node& node, QWidget* parent) {
   auto* keys = new FocusBoard(box);
   QGridLayout* layout = make_close_grid(box);
   for (int i = 0; i < static_cast<int>(node.controls.size()); ++i) {
-    const Node cell = cell_of(node, node.controls, i).shown(node.look).switching(node.off, node.on);
+    const Node cell = cell_of(node, node.controls, i)
+                          .shown(node.look)
+                          .switching(node.off, node.on)
+                          .with_signs(node.sign, node.sign_on);
     add_cell(cell, node.words, i + 1, *keys, *layout, i / node.columns, i % node.columns);
   }
   return box;
@@ -242,6 +257,14 @@ QWidget* LayoutBuilder::make_pile(const Node& node, QWidget* parent) {
     leaf.called(node.words + ' ' + std::to_string(++number));
     layout->addWidget(make_control(*control, leaf, box), 0, 0);
   }
+  return box;
+}
+
+QWidget* LayoutBuilder::make_shared_place(const Node& node, QWidget* parent) {
+  auto* box = new QWidget(parent);
+  auto* layout = new QGridLayout(box);
+  layout->setContentsMargins(0, 0, 0, 0);
+  for (const Node& child : node.children) layout->addWidget(build(child, box), 0, 0);
   return box;
 }
 

@@ -6,6 +6,7 @@
 #include "desktop/keyboard_state.h"
 #include "desktop/view/layout.h"
 #include "desktop/view/screen.h"
+#include "desktop/view/track.h"
 
 class QGridLayout;
 
@@ -13,12 +14,15 @@ namespace evac::desktop {
 
 class FocusBoard;
 class Notices;
+class ScanFeed;
 class WatchFeed;
 
 // What layouts can show of the host.
 struct HostParts {
   Notices& notices;
   WatchFeed& feed;
+  ScanFeed& scan;
+  TrackSource track{};
   // Makes the button that brings up the virtual rack; null where there is none.
   std::function<QWidget*(QWidget* parent)> stand_button;
   std::function<KeyboardState()> keyboard = keyboard_state;
@@ -42,6 +46,7 @@ class LayoutBuilder {
   void add_cell(Node cell, const std::string& words, int number, FocusBoard& keys, QGridLayout& layout,
                 int row, int column);
   QWidget* make_pile(const Node& node, QWidget* parent);
+  QWidget* make_shared_place(const Node& node, QWidget* parent);
   QWidget* make_text(const Node& node, QWidget* parent);
 
   Screen& screen_;

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+#include "desktop/view/press.h"
 #include "platform/user.h"
 
 namespace evac::desktop {
@@ -71,7 +72,10 @@ ListView::ListView(RowControl& control, Screen& screen, const Node& node, QWidge
     : BoundWidget(control, screen, node, parent), model_(control, node.reads) {
   keep_size(node, line_ * 10, line_ * 5);
   setUniformItemSizes(true);
+  setTextElideMode(Qt::ElideMiddle);
   setEditTriggers(NoEditTriggers);
+  new PressWatch(*viewport(), control, screen);
+  new PressWatch(*this, control, screen);
   setModel(&model_);
   if (look_ == Look::kColumns) {
     setItemDelegate(new ColumnDelegate(node.stops, this));
@@ -118,6 +122,32 @@ void ListView::show_state() {
   }
 }
 
+FolderUpView::FolderUpView(FolderLister& folders, Screen& screen, QWidget* parent)
+    : QPushButton(parent), folders_(folders), screen_(screen) {
+  setObjectName(qt(folders.full_name()) + ".up");
+  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  policy.setRetainSizeWhenHidden(true);
+  setSizePolicy(policy);
+  setMinimumHeight(fontMetrics().height() * 3 / 2);
+  connect(this, &QPushButton::clicked, this, [this] {
+    screen_.act([&folders = folders_] {
+      if (user::reaches(folders)) folders.point_at(folder_around(folders.path()));
+    });
+  });
+  screen.bind(folders, *this);
+  refresh();
+}
+
+void FolderUpView::refresh() {
+  const QString path = qt(folders_.path());
+  setVisible(folders_.visible());
+  setEnabled(folder_around(folders_.path()) != folders_.path());
+  setText(QStringLiteral("↑ ") +
+          fontMetrics().elidedText(path, Qt::ElideMiddle, width() - fontMetrics().height() * 2));
+  setToolTip(QStringLiteral("Из папки %1 на уровень выше").arg(path));
+  setAccessibleName(toolTip());
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::TextAlignmentRole) return Qt::AlignCenter;
   if (role != Qt::DisplayRole || index.row() >= grid_.row_count()) return {};
@@ -125,11 +155,17 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 }
 
 void GridModel::reload() {
-  if (rows_ != grid_.row_count()) {
-    beginResetModel();
-    rows_ = grid_.row_count();
-    endResetModel();
-  } else if (rows_ > 0) {
+  const int rows = grid_.row_count();
+  if (rows > rows_) {
+    beginInsertRows({}, rows_, rows - 1);
+    rows_ = rows;
+    endInsertRows();
+  } else if (rows < rows_) {
+    beginRemoveRows({}, rows, rows_ - 1);
+    rows_ = rows;
+    endRemoveRows();
+  }
+  if (rows_ > 0) {
     emit dataChanged(index(0, 0), index(rows_ - 1, grid_.column_count() - 1));
   }
 }
@@ -150,7 +186,15 @@ GridView::GridView(Grid& control, Screen& screen, const Node& node, QWidget* par
 }
 
 void GridView::show_state() {
+  // Rows that come are followed, unless the user looks at earlier ones.
+  const auto* bar = verticalScrollBar();
+  const int at = bar->value();
+  const bool at_end = at >= bar->maximum();
   model_.reload();
+  if (at_end)
+    scrollToBottom();
+  else
+    verticalScrollBar()->setValue(at);
 }
 
 }  // namespace evac::desktop

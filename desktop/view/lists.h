@@ -3,9 +3,11 @@
 
 #include <QAbstractListModel>
 #include <QListView>
+#include <QPushButton>
 #include <QTableView>
 
 #include "desktop/view/bound_widget.h"
+#include "platform/listers.h"
 
 namespace evac::desktop {
 
@@ -39,10 +41,23 @@ class ListView : public BoundWidget<QListView, RowControl> {
   bool keyed_ = false;
 };
 
+// The folder that a lister shows, on a button that leads to the one around it.
+class FolderUpView : public QPushButton, public Face {
+ public:
+  FolderUpView(FolderLister& folders, Screen& screen, QWidget* parent);
+  ~FolderUpView() override { screen_.unbind(folders_, *this); }
+  void refresh() override;
+  QWidget& widget() override { return *this; }
+
+ private:
+  FolderLister& folders_;
+  Screen& screen_;
+};
+
 class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(const Grid& grid) : grid_(grid) {}
-  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : grid_.row_count(); }
+  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : rows_; }
   int columnCount(const QModelIndex& parent) const override {
     return parent.isValid() ? 0 : grid_.column_count();
   }

@@ -208,6 +208,7 @@ constexpr Drawing kDrawings[] = {
     {sign::kNext, draw_next, "вперёд"},
     {sign::kPrevious, draw_previous, "назад"},
     {sign::kRestart, draw_restart, "в начало"},
+    {sign::kRestartOn, draw_on<draw_restart>, "в начало, нажато"},
 };
 
 const Drawing* drawing_of(std::string_view word) {

@@ -17,6 +17,7 @@ inline constexpr std::string_view kStop = "stop";
 inline constexpr std::string_view kNext = "next";
 inline constexpr std::string_view kPrevious = "previous";
 inline constexpr std::string_view kRestart = "restart";
+inline constexpr std::string_view kRestartOn = "restart on";
 }  // namespace sign
 
 // Draws the picture into the middle of the area; false, with nothing drawn, for an unknown word.

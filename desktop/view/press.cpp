@@ -30,6 +30,9 @@ bool PressWatch::eventFilter(QObject*, QEvent* event) {
         right_press(press->modifiers() & Qt::ShiftModifier, press->globalPosition().toPoint());
         return true;
       }
+      // Only one that is told of the release shows that it is held.
+      if (press->button() == Qt::LeftButton && control_.mouse_up)
+        screen_.act([&control = control_] { user::press(control); });
       // A finger: the toolkit has made a mouse press of a touch.
       if (press->pointingDevice()->type() == QInputDevice::DeviceType::TouchScreen) touch_.start();
       return false;
@@ -39,6 +42,8 @@ bool PressWatch::eventFilter(QObject*, QEvent* event) {
       return false;
     case QEvent::MouseButtonRelease:
       touch_.stop();
+      if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && control_.mouse_up)
+        screen_.act([&control = control_] { user::release(control); });
       return std::exchange(swallow_release_, false);
     case QEvent::KeyPress: {
       const auto* key = static_cast<QKeyEvent*>(event);

@@ -52,6 +52,13 @@ inline std::string path_in(std::string_view folder, std::string_view name) {
   return join(folder, folder.ends_with('\\') ? "" : "\\", name);
 }
 
+// The folder around that one; a drive's root has none but itself.
+inline std::string folder_around(std::string_view folder) {
+  const auto end = folder.find_last_of('\\');
+  if (end == std::string_view::npos || end + 1 == folder.size()) return std::string(folder);
+  return std::string(folder.substr(0, end < 3 ? end + 1 : end));
+}
+
 // Folders of a folder, as full paths, the way the system lists them.
 class FolderLister : public RowControl {
  public:

@@ -16,6 +16,7 @@ namespace evac {
 class Media {
  public:
   virtual ~Media() = default;
+  // The file plays as soon as the event is over, unless it is held or stopped by then.
   virtual void set_file(std::string_view path) = 0;
   // Above 0 when the file that was set can be played.
   virtual int ready_state() = 0;

@@ -16,8 +16,9 @@ class WindowHost {
   virtual void form_hidden(Form& form) = 0;
   virtual void popup_shown(PopupMenu& menu) = 0;
   virtual void popup_hidden(PopupMenu& menu) = 0;
-  // Work that holds everything goes on: `done` of `total` pieces of it, where total is known, else 0.
-  virtual void busy(int /*done*/, int /*total*/) {}
+  // Work that holds everything goes on: what it is, in the operator's words, and `done` of `total` pieces of
+  // it, where total is known, else 0.
+  virtual void busy(std::string_view /*what*/, int /*done*/, int /*total*/) {}
   virtual void busy_over() {}
 };
 
@@ -60,17 +61,20 @@ class Windows {
 // The busy pointer, for as long as this lives.
 class BusyPointer {
  public:
-  explicit BusyPointer(Windows& windows, int total = 0) : host_(windows.host()), total_(total) {
-    host_.busy(0, total_);
+  // `what` must last.
+  BusyPointer(Windows& windows, std::string_view what, int total = 0)
+      : host_(windows.host()), what_(what), total_(total) {
+    host_.busy(what_, 0, total_);
   }
   ~BusyPointer() { host_.busy_over(); }
   BusyPointer(const BusyPointer&) = delete;
   BusyPointer& operator=(const BusyPointer&) = delete;
 
-  void show(int done) { host_.busy(done, total_); }
+  void show(int done) { host_.busy(what_, done, total_); }
 
  private:
   WindowHost& host_;
+  const std::string_view what_;
   const int total_;
 };
 

@@ -28,7 +28,7 @@ void ListLength::clear() {
 }
 
 std::optional<int> ListLength::measure() {
-  BusyPointer pointer(doors_.windows, doors_.player.mp_cnt());
+  BusyPointer pointer(doors_.windows, "Длительность списка", doors_.player.mp_cnt());
   double sum = 0;
   int done = 0;
   for (const std::string& path : doors_.player.mp_list) {

@@ -29,7 +29,7 @@ void PlayerPower::switch_on() {
   PlayerTab& tab = doors_.tab;
   tab.CmdPMP.set_picture(picture::kPower.on);
   tab.CmdPMP.set_caption("On");
-  const BusyPointer pointer(doors_.windows);
+  const BusyPointer pointer(doors_.windows, "Включение плеера");
   tab.LblUP.set_caption(kReady);
   tab.Tmr1.set_enabled(false);
   tab.Tmr2.set_enabled(false);

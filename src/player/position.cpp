@@ -5,6 +5,11 @@
 
 namespace evac {
 
+double second_on_way(double duration) {
+  const double units = std::abs(kPositionEnd / duration);
+  return units >= 1 ? std::floor(units) : units;  // a track of an hour and a half has less than one
+}
+
 void Position::tick() {
   doors_.tab.LblTMP.set_caption(time_left_text(doors_.transport.left()));
   advance();
@@ -31,10 +36,8 @@ void Position::move() {
   Button& button = doors_.tab.Ipos;
   if (button.left() >= kPositionEnd) return doors_.tab.CmdNextMP.click();
   if (button.left() <= 0) return button.set_left(0);
-  const double units = std::abs(kPositionEnd / doors_.MP.duration());  // a second of the track
-  if (!std::isfinite(units)) return;
-  // Whole units, as long as a second is at least one: a track of an hour and a half has less.
-  const double second = units >= 1 ? std::floor(units) : units;
+  const double second = second_on_way(doors_.MP.duration());
+  if (!std::isfinite(second)) return;
   const double position = std::floor(button.left() / second);
   doors_.MP.seek(position);
   if (position >= std::abs(player.mp_dur)) return doors_.tab.CmdNextMP.click();

@@ -5,6 +5,10 @@
 
 namespace evac {
 
+// Of the position button's way, what a second of a track of that length takes: whole units, as long as it is
+// at least one. Nothing finite for a track without a length.
+double second_on_way(double duration);
+
 class Position {
  public:
   struct Doors {

@@ -36,7 +36,7 @@ void TagSearch::run() {
     return tab.TxtSeek.set_focus();
   }
   const std::string text = lower_case(Trim(tab.TxtSeek.text()));
-  BusyPointer pointer(doors_.windows, doors_.player.mp_cnt());
+  BusyPointer pointer(doors_.windows, "Поиск", doors_.player.mp_cnt());
   for (int i = 1; i <= doors_.player.mp_cnt(); ++i) {
     switch (look_at(i, text)) {
       case Walk::kGoesOn:

@@ -2,11 +2,13 @@
 // held.
 #include "desktop/media_gst.h"
 
+#include <gst/gst.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <thread>
 
+#include "model/text.h"
 #include "tests/scratch.h"
 
 namespace evac::desktop {
@@ -35,6 +37,27 @@ const std::string kMidi(
     "MTrk\0\0\0\x1E\0\xFF\x51\3\7\xA1\x20\0\x90\x3C\x64\x83\x60\x80\x3C\0\0\x90\x40\x64\x87\x40\x80\x40\0\0"
     "\xFF\x2F\0",
     14 + 8 + 30);
+
+// An encoder's bytes of that much sound, with no header of their own: pieces of it one after another are a
+// whole file again.
+std::string mp3(const fs::path& folder, double seconds, int kilobits) {
+  gst_init(nullptr, nullptr);
+  const fs::path file = folder / "piece";
+  const std::string line =
+      join("audiotestsrc wave=white-noise samplesperbuffer=441 num-buffers=", static_cast<int>(seconds * 100),
+           " ! audio/x-raw,rate=44100,channels=2 ! lamemp3enc target=bitrate cbr=true bitrate=", kilobits,
+           " ! audio/mpeg,rate=44100 ! filesink location=\"", file.string(), "\"");
+  GstElement* pipeline = gst_parse_launch(line.c_str(), nullptr);
+  GstBus* bus = gst_element_get_bus(pipeline);
+  gst_element_set_state(pipeline, GST_STATE_PLAYING);
+  gst_message_unref(gst_bus_timed_pop_filtered(
+      bus, 20 * GST_SECOND, static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR)));
+  gst_object_unref(bus);
+  gst_element_set_state(pipeline, GST_STATE_NULL);
+  gst_object_unref(pipeline);
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
 
 class Sound : public testing::Test {
  protected:
@@ -144,6 +167,81 @@ TEST_F(Sound, FourPlayAtATime) {
   EXPECT_EQ(others[0].position(), 0);
 }
 
+// A quiet beginning of few bytes a second and a rest of many, behind a tag and before another: a guess by the
+// beginning would be wrong several times over.
+TEST_F(Sound, AnMp3WithoutALengthOfItsOwnHasTheRightOne) {
+  const std::string sound = mp3(scratch.path, 4, 64) + mp3(scratch.path, 8, 320);
+  const std::string tag_in_front("ID3\3\0\0\0\0\2\0", 10);
+  put("a.mp3", tag_in_front + std::string(256, '\0') + sound + "TAG" + std::string(125, ' '));
+  media.set_file("a.mp3");
+  EXPECT_NEAR(media.duration(), 12, 0.5);
+  EXPECT_GT(media.ready_state(), 0);
+  EXPECT_NEAR(media.duration(), 12, 0.5) << "whatever the decoder thinks";
+  media.seek(6);
+  media.play();
+  EXPECT_TRUE(comes([&] { return media.position() > 6.1; }));
+
+  // Cut off in the middle of a frame.
+  put("cut.mp3", sound.substr(0, sound.size() / 2));
+  media.set_file("cut.mp3");
+  EXPECT_NEAR(media.duration(), 7.8, 0.5);
+  EXPECT_GT(media.ready_state(), 0);
+}
+
+TEST_F(Sound, ANewFileTakesThePlaceOfTheOneThatPlaysAndStartsWithTheEndOfTheEvent) {
+  put("a.wav", wave(5));
+  put("b.wav", wave(3));
+  media.set_file("a.wav");
+  media.settle();
+  ASSERT_TRUE(comes([&] { return media.position() > 0.2; }));
+  media.set_file("b.wav");
+  EXPECT_EQ(media.position(), 0);
+  EXPECT_EQ(media.duration(), 3);
+  media.settle();
+  ASSERT_TRUE(comes([&] { return media.position() > 0.2; }));
+  // A file that is held, or only asked for its length and held, is not heard.
+  media.set_file("a.wav");
+  media.hold();
+  media.settle();
+  std::this_thread::sleep_for(150ms);
+  EXPECT_EQ(media.position(), 0);
+}
+
+TEST_F(Sound, ASeekRightBehindThePlayIsNotLost) {
+  put("a.wav", wave(20));
+  for (int i = 0; i < 5; ++i) {
+    media.set_file("a.wav");
+    media.play();
+    media.seek(10);
+    EXPECT_TRUE(comes([&] { return media.position() >= 10 && media.position() < 12; }));
+  }
+}
+
+// A header that promises more than there is, and one that knows of less.
+TEST_F(Sound, AFileThatEndsEarlyOrGoesOnBehindItsHeaderEndsWithItsSound) {
+  put("early.wav", wave(6).substr(0, 44 + 16000));
+  const std::string one_second = wave(1);
+  put("late.wav", one_second + std::string(60000, '\1'));
+  for (const char* name : {"early.wav", "late.wav"}) {
+    media.set_file(name);
+    EXPECT_EQ(media.duration(), 1) << name;
+    media.play();
+    EXPECT_TRUE(comes([&] { return media.position() >= 1; })) << name;
+  }
+  EXPECT_EQ(media.trouble(), "");
+}
+
+TEST(MissingDecoders, AreNamedWithTheirPackages) {
+  const auto missing = missing_decoders([](std::string_view module) { return module != "mpg123audiodec"; });
+  EXPECT_EQ(missing, std::vector<std::string>{}) << "another module does as well";
+  EXPECT_EQ(
+      missing_decoders([](std::string_view module) { return module == "playbin"; }),
+      (std::vector<std::string>{
+          "Файлы .wav не воспроизводятся: нет модуля wavparse (пакет gstreamer1.0-plugins-good)",
+          "Файлы .mp3 не воспроизводятся: нет модуля mpg123audiodec (пакет gstreamer1.0-plugins-good)",
+          "Файлы .mid и .rmi не воспроизводятся: нет модуля fluiddec (пакет gstreamer1.0-plugins-bad)"}));
+}
+
 // A device that is not there makes no file unplayable: an alert goes on by the clock, and the trouble is
 // told.
 TEST_F(Sound, AMissingDeviceIsToldAndTheFileIsReadyAllTheSame) {
@@ -153,7 +251,7 @@ TEST_F(Sound, AMissingDeviceIsToldAndTheFileIsReadyAllTheSame) {
   EXPECT_EQ(missing.front(), "Звуковое устройство не открывается: сообщения не слышны");
   EXPECT_TRUE(missing_sound({"no such sink at all", ""}).front().starts_with("Звук не настроен: "));
   EXPECT_EQ(missing_sound({"fake", "/no/such/font.sf2"}).back(),
-            "Файлы .mid и .rmi не воспроизводятся: нет звукового шрифта");
+            "Файлы .mid и .rmi не воспроизводятся: нет звукового шрифта (пакет timgm6mb-soundfont)");
 
   put("a.wav", wave(1));
   GstMedia deaf(locate, nowhere);

@@ -50,6 +50,7 @@ class Season {
     rig_.start();
     rig_.rack.set_paced(true);
     rig_.rack.set_poll_period(61s);
+    rig_.rack.set_polls_in_scan(true);
     rig_.rack.passed = [this](const rack::Passed& passed) {
       const auto order = rack::order_of(passed.frame);
       const auto* query = std::get_if<rack::TerminalQuery>(&order);

@@ -1,0 +1,182 @@
+// The player on the desktop, with the training mode's own tracks under a sink that only keeps time: what the
+// hands do to the position and the lists, and what is heard of it.
+#include <QAbstractScrollArea>
+#include <QCursor>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <thread>
+
+#include "platform/user.h"
+#include "training_desktop.h"
+
+namespace evac::desktop {
+namespace {
+
+using namespace std::chrono_literals;
+
+class PlayerDesktop : public TrainingDesktop {
+ protected:
+  PlayerDesktop() {
+    desktop->start();
+    form1().SSTab1.set_value(3);
+    resize_main(1260, 650);
+    form1().CmdPMP.click();
+    settle();
+  }
+  PlayerState& player() { return desktop->console().model().player; }
+  int seconds_left() { return player().mp_end - second_of_day(desktop->loop().wall()); }
+  // The widget of a place on the way of the position button, as a share of it.
+  QPoint on_track(double share) {
+    const QRect area = widget(form1().Ipos)->rect();
+    return {static_cast<int>(area.width() * share), area.center().y()};
+  }
+  // Answers the box that comes next.
+  void answer(const char* button) {
+    QTimer::singleShot(100, [button] {
+      auto* box = QApplication::activeModalWidget();
+      ASSERT_TRUE(box);
+      QTest::mouseClick(box->findChild<QPushButton*>(button), Qt::LeftButton);
+    });
+  }
+  void press(Control& control) {
+    QTest::mouseClick(widget(control), Qt::LeftButton);
+    settle();
+  }
+};
+
+TEST_F(PlayerDesktop, ThePositionIsDraggedAndSteppedWhateverTheStateOfThePlayer) {
+  press(form1().CmdPlayMP);
+  const int length = static_cast<int>(player().mp_dur);
+  ASSERT_GE(length, 13);
+  QWidget* track = widget(form1().Ipos);
+  QTest::mousePress(track, Qt::LeftButton, {}, on_track(0.2));
+  settle();
+  EXPECT_FALSE(form1().Tmr2.enabled()) << "time stands still under the hand";
+  QTest::mouseMove(track, on_track(0.5));
+  settle();
+  EXPECT_NEAR(seconds_left(), length / 2.0, 2);
+  QTest::mouseRelease(track, Qt::LeftButton, {}, on_track(0.5));
+  settle();
+  EXPECT_TRUE(form1().Tmr2.enabled());
+  const int left = form1().Ipos.left();
+  EXPECT_TRUE(until([&] { return form1().Ipos.left() > left; })) << "it goes on by itself";
+
+  const int before = seconds_left();
+  QTest::keyClick(track, Qt::Key_Left);
+  settle();
+  EXPECT_GE(seconds_left(), std::min(before + 9, length - 1));
+
+  // In a pause the place is another one when the play goes on.
+  press(form1().CmdPauseMP);
+  QTest::mouseClick(track, Qt::LeftButton, {}, on_track(0.75));
+  settle();
+  EXPECT_FALSE(form1().Tmr2.enabled());
+  press(form1().CmdPlayMP);
+  EXPECT_TRUE(until([&] { return form1().LblTMP.caption() != ""; }));
+  EXPECT_LE(seconds_left(), length / 2);
+}
+
+TEST_F(PlayerDesktop, ADragToTheEndGoesOneTrackOnAndNoFurther) {
+  press(form1().CmdPlayMP);
+  QWidget* track = widget(form1().Ipos);
+  QTest::mousePress(track, Qt::LeftButton, {}, on_track(0.5));
+  for (int i = 0; i < 3; ++i) {
+    QTest::mouseMove(track, on_track(1) + QPoint(30 + i, 0));
+    settle();
+  }
+  QTest::mouseRelease(track, Qt::LeftButton, {}, on_track(1));
+  settle();
+  EXPECT_EQ(player().mp_trk, 2);
+  EXPECT_TRUE(player().mp_play);
+  EXPECT_TRUE(form1().Tmr1.enabled());
+}
+
+TEST_F(PlayerDesktop, TheNextTrackIsHeardByItself) {
+  press(form1().CmdPlayMP);
+  EXPECT_TRUE(until([&] { return desktop->player_position() > 0; }));
+  // The clock comes to the end.
+  player().mp_end = later_in_day(second_of_day(desktop->loop().wall()), 1);
+  EXPECT_TRUE(until([&] { return player().mp_trk == 2; }));
+  EXPECT_EQ(form1().LblTitle.caption().substr(0, std::string("Прогулка").size()), "Прогулка");
+  EXPECT_LT(desktop->player_position(), 0.6);
+  EXPECT_TRUE(until([&] { return desktop->player_position() > 0.6; }));
+}
+
+TEST_F(PlayerDesktop, ARightPressInAListAsksAndTheWayOutOfAFolderIsThere) {
+  form1().CmdListMP.click();
+  settle();
+  user::pick(form1().LstPtreckMP, 1);
+  settle();
+  const int tracks = player().mp_cnt();
+  answer("Да");
+  auto* list = widget<QAbstractScrollArea>(form1().LstPtreckMP);
+  QTest::mouseClick(list->viewport(), Qt::RightButton, {}, QPoint(20, 10));
+  settle();
+  EXPECT_EQ(player().mp_cnt(), tracks - 1);
+
+  press(form1().CmdAddPl);
+  user::pick(form1().Drive1, 1);
+  settle();
+  EXPECT_EQ(form1().Dir2.path(), "D:\\");
+  auto* up = main_window().findChild<QPushButton*>("Dir2.up");
+  EXPECT_FALSE(up->isEnabled());
+  user::pick(form1().Dir2, 0);
+  user::double_click(form1().Dir2);
+  settle();
+  EXPECT_EQ(form1().Dir2.path(), "D:\\Вечер");
+  EXPECT_EQ(form1().LstAddList.count(), 2);
+  QTest::mouseClick(up, Qt::LeftButton);
+  settle();
+  EXPECT_EQ(form1().Dir2.path(), "D:\\");
+  EXPECT_EQ(form1().LstAddList.count(), 3);
+}
+
+TEST_F(PlayerDesktop, ADriveThatGoesAwayStopsThePlayWithAWordAndHoldsNothing) {
+  press(form1().CmdAddPl);
+  user::pick(form1().Drive1, 1);
+  settle();
+  user::pick(form1().LstAddList, 0);
+  settle();
+  player().mp_trk = player().mp_cnt() - 1;
+  press(form1().CmdPlayMP);
+  ASSERT_TRUE(player().mp_play);
+  std::filesystem::rename(folder_.path().toStdString() + "/d", folder_.path().toStdString() + "/pulled out");
+  QString said;
+  QTimer::singleShot(150, [&] {
+    auto* box = QApplication::activeModalWidget();
+    ASSERT_TRUE(box);
+    said = box->findChild<QLabel*>("text")->text();
+    QTest::mouseClick(box->findChild<QPushButton*>("ОК"), Qt::LeftButton);
+  });
+  press(form1().CmdNextMP);
+  EXPECT_EQ(said, "Drive D: not access!");
+  EXPECT_FALSE(player().mp_play);
+  EXPECT_EQ(form1().Drive1.drive(), "C:");
+}
+
+TEST_F(PlayerDesktop, LongWorkIsShownWhileItLastsAndSpokenOfAfterwards) {
+  FormWindows& windows = desktop->windows();
+  const auto card = [&] { return main_window().findChild<QWidget*>("busy"); };
+  windows.busy("Поиск", 0, 1000);
+  ASSERT_TRUE(QApplication::overrideCursor());
+  windows.busy("Поиск", 1, 1000);
+  EXPECT_FALSE(card()) << "nothing flashes up for a moment";
+  std::this_thread::sleep_for(BusySign::kUnseen + 10ms);
+  windows.busy("Поиск", 700, 1000);
+  ASSERT_TRUE(card());
+  EXPECT_EQ(card()->accessibleName(), "Поиск: 700 из 1000");
+  // A box in the middle of it has the pointer and the place for itself, and its time is not the work's.
+  windows.hold_busy();
+  EXPECT_FALSE(QApplication::overrideCursor());
+  EXPECT_FALSE(card());
+  std::this_thread::sleep_for(400ms);
+  windows.busy("Поиск", 1000, 1000);
+  windows.busy_over();
+  EXPECT_FALSE(QApplication::overrideCursor());
+  EXPECT_FALSE(card());
+  EXPECT_EQ(desktop->notices().message(Notices::kWork), "Поиск: 1000 за 0,3 с");
+}
+
+}  // namespace
+}  // namespace evac::desktop
