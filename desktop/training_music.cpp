@@ -85,9 +85,9 @@ std::string tag(const Track& track) {
 }  // namespace
 
 void make_training_music(const fs::path& folder) {
-  if (fs::exists(folder)) return;
   for (const Track& track : kTracks) {
     const fs::path file = folder / track.file;
+    if (fs::exists(file)) continue;
     fs::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << wave_file(tune_samples(track)) << tag(track);
   }

@@ -6,7 +6,7 @@
 
 namespace evac::desktop {
 
-// Makes the folder with its tracks, and leaves one that is there alone. Throws
+// Makes the folder and its tracks; what is there already is left alone. Throws
 // std::filesystem::filesystem_error when it can't be made.
 void make_training_music(const std::filesystem::path& folder);
 
