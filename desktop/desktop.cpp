@@ -134,6 +134,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
         missing_sound_ = sound;
         look_after_devices();
       });
+  self_check_->start();
   look_after_devices();
 }
 

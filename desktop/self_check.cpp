@@ -25,6 +25,9 @@ SelfCheck::SelfCheck(CheckSetup setup) : setup_(std::move(setup)) {
   fs::create_directories(setup_.state, error);
   cut_off_ = QFileInfo(mark()).lastModified();
   std::ofstream(mark()) << "1\n";
+}
+
+void SelfCheck::start() {
   worker_ = std::thread([this] { work(); });
 }
 
@@ -34,7 +37,7 @@ SelfCheck::~SelfCheck() {
     done_ = true;
   }
   ended_.notify_one();
-  worker_.join();
+  if (worker_.joinable()) worker_.join();
   std::error_code ignored;
   fs::remove(mark(), ignored);
 }

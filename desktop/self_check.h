@@ -27,6 +27,8 @@ class SelfCheck : public QObject {
   static constexpr std::uintmax_t kLeastRoom = 100'000'000;  // bytes
 
   explicit SelfCheck(CheckSetup setup);
+  // Looks from now on.
+  void start();
   // The run ends in order: the next start is told of nothing.
   ~SelfCheck() override;
 

@@ -101,6 +101,7 @@ TEST(DataCheck, TellsOfADataFolderWithoutSettings) {
       told = data;
       came = true;
     });
+    check.start();
     while (!came) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return told;
   };
