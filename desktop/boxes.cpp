@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <chrono>
 
+#include "desktop/end_signals.h"
 #include "desktop/view/screen.h"
 #include "desktop/view/watch_bar.h"
 
@@ -24,6 +25,7 @@ using namespace std::chrono_literals;
 
 constexpr std::string_view kOwnTitle = "Пульт оповещения";
 constexpr auto kFireCheck = 20ms;
+constexpr auto kFaultShown = 10s;
 constexpr int kButtonHeight = 40, kButtonWidth = 110;
 constexpr int kTextWidth = 420;
 
@@ -89,11 +91,13 @@ class Box : public QDialog {
 };
 
 // Runs the box to its end, but not for longer than it may hold the console: true when it answered itself.
-bool run_for(Box& box, std::chrono::seconds most, const QString& safe_answer,
-             const std::function<bool()>& fire) {
+bool run_for(
+    Box& box, std::chrono::seconds most, const QString& safe_answer, const std::function<bool()>& fire,
+    const std::function<void()>& while_up = [] {}) {
   bool by_itself = false;
   const auto end = std::chrono::steady_clock::now() + most;
   const auto look = [&] {
+    while_up();
     const auto left = std::chrono::ceil<std::chrono::seconds>(end - std::chrono::steady_clock::now());
     if (left.count() <= 0 || fire()) {
       by_itself = true;
@@ -122,7 +126,7 @@ bool QtBoxes::run(QDialog& dialog, const QString& what, const QString& safe_answ
   before_box();
   const QScopedValueRollback up(up_, &dialog);
   const auto most = raised_by_user() ? kForPresses : kForTicks;
-  if (run_for(static_cast<Box&>(dialog), most, safe_answer, fire_waits)) notices_.keep_box(what);
+  if (run_for(static_cast<Box&>(dialog), most, safe_answer, fire_waits, while_up)) notices_.keep_box(what);
   return dialog.result() == QDialog::Accepted;
 }
 
@@ -172,12 +176,15 @@ void show_fault(int number, const std::string& text) {
                   QStringLiteral("Ошибка %1: %2\n\nПрограмма завершается.").arg(number).arg(qt(text)),
                   QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
+  QTimer::singleShot(kFaultShown, &box, &QMessageBox::reject);
   box.exec();
 }
 
 void show_start_error(const QString& text) {
   QMessageBox box(QMessageBox::Critical, qt(kOwnTitle), text, QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
+  EndSignals signals_that_end;
+  QObject::connect(&signals_that_end, &EndSignals::end_wanted, &box, &QMessageBox::reject);
   box.exec();
 }
 

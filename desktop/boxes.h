@@ -32,6 +32,9 @@ class QtBoxes : public Boxes {
   // Whether a fire has come in that the box holds up.
   std::function<bool()> fire_waits = [] { return false; };
 
+  // Called again and again while a box is up, for as long as one may hold the console.
+  std::function<void()> while_up = [] {};
+
   static constexpr std::chrono::seconds kForTicks{10}, kForPresses{60};
 
  private:
@@ -46,7 +49,7 @@ class QtBoxes : public Boxes {
 // A question of the host's own; the safe answer, no, is in front.
 bool ask_host(WatchFeed& feed, QWidget* owner, const QString& text);
 
-// The platform's error message for a fault that nothing caught.
+// The platform's error message for a fault that nothing caught; goes by itself after ten seconds.
 void show_fault(int number, const std::string& text);
 // What keeps the program from starting at all.
 void show_start_error(const QString& text);

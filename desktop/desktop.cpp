@@ -5,8 +5,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
+#include <array>
 
+#include "desktop/host_log.h"
 #include "desktop/layouts/layouts.h"
+#include "desktop/login_manager.h"
 #include "desktop/stand.h"
 #include "desktop/training_music.h"
 #include "desktop/view/pictures.h"
@@ -19,6 +23,7 @@ constexpr const char* kTrainingTitle = " — учебный режим";
 
 constexpr std::chrono::seconds kDeviceWatch{1};
 constexpr int kAlarmTab = 0;
+constexpr std::string_view kSettingsFile = "C:\\ZEF_DAT\\F_ust.dat";
 
 std::map<int, QString> devices(const HostSetup& setup) {
   std::map<int, QString> names;
@@ -26,27 +31,42 @@ std::map<int, QString> devices(const HostSetup& setup) {
   return names;
 }
 
-QString joined(const std::vector<std::string>& lines) {
+QString disk_trouble(const BackgroundFiles::Health& health) {
+  if (health.stuck) return QStringLiteral("Диск не отвечает, ждут записи: %1").arg(health.waiting);
+  if (health.failing.empty()) return {};
+  const auto name = health.failing.substr(health.failing.rfind('\\') + 1);
+  return qt(join("Не записывается ", name, ": ", words_of(health.error)));
+}
+
+QString moment(WallTime time) {
+  return qt(join(short_date_text(date_of(time)), " ", time_text(second_of_day(time))));
+}
+
+QStringList strings(const std::vector<std::string>& lines) {
   QStringList list;
   for (const auto& line : lines) list << QString::fromStdString(line);
-  return list.join(QStringLiteral("; "));
+  return list;
 }
 
 }  // namespace
 
 Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     : training_(std::move(training)),
-      files_(setup.drives),
+      disk_(setup.drives),
+      // Nobody waits for a sync, and the next line tries again.
+      files_(disk_, [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
-      missing_sound_(joined(missing_sound(sound_))),
-      mp_([this](std::string_view path) { return files_.locate(path); }, sound_),
-      mp1_([this](std::string_view path) { return files_.locate(path); }, sound_),
-      mp2_([this](std::string_view path) { return files_.locate(path); }, sound_),
-      mp3_([this](std::string_view path) { return files_.locate(path); }, sound_),
+      mp_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      mp1_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      mp2_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      mp3_([this](std::string_view path) { return disk_.locate(path); }, sound_),
       comedi_(setup.cards),
       tone_(sound_),
-      process_(setup.restart_armed, notices_),
+      process_(setup.restart_armed, notices_, feed_,
+               [this](auto refused) {
+                 ask_login_manager(QDBusConnection::systemBus(), process_, std::move(refused));
+               }),
       screen_(loop_),
       windows_(screen_,
                {.notices = notices_,
@@ -66,12 +86,17 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
     screen_.flush();
   };
+  host_.steady_wall().changed = [this] { loop_.keep_phase(); };
+  host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
+    notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
+  };
   boxes_.before_box = [this] {
     windows_.hold_busy();
     screen_.flush();
   };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
-  boxes_.fire_waits = [this] { return console_->fire_waiting().now(); };
+  boxes_.fire_waits = [this] { return ending_ || console_->fire_waiting().now(); };
+  boxes_.while_up = [this] { heartbeat_.beat(); };
   Cards& cards = simulated_cards_ ? static_cast<Cards&>(*simulated_cards_) : comedi_;
   console_ = std::make_unique<Console>(
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
@@ -84,10 +109,34 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   qApp->installEventFilter(this);
   QObject::connect(&device_watch_, &QTimer::timeout, &device_watch_, [this] { look_after_devices(); });
   device_watch_.start(kDeviceWatch);
+  // The detection itself is what shows that the console lives.
+  Timer& detection = console_->form1().Timer4;
+  detection.tick = [this, tick = detection.tick] {
+    tick();
+    heartbeat_.beat();
+  };
+  QObject::connect(&end_signals_, &EndSignals::end_wanted, this, [this](const QString& name) { end(name); });
+  QObject::connect(&end_signals_, &EndSignals::window_wanted, this, [this] { bring_up(); });
+  // A device that is playing is not opened a second time, only to see whether it can be.
+  self_check_ = std::make_unique<SelfCheck>(CheckSetup{.settings_file = disk_.locate(kSettingsFile),
+                                                       .state = setup.state,
+                                                       .sound = [this, last = QStringList()]() mutable {
+                                                         if (!sounding_)
+                                                           last = strings(missing_sound(sound_));
+                                                         return last;
+                                                       }});
+  QObject::connect(
+      self_check_.get(), &SelfCheck::looked, this, [this](const QString& data, const QStringList& sound) {
+        if (!training_)
+          notices_.tell(Notices::kData, data.isEmpty() ? QString() : QStringLiteral("Проверка: ") + data);
+        missing_sound_ = sound;
+        look_after_devices();
+      });
   look_after_devices();
 }
 
 Desktop::~Desktop() {
+  heartbeat_.stopping();
   // Widgets refer to controls, and what is still posted to both.
   stand_.reset();
   loop_.clear();
@@ -123,7 +172,27 @@ void Desktop::start() {
     training_->plug();
     stand_ = std::make_unique<Stand>(*training_);
   }
+  if (const QDateTime cut_off = self_check_->cut_off(); cut_off.isValid()) {
+    const QString text =
+        QStringLiteral("Предыдущая работа прервана %1").arg(cut_off.toString(QStringLiteral("H:mm:ss")));
+    notices_.keep_box(text);
+    host_log(text);
+  }
   console_->load();
+  heartbeat_.ready();
+}
+
+void Desktop::end(const QString& why) {
+  host_log(QStringLiteral("Программа завершается: %1").arg(why));
+  ending_ = true;
+  loop_.post([this] { console_->shutdown(); });
+}
+
+void Desktop::bring_up() {
+  FormWindow& window = windows_.window(console_->form1());
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  window.raise();
+  window.activateWindow();
 }
 
 void Desktop::run() {
@@ -147,14 +216,16 @@ void Desktop::show_signs() {
 }
 
 void Desktop::look_after_devices() {
-  QStringList sound;
-  if (!missing_sound_.isEmpty()) sound << missing_sound_;
-  for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) {
-    media->release_when_ended();
-    const QString trouble = QString::fromStdString(media->trouble());
+  QStringList sound = missing_sound_;
+  const std::array media = {&mp_, &mp1_, &mp2_, &mp3_};
+  for (GstMedia* each : media) {
+    each->release_when_ended();
+    const QString trouble = QString::fromStdString(each->trouble());
     if (!trouble.isEmpty() && !sound.contains(trouble)) sound << trouble;
   }
+  sounding_ = std::any_of(media.begin(), media.end(), [](GstMedia* each) { return each->is_open(); });
   notices_.tell(Notices::kSound, sound.join(QStringLiteral("; ")));
+  notices_.tell(Notices::kDisk, disk_trouble(files_.health()));
   notices_.tell(Notices::kCards, QString::fromStdString(comedi_.trouble()));
 }
 
@@ -174,6 +245,7 @@ QWidget* Desktop::make_stand_button(QWidget* parent) {
 
 HostSetup training_setup(const std::filesystem::path& folder) {
   HostSetup setup;
+  setup.state = folder / "state";
   setup.drives = {{'C', folder / "c"}, {'D', folder / "d"}};
   std::filesystem::create_directories(setup.drives['C']);
   // At the first start alone: what the user has taken away stays away.

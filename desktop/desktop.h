@@ -3,21 +3,26 @@
 #pragma once
 
 #include <QTimer>
+#include <atomic>
 #include <memory>
 
 #include "app/console.h"
 #include "desktop/boxes.h"
 #include "desktop/cards_comedi.h"
+#include "desktop/end_signals.h"
 #include "desktop/form_windows.h"
+#include "desktop/heartbeat.h"
 #include "desktop/host_ini.h"
 #include "desktop/media_gst.h"
 #include "desktop/process.h"
 #include "desktop/qt_loop.h"
 #include "desktop/scan_feed.h"
+#include "desktop/self_check.h"
 #include "desktop/serial_line.h"
 #include "desktop/simulated_cards.h"
 #include "desktop/training_line.h"
-#include "machine/synced_files.h"
+#include "machine/background_files.h"
+#include "machine/posix_files.h"
 
 namespace evac::desktop {
 
@@ -57,22 +62,27 @@ class Desktop : private QObject {
   // The stop of an alert by one chord, from any tab, window and box.
   bool eventFilter(QObject* watched, QEvent* event) override;
   void stop_alert();
+  // Ends the program in order, whatever is open.
+  void end(const QString& why);
+  void bring_up();
   // What the watch and the line know better than the pictures that the console gave: lamps of closed contacts
   // burn, and nothing is known of a controller that is not heard.
   void show_signs();
   // The terminal that is asked; none while no pass runs.
   std::optional<ScanFeed::Pass> scan_pass();
-  // Once a second: what sound and cards have to say goes to the header strip.
+  // Once a second: what disk, sound and cards have to say goes to the header strip.
   void look_after_devices();
 
   Notices notices_;
   QtLoop host_;
   EventLoop loop_{host_};
   std::unique_ptr<TrainingLine> training_;
-  SyncedFiles files_;
+  PosixFiles disk_;
+  BackgroundFiles files_;
   SerialLine line_;
   const SoundSetup sound_;
-  const QString missing_sound_;  // what this machine lacks to be heard; found out once
+  std::atomic<bool> sounding_ = false;  // some media control has the device
+  QStringList missing_sound_;           // what this machine lacks to be heard
   GstMedia mp_, mp1_, mp2_, mp3_;
   ComediCards comedi_;
   std::unique_ptr<SimulatedCards> simulated_cards_;  // of the training mode
@@ -86,6 +96,10 @@ class Desktop : private QObject {
   std::unique_ptr<Console> console_;
   std::unique_ptr<Stand> stand_;
   QTimer device_watch_;
+  EndSignals end_signals_;
+  bool ending_ = false;
+  Heartbeat heartbeat_;
+  std::unique_ptr<SelfCheck> self_check_;
 };
 
 // The machine of the training mode, with its data under `folder`, which is made as needed.

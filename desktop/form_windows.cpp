@@ -60,6 +60,7 @@ FormWindow::FormWindow(const WindowLayout& layout, Screen& screen, const HostPar
       form_(layout.form),
       screen_(screen),
       opens_on_(layout.opens_on),
+      on_enter_(layout.on_enter),
       feed_(host.feed),
       title_suffix_(title_suffix) {
   setObjectName(qt(form_.name()));
@@ -140,10 +141,34 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   });
 }
 
+bool FormWindow::press_enter() {
+  const auto has_focus = [this](const Control* control) {
+    const auto faces = screen_.faces(*control);
+    return std::ranges::any_of(faces, [this](Face* face) { return &face->widget() == focusWidget(); });
+  };
+  const auto fits = [&](const EnterKey& key) {
+    return key.from.empty() || std::ranges::any_of(key.from, has_focus);
+  };
+  const auto key = std::ranges::find_if(on_enter_, fits);
+  if (key == on_enter_.end()) return false;
+  screen_.act([key = *key] {
+    if (key.to.kind() != Kind::kButton) {
+      key.to.set_focus();
+      return;
+    }
+    if (key.wakes && !key.to.enabled() && key.wakes->text().empty())
+      for (const char* text : {"x", ""}) user::set_text(*key.wakes, text);
+    user::click(key.to);
+  });
+  return true;
+}
+
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape && windowModality() != Qt::NonModal)
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  // All but the main window.
+  if (event->key() == Qt::Key_Escape && parentWidget())
     close();
-  else
+  else if (!enter || event->isAutoRepeat() || !press_enter())
     QWidget::keyPressEvent(event);
 }
 

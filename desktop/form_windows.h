@@ -32,7 +32,11 @@ class FormWindow : public QWidget {
 
   Form& form_;
   Screen& screen_;
+  // True when the key led somewhere.
+  bool press_enter();
+
   const std::vector<OptionButton*> opens_on_;
+  const std::vector<EnterKey> on_enter_;
   WatchFeed& feed_;
   const QString title_suffix_;
 };

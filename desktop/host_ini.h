@@ -16,6 +16,7 @@ struct HostSetup {
   std::string sound_sink;                        // a GStreamer sink; empty chooses by itself
   std::string sound_font;                        // for .mid and .rmi; empty looks for one
   bool restart_armed = false;
+  std::filesystem::path state;  // not told by host.ini: what the program keeps for itself from run to run
 };
 
 class HostIniError : public std::runtime_error {

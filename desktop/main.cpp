@@ -4,17 +4,20 @@
 //       on the machine that FILE, or the user's own host.ini, describes
 //   evac-console --rehearse DIR [--seconds N]
 //       a short run on the virtual rack, with pictures in DIR
+#include <signal.h>
+
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QLockFile>
 #include <QStandardPaths>
 #include <iostream>
 
 #include "desktop/desktop.h"
+#include "desktop/host_log.h"
 #include "desktop/rehearsal.h"
 #include "desktop/stand.h"
 #include "desktop/version.h"
 #include "desktop/view/dress.h"
+#include "machine/claim.h"
 
 namespace {
 
@@ -22,6 +25,7 @@ namespace fs = std::filesystem;
 using namespace evac;
 using namespace evac::desktop;
 
+constexpr const char* kProgram = "evac-console";
 constexpr int kFaultStatus = 1, kUsageStatus = 2;
 constexpr int kRehearsalSeconds = 16;
 constexpr int kSilentTerminal = 37;  // of the training: one that the scan doesn't find
@@ -62,15 +66,26 @@ std::optional<fs::path> host_file(const Options& options) {
   if (!options.rehearse.isEmpty()) return std::nullopt;
   if (!options.host.isEmpty()) return fs::path(plain(options.host));
   const fs::path own =
-      fs::path(plain(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))) /
-      "evac-console" / "host.ini";
+      fs::path(plain(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))) / kProgram /
+      "host.ini";
   if (fs::exists(own)) return own;
   return std::nullopt;
 }
 
-fs::path training_folder() {
-  return fs::path(plain(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))) /
-         "evac-console" / "training";
+// What the program keeps for this user.
+fs::path own_folder() {
+  return fs::path(plain(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation))) / kProgram;
+}
+
+// At the first start an installed program copies the training set that it came with.
+void make_training_set() {
+  const fs::path mine = own_folder() / "training";
+  const QString installed =
+      QStandardPaths::locate(QStandardPaths::GenericDataLocation, QStringLiteral("evac-console/training-set"),
+                             QStandardPaths::LocateDirectory);
+  if (installed.isEmpty() || fs::exists(mine / "c" / "ZEF_DAT")) return;
+  fs::create_directories(mine);
+  fs::copy(plain(installed), mine, fs::copy_options::recursive | fs::copy_options::skip_existing);
 }
 
 // What keeps the program from starting, on standard error and in a box.
@@ -82,19 +97,23 @@ void tell_start_error(const Options& options, const QString& text) {
 int run(const Options& options) {
   HostSetup setup;
   std::unique_ptr<TrainingLine> training;
-  std::unique_ptr<QLockFile> lock;
-  if (const auto file = host_file(options)) {
+  const auto file = host_file(options);
+  if (file) {
     setup = read_host_ini(*file);
+    setup.state = own_folder() / "state";
   } else {
-    const fs::path folder = training_folder();
-    setup = training_setup(folder);
-    lock = std::make_unique<QLockFile>(QString::fromStdString((folder / "lock").string()));
-    if (!lock->tryLock(0)) {
-      tell_start_error(
-          options,
-          QStringLiteral("Учебный режим уже запущен: %1").arg(QString::fromStdString(folder.string())));
-      return kUsageStatus;
-    }
+    make_training_set();
+    setup = training_setup(own_folder() / "training");
+  }
+  Claim claim;
+  if (const auto holder = Claim::take(setup.drives.at('C'), claim)) {
+    // Its window comes to the front where it may be told to.
+    if (holder->process > 0 && holder->program == kProgram) ::kill(holder->process, SIGUSR1);
+    tell_start_error(options, QStringLiteral("Папка данных %1 занята: %2")
+                                  .arg(qt(setup.drives.at('C').string()), qt(words_of(*holder))));
+    return kUsageStatus;
+  }
+  if (!file) {
     training = std::make_unique<TrainingLine>(setup.ports.at(1));
     training->change([](rack::Rack& rack) {
       rack.set_poll_period(std::chrono::milliseconds(500));
@@ -110,8 +129,8 @@ int run(const Options& options) {
   } catch (const ProgramEnded&) {
     return 0;
   } catch (const Fault& fault) {
+    host_log(QStringLiteral("Ошибка %1: %2").arg(fault.number()).arg(qt(fault.what())));
     if (options.rehearse.isEmpty()) show_fault(fault.number(), fault.what());
-    std::cerr << "evac-console: fault " << fault.number() << ": " << fault.what() << '\n';
     return kFaultStatus;
   }
 }
@@ -119,6 +138,9 @@ int run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  EndSignals::hold_back();
+  // What the toolkit has to say, such as a lost display, by which it ends the program.
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { host_log(text); });
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("evac-console"));
   QApplication::setApplicationVersion(qt(kVersion));

@@ -59,6 +59,8 @@ class GstMedia : public Media {
   void set_volume(int hundredths) override;
 
   // What went wrong with the sound since the file was set, in the operator's words; empty when nothing did.
+  // Holds the sound device.
+  bool is_open() const { return player_ != nullptr; }
   std::string trouble() const;
   // To be called at the end of an event: plays the file that was set in it and that nothing holds.
   void settle();

@@ -15,7 +15,7 @@ class Notices : public QObject {
  public:
   // In the order of their places. The frames that wait and the work that took long are information; the
   // others are faults.
-  enum Subject { kLine, kSound, kCards, kRestart, kBacklog, kWork, kSubjects };
+  enum Subject { kLine, kDisk, kData, kSound, kCards, kRestart, kBacklog, kWork, kSubjects };
   static constexpr bool is_fault(Subject subject) { return subject < kBacklog; }
 
   void tell(Subject subject, const QString& message) {

@@ -12,6 +12,17 @@ using std::chrono::floor;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
+WallTime system_wall() {
+  const auto now = floor<milliseconds>(std::chrono::system_clock::now());
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(floor<std::chrono::seconds>(now));
+  std::tm local{};
+  localtime_r(&seconds, &local);
+  using namespace std::chrono;
+  const local_days day{year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday};
+  return day + hours(local.tm_hour) + minutes(local.tm_min) + std::chrono::seconds(local.tm_sec) +
+         now.time_since_epoch() % std::chrono::seconds(1);
+}
+
 }  // namespace
 
 QtLoop::QtLoop() {
@@ -24,14 +35,13 @@ Instant QtLoop::now() const {
 }
 
 WallTime QtLoop::wall() const {
-  const auto now = floor<milliseconds>(std::chrono::system_clock::now());
-  const std::time_t seconds = std::chrono::system_clock::to_time_t(floor<std::chrono::seconds>(now));
-  std::tm local{};
-  localtime_r(&seconds, &local);
-  using namespace std::chrono;
-  const local_days day{year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday};
-  return day + hours(local.tm_hour) + minutes(local.tm_min) + std::chrono::seconds(local.tm_sec) +
-         now.time_since_epoch() % std::chrono::seconds(1);
+  return wall_.look(now(), system_wall());
+}
+
+Instant QtLoop::moment_of(WallTime time) const {
+  const Instant present = now();
+  (void)wall_.look(present, system_wall());
+  return present + wall_.until(time);
 }
 
 void QtLoop::idle(std::optional<Instant> next_due) {

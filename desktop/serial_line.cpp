@@ -1,11 +1,15 @@
 #include "desktop/serial_line.h"
 
+#include <unistd.h>
+
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QStringList>
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
+#include "machine/claim.h"
 #include "model/system_model.h"
 
 namespace evac::desktop {
@@ -58,12 +62,11 @@ SerialLine::SerialLine(EventLoop& loop, std::map<int, QString> devices, Notices&
     if (error == QSerialPort::NoError || configuring_ || !device_.isOpen()) return;
     // Behind the signal: the device must not be closed in the midst of its own work.
     QMetaObject::invokeMethod(
-        this,
-        [this] {
-          if (device_.isOpen()) give_up();
-        },
-        Qt::QueuedConnection);
+        this, [this] { give_up(); }, Qt::QueuedConnection);
   });
+  hand_over_.setSingleShot(true);
+  hand_over_.setTimerType(Qt::PreciseTimer);
+  connect(&hand_over_, &QTimer::timeout, this, &SerialLine::hand_over);
   backlog_.setInterval(kBacklogShown);
   connect(&backlog_, &QTimer::timeout, this, &SerialLine::show_backlog);
 }
@@ -80,16 +83,28 @@ QString SerialLine::device() const {
 std::optional<std::string> SerialLine::open_line(int) {
   const QString name = device();
   if (std::exchange(closing_, false)) {
-    if (device_.isOpen() && device_.portName() == name) return std::nullopt;
+    if (device_.isOpen() && opened_ == name) return std::nullopt;
+    writable_.reset();
     device_.close();
   }
   if (name.isEmpty()) return "в host.ini для этого порта не названо устройство";
-  device_.setPortName(name);
+  // By whatever name it is called, so that a second program meets the same claim on it.
+  const QString canonical = QFileInfo(name).canonicalFilePath();
+  device_.setPortName(canonical.isEmpty() ? name : canonical);
   // A pseudo-terminal that already stands as it should takes a wish for parity as an error, here and below.
   const QScopedValueRollback configuring(configuring_, true);
   device_.setParity(QSerialPort::NoParity);
   if (!device_.open(QIODevice::ReadWrite)) return (name + ": " + plain_reason(device_)).toStdString();
+  if (const auto holder = Claim::take(device_.handle())) {
+    device_.close();
+    return (name + ": ").toStdString() + "устройство занято: " + words_of(*holder);
+  }
+  opened_ = name;
+  writable_ = std::make_unique<QSocketNotifier>(device_.handle(), QSocketNotifier::Write);
+  writable_->setEnabled(false);
+  connect(writable_.get(), &QSocketNotifier::activated, this, &SerialLine::hand_over);
   apply_settings();
+  hand_over_.start(0);
   return std::nullopt;
 }
 
@@ -113,37 +128,51 @@ void SerialLine::apply_settings() {
   device_.setStopBits(static_cast<QSerialPort::StopBits>(wanted.stop));
   device_.setFlowControl(QSerialPort::NoFlowControl);
   const int bits = 1 + wanted.bits + (wanted.parity == QSerialPort::NoParity ? 0 : 1) + wanted.stop;
-  character_ = std::chrono::nanoseconds(std::int64_t{1'000'000'000} * bits / std::max(1, wanted.baud));
+  outbox_.set_character(
+      std::chrono::nanoseconds(std::int64_t{1'000'000'000} * bits / std::max(1, wanted.baud)));
 }
 
 void SerialLine::write_line(std::span<const std::uint8_t> bytes) {
-  if (!device_.isOpen()) return;
-  device_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-  // To the system at once, as far as it takes it without waiting: the handler that sends may go on for a
-  // while.
-  device_.flush();
-  free_ = std::max(free_, Clock::now()) + character_ * static_cast<int>(bytes.size());
-  if (free_ - Clock::now() > kLongBacklog && !backlog_.isActive()) {
+  const auto now = Outbox::Clock::now();
+  for (; bytes.size() >= kFrameSize; bytes = bytes.subspan(kFrameSize))
+    outbox_.put(bytes.first<kFrameSize>(), now);
+  // To the system at once, as far as the line is free: the handler that sends may go on for a while.
+  hand_over();
+  if (outbox_.backlog(now) > kLongBacklog && !backlog_.isActive()) {
     show_backlog();
     backlog_.start();
   }
 }
 
-int SerialLine::frames_waiting() const {
-  if (character_ == 0ns) return 0;
-  const auto left = std::max<Clock::duration>(free_ - Clock::now(), 0ns);
-  return static_cast<int>((left + character_ * kFrameSize - 1ns) / (character_ * kFrameSize));
+void SerialLine::hand_over() {
+  if (!device_.isOpen()) return;
+  writable_->setEnabled(false);
+  auto now = Outbox::Clock::now();
+  for (auto bytes = outbox_.ready(now); !bytes.empty(); bytes = outbox_.ready(now)) {
+    const ssize_t taken = ::write(device_.handle(), bytes.data(), bytes.size());
+    if (taken < 0 && errno == EINTR) continue;
+    if (taken < 0 && errno == EAGAIN) return writable_->setEnabled(true);  // a full buffer is no lost line
+    if (taken < 0)
+      return QMetaObject::invokeMethod(
+                 this, [this] { give_up(); }, Qt::QueuedConnection),
+             void();
+    outbox_.taken(static_cast<std::size_t>(taken), now);
+    now = Outbox::Clock::now();
+  }
+  if (const auto next = outbox_.next())
+    hand_over_.start(std::max(0ms, std::chrono::ceil<std::chrono::milliseconds>(*next - now)));
 }
 
 void SerialLine::show_backlog() {
-  const auto left = free_ - Clock::now();
+  const auto now = Outbox::Clock::now();
+  const auto left = outbox_.backlog(now);
   if (left <= kLongBacklog) {
     backlog_.stop();
     notices_.take_back(Notices::kBacklog);
     return;
   }
   notices_.tell(Notices::kBacklog, QStringLiteral("Очередь на линию: %1 кадров, %2 с")
-                                       .arg(frames_waiting())
+                                       .arg(outbox_.frames_waiting(now))
                                        .arg(std::chrono::ceil<std::chrono::seconds>(left).count()));
 }
 
@@ -153,16 +182,19 @@ void SerialLine::take_bytes() {
 }
 
 void SerialLine::give_up() {
+  if (!device_.isOpen()) return;
+  writable_.reset();
   device_.close();
-  free_ = {};
+  outbox_.line_lost(Outbox::Clock::now());
   lose();
 }
 
 void SerialLine::loss_changed(bool lost) {
   if (lost)
-    notices_.tell(
-        Notices::kLine,
-        QStringLiteral("Линия потеряна: COM%1 (%2)").arg(port()).arg(QFileInfo(device()).fileName()));
+    notices_.tell(Notices::kLine, QStringLiteral("Линия потеряна: COM%1 (%2), с %3")
+                                      .arg(port())
+                                      .arg(QFileInfo(device()).fileName(),
+                                           QTime::currentTime().toString(QStringLiteral("H:mm:ss"))));
   else
     notices_.take_back(Notices::kLine);
 }

@@ -1,14 +1,17 @@
-// The serial port on Qt SerialPort. Writing never waits. The first error of any kind after the opening closes
-// the device, and the line counts as lost until its configured name can be opened again.
+// The serial port on Qt SerialPort. Writing never waits: frames go through an outbox that keeps to the speed
+// of the line and outlives the device. The first error of any kind after the opening closes the device, and
+// the line counts as lost until its configured name can be opened again.
 #pragma once
 
 #include <QObject>
 #include <QSerialPort>
+#include <QSocketNotifier>
 #include <QTimer>
-#include <chrono>
 #include <map>
+#include <memory>
 
 #include "desktop/notices.h"
+#include "machine/outbox.h"
 #include "platform/serial_port.h"
 
 namespace evac::desktop {
@@ -21,18 +24,21 @@ class SerialLine : public QObject, public SerialPort {
   ~SerialLine() override;
 
   // Frames that were written and that the line, at its speed, has not carried yet.
-  int frames_waiting() const;
+  int frames_waiting() const { return outbox_.frames_waiting(Outbox::Clock::now()); }
+  const Outbox& outbox() const { return outbox_; }
 
  protected:
   std::optional<std::string> open_line(int number) override;
   void close_line(int number) override;
   void configure_line(const std::string& settings) override;
   void write_line(std::span<const std::uint8_t> bytes) override;
+  bool keeps_frames() const override { return true; }
   void loss_changed(bool lost) override;
 
  private:
-  using Clock = std::chrono::steady_clock;
   void take_bytes();
+  // Hands over what the line can carry soon, and comes back for the rest.
+  void hand_over();
   void give_up();
   void show_backlog();
   void apply_settings();
@@ -41,11 +47,12 @@ class SerialLine : public QObject, public SerialPort {
   const std::map<int, QString> devices_;
   Notices& notices_;
   QSerialPort device_;
-  QTimer backlog_;
-  bool closing_ = false;                   // the console has closed its port, and not yet opened one again
-  bool configuring_ = false;               // errors of opening and setting up are told by their callers
-  std::chrono::nanoseconds character_{0};  // time of one character on the line
-  Clock::time_point free_{};               // when the line has carried all that was written
+  QString opened_;                             // the configured name of the open device
+  std::unique_ptr<QSocketNotifier> writable_;  // while the device is open
+  Outbox outbox_;
+  QTimer hand_over_, backlog_;
+  bool closing_ = false;      // the console has closed its port, and not yet opened one again
+  bool configuring_ = false;  // errors of opening and setting up are told by their callers
 };
 
 }  // namespace evac::desktop

@@ -1,8 +1,8 @@
-// The version of the program.
+// The version of the program, as the build names it.
 #pragma once
 
 namespace evac::desktop {
 
-inline constexpr const char* kVersion = "0.2";
+inline constexpr const char* kVersion = EVAC_VERSION;
 
 }  // namespace evac::desktop

@@ -27,6 +27,9 @@ bool is_stale(std::string_view name) {
   return process <= 0 || process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH);
 }
 
+// All that is written here is for the console's own user alone.
+constexpr mode_t kFileMode = 0600, kFolderMode = 0700;
+
 FileError error_of(int number) {
   switch (number) {
     case 0:
@@ -54,7 +57,7 @@ FileError error_of(int number) {
 
 class Descriptor {
  public:
-  Descriptor(const fs::path& path, int flags) : fd_(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
+  Descriptor(const fs::path& path, int flags) : fd_(::open(path.c_str(), flags | O_CLOEXEC, kFileMode)) {}
   ~Descriptor() {
     if (fd_ >= 0) ::close(fd_);
   }
@@ -76,13 +79,21 @@ FileError write_all(int fd, std::string_view bytes) {
   return kNoError;
 }
 
-FileError sync(int fd) {
+FileError sync_file(int fd) {
   return ::fsync(fd) == 0 ? kNoError : error_of(errno);
 }
 
 FileError sync_folder(const fs::path& folder) {
   Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
-  return descriptor.get() < 0 ? error_of(errno) : sync(descriptor.get());
+  return descriptor.get() < 0 ? error_of(errno) : sync_file(descriptor.get());
+}
+
+// The folder and those above it that are missing.
+FileError make_folders(const fs::path& folder) {
+  if (::mkdir(folder.c_str(), kFolderMode) == 0) return kNoError;
+  if (errno != ENOENT || !folder.has_relative_path()) return error_of(errno);
+  if (const FileError error = make_folders(folder.parent_path())) return error;
+  return ::mkdir(folder.c_str(), kFolderMode) == 0 ? kNoError : error_of(errno);
 }
 
 }  // namespace
@@ -169,7 +180,17 @@ FileError PosixFiles::append(std::string_view path, std::string_view bytes) {
   const fs::path file = locate(path);
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_WRONLY | O_CREAT | O_APPEND);
-  return descriptor.get() < 0 ? error_of(errno) : write_all(descriptor.get(), bytes);
+  if (descriptor.get() < 0) return error_of(errno);
+  // One that was there before may be open to others. Who can't close it writes all the same.
+  (void)::fchmod(descriptor.get(), kFileMode);
+  return write_all(descriptor.get(), bytes);
+}
+
+FileError PosixFiles::sync(std::string_view path, bool folder) const {
+  const fs::path file = locate(path);
+  Descriptor descriptor(file, O_RDONLY);
+  if (descriptor.get() < 0 || ::fdatasync(descriptor.get()) != 0) return error_of(errno);
+  return folder ? sync_folder(file.parent_path()) : kNoError;
 }
 
 FileError PosixFiles::remove(std::string_view path) {
@@ -189,10 +210,10 @@ FileError PosixFiles::make_folder(std::string_view path) {
   if (folder.empty()) return kDriveNotReady;
   std::error_code error;
   if (fs::is_directory(folder, error)) return kPathFileAccess;
-  fs::create_directories(folder, error);
+  if (const FileError failed = make_folders(folder)) return failed;
   // The folder stands either way; a disk that can't keep it will say so at the first save.
-  if (!error) (void)sync_folder(folder.parent_path());
-  return error_of(error.value());
+  (void)sync_folder(folder.parent_path());
+  return kNoError;
 }
 
 bool PosixFiles::is_file(std::string_view path) {
@@ -246,7 +267,7 @@ FileError PosixFiles::write_neighbour(const fs::path& file, std::string_view byt
     if (descriptor.get() < 0 && errno == EEXIST) continue;
     if (descriptor.get() < 0) return error_of(errno);
     const FileError error = write_all(descriptor.get(), bytes);
-    return error == kNoError ? sync(descriptor.get()) : error;
+    return error == kNoError ? sync_file(descriptor.get()) : error;
   }
 }
 

@@ -1,4 +1,5 @@
-// Files on a POSIX disk: each drive is a directory, names are found without regard to case.
+// Files on a POSIX disk: each drive is a directory, names are found without regard to case. What is written
+// is for its own user alone: files 0600, folders 0700.
 #pragma once
 
 #include <filesystem>
@@ -28,6 +29,8 @@ class PosixFiles : public Files {
   std::vector<std::string> drives() override;
   bool drive_ready(char letter) override;
 
+  // Brings what was appended to a file to the disk itself, and where `folder` is set the file's name too.
+  FileError sync(std::string_view path, bool folder) const;
   // Puts a drive in, with its directory, or takes it out.
   void mount(char letter, std::filesystem::path directory) { drives_[letter] = std::move(directory); }
   void unmount(char letter) { drives_.erase(letter); }

@@ -106,6 +106,29 @@ TEST(PosixFiles, PathsWithoutRegardToCase) {
   EXPECT_FALSE(files.drive_ready('D'));
 }
 
+TEST(PosixFiles, WhatIsWrittenIsForItsOwnUserAlone) {
+  Scratch scratch;
+  const mode_t mask = ::umask(0);
+  PosixFiles files({{'C', scratch.path}});
+  const auto mode = [&](const char* path) {
+    struct stat status {};
+    return ::stat((scratch.path / path).c_str(), &status) == 0 ? status.st_mode & 0777 : 0;
+  };
+  EXPECT_EQ(files.make_folder("C:\\ZEF_DAT\\alarm\\"), kNoError);
+  EXPECT_EQ(mode("ZEF_DAT"), 0700u);
+  EXPECT_EQ(mode("ZEF_DAT/alarm"), 0700u);
+  for (const char* older : {"replaced", "copied", "appended"}) std::ofstream(scratch.path / older) << "x";
+  EXPECT_EQ(mode("replaced"), 0666u);
+  EXPECT_EQ(files.replace("C:\\new", "x"), kNoError);
+  EXPECT_EQ(files.replace("C:\\replaced", "y"), kNoError);
+  EXPECT_EQ(files.copy("C:\\new", "C:\\copied"), kNoError);
+  EXPECT_EQ(files.append("C:\\begun", "x"), kNoError);
+  EXPECT_EQ(files.append("C:\\appended", "x"), kNoError);
+  for (const char* file : {"new", "replaced", "copied", "begun", "appended"})
+    EXPECT_EQ(mode(file), 0600u) << file;
+  ::umask(mask);
+}
+
 TEST(PosixFiles, TheEndOfAFileIsReadAlone) {
   Scratch scratch;
   PosixFiles files({{'C', scratch.path}});

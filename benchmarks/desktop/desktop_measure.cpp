@@ -87,8 +87,8 @@ class Measure {
     const char* what;
     bool busy = false;  // many polls, and the window being dragged larger
     std::function<void(Desktop&)> open = [](Desktop&) {
-    };  // a box or a window that comes up before each contact
-    std::function<void(Desktop&)> close = [](Desktop&) {};
+    };                                    // a box or a window that comes up before each contact
+    std::function<void(Desktop&)> close;  // none for a box, which answers itself
   };
 
   // Contacts that close at random moments, to the first frame that the rack has heard of it.
@@ -117,13 +117,16 @@ class Measure {
         closed = Clock::now();
         line_->change([zone](rack::Rack& rack) { rack.set_contact(zone, true); });
       });
+      // A modal window holds its opener, so that it too is closed by such a timer.
+      if (scene.close)
+        QTimer::singleShot(milliseconds(1400),
+                           [&] { desktop_->screen().act([&] { scene.close(*desktop_); }); });
       while (!sent_ && (!closed || Clock::now() < *closed + milliseconds(1000))) {
         if (scene.busy) resize_step();
         desktop_->pump();
       }
       if (sent_) times.push_back(std::chrono::duration<double, std::milli>(*sent_ - *closed).count());
       line_->change([zone](rack::Rack& rack) { rack.set_contact(zone, false); });
-      desktop_->screen().act([&] { scene.close(*desktop_); });
       pass(milliseconds(300));
     }
     const char* what = scene.what;
@@ -234,7 +237,7 @@ int main(int argc, char** argv) {
   measure.contacts({.what = "an input box up", .open = [](Desktop& d) { d.boxes().input("Имя", "", ""); }},
                    contacts);
   measure.contacts({.what = "a settings window open",
-                    .open = [&](Desktop& d) { click(d.console().form1().M_n_z); },
+                    .open = [](Desktop& d) { d.console().windows().show_modal(d.console().forms().form33); },
                     .close = [](Desktop& d) { user::close(d.console().forms().form33); }},
                    contacts);
 }

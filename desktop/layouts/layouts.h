@@ -15,6 +15,10 @@ WindowLayout layout(Form6& form);
 WindowLayout layout(Form4& form);
 WindowLayout layout(Form5& form);
 WindowLayout layout(Form7& form);
+WindowLayout layout(FrmPsW& form);
+WindowLayout layout(FrmPwR& form);
+WindowLayout layout(FrmRez& form);
+WindowLayout layout(FrmISxodniki& form);
 
 std::vector<WindowLayout> all_layouts(Forms& forms);
 

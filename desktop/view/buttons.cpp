@@ -59,6 +59,7 @@ ButtonView::ButtonView(Control& control, Screen& screen, const Node& node, QWidg
       on_(qt(node.on)),
       letter_(qt(node.letter)),
       tight_(node.tight),
+      hand_(node.hand),
       is_switch_(!node.on.empty()) {
   QFont bold = font();
   bold.setBold(true);
@@ -92,6 +93,7 @@ bool ButtonView::is_on() const {
 }
 
 void ButtonView::show_state() {
+  if (hand_) setCursor(isEnabled() ? Qt::PointingHandCursor : Qt::ArrowCursor);
   // One that has been on is a switch, whatever it was laid out as.
   is_switch_ = is_switch_ || is_on();
   if (std::exchange(was_on_, is_on()) != is_on()) tell_turned(*this);
@@ -225,7 +227,7 @@ QStringList OptionView::values() const {
 
 CheckView::CheckView(CheckBox& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent) {
-  setText(qt(control.caption()));
+  setText(own_text());
   keep_size(node, line_ + fontMetrics().horizontalAdvance(text()) + line_ * 2 / 3, line_ * 5 / 4);
   connect(this, &QAbstractButton::clicked, this,
           [this] { screen_.act([&control = control_] { user::click(control); }); });
@@ -251,8 +253,12 @@ void CheckView::paintEvent(QPaintEvent*) {
   if (hasFocus()) draw_focus_ring(p, rect());
 }
 
+QString CheckView::own_text() const {
+  return look_ == Look::kNumber ? QString::number(control_.index().value_or(0)) : qt(control_.caption());
+}
+
 void CheckView::show_state() {
-  setText(qt(control_.caption()));
+  setText(own_text());
   setChecked(control_.value());
 }
 

@@ -44,6 +44,7 @@ class ButtonView : public BoundWidget<QAbstractButton, Control>, public Spoken {
   const std::string_view sign_, sign_on_;
   const QString off_, on_, letter_;
   const bool tight_;
+  const bool hand_;
   bool is_switch_, was_on_ = false;
 };
 
@@ -77,6 +78,7 @@ class CheckView : public BoundWidget<QCheckBox, CheckBox> {
  private:
   void show_state() override;
   QStringList values() const override;
+  QString own_text() const;
   void nextCheckState() override {}
 };
 

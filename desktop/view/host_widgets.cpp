@@ -2,8 +2,10 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextDocumentFragment>
 #include <QToolTip>
 #include <algorithm>
+#include <numeric>
 
 #include "desktop/notices.h"
 #include "desktop/scan_feed.h"
@@ -14,10 +16,12 @@
 namespace evac::desktop {
 namespace {
 
+constexpr std::chrono::milliseconds kKeyboardLook{150};
+
 // Shares of the line that the subjects have, in their order.
-constexpr int kShares[] = {4, 4, 3, 3, 3, 3};
+constexpr int kShares[] = {4, 3, 3, 4, 3, 3, 3, 3};
 static_assert(std::size(kShares) == Notices::kSubjects);
-constexpr int kAllShares = 20;
+const int kAllShares = std::accumulate(std::begin(kShares), std::end(kShares), 0);
 
 QFont bold(QFont font) {
   font.setBold(true);
@@ -80,6 +84,39 @@ bool NoticesView::event(QEvent* event) {
     if (place_of(i).contains(help->pos()))
       QToolTip::showText(help->globalPos(), notices_.message(static_cast<Notices::Subject>(i)), this);
   return true;
+}
+
+KeyboardNote::KeyboardNote(std::function<KeyboardState()> read, QWidget* parent)
+    : QLabel(parent), read_(std::move(read)) {
+  setObjectName("keyboard");
+  setTextFormat(Qt::RichText);
+  setIndent(2);
+  setFixedHeight(fontMetrics().height() * 4 / 3);
+  timer_.setInterval(kKeyboardLook);
+  connect(&timer_, &QTimer::timeout, this, [this] { look(); });
+}
+
+void KeyboardNote::look() {
+  const KeyboardState state = read_();
+  QStringList parts;
+  if (!state.layout.isEmpty())
+    parts << QStringLiteral("Раскладка <b>%1</b>").arg(state.layout.toHtmlEscaped());
+  if (state.caps_lock) parts << QStringLiteral("<b>CAPS LOCK ВКЛЮЧЁН</b>");
+  const QString text = parts.join(QStringLiteral(" • "));
+  if (text == this->text()) return;
+  setText(text);
+  setAccessibleName(QTextDocumentFragment::fromHtml(text).toPlainText());
+}
+
+void KeyboardNote::showEvent(QShowEvent* event) {
+  look();
+  timer_.start();
+  QLabel::showEvent(event);
+}
+
+void KeyboardNote::hideEvent(QHideEvent* event) {
+  timer_.stop();
+  QLabel::hideEvent(event);
 }
 
 BoxNoteView::BoxNoteView(Notices& notices, QWidget* parent) : QPushButton(parent), notices_(notices) {

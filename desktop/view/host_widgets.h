@@ -1,7 +1,12 @@
 // What the window shows besides the controls: what the host has to say.
 #pragma once
 
+#include <QLabel>
 #include <QPushButton>
+#include <QTimer>
+#include <functional>
+
+#include "desktop/keyboard_state.h"
 
 namespace evac::desktop {
 
@@ -49,6 +54,23 @@ class ScanProgressView : public QWidget {
 
  private:
   ScanFeed& feed_;
+};
+
+// The layout of the keyboard and Caps Lock, for who types what can't be seen; empty where the host can't
+// tell.
+class KeyboardNote : public QLabel {
+ public:
+  KeyboardNote(std::function<KeyboardState()> read, QWidget* parent);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  void look();
+
+  const std::function<KeyboardState()> read_;
+  QTimer timer_;
 };
 
 }  // namespace evac::desktop

@@ -31,10 +31,8 @@ LabelView::LabelView(Control& control, Screen& screen, const Node& node, QWidget
   keep_size(node, own + (field ? line_ : line_ / 2), look_ == Look::kCell ? line_ * 5 / 4 : line_ * 4 / 3);
   setSizePolicy(QSizePolicy::Preferred, gives_way ? QSizePolicy::Preferred : QSizePolicy::Fixed);
   for (Control* timer : timers_) screen.bind(*timer, *this);
-  if (look_ == Look::kCell) {
-    setFocusPolicy(Qt::StrongFocus);
-    new PressWatch(*this, control, screen);
-  }
+  if (look_ == Look::kCell) setFocusPolicy(Qt::StrongFocus);
+  if (look_ == Look::kCell || control.mouse_down) new PressWatch(*this, control, screen);
 }
 
 LabelView::~LabelView() {

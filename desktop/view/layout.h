@@ -23,6 +23,7 @@ enum class Look {
   kField,    // a text in a field of its own, from its left side
   kSwatch,   // a sample of a colour; a button that carries one
   kCell,     // a button or a label that takes presses, one of many: on or off, and of which channel
+  kNumber,   // a check box, one of several with the same caption: its number in the place of it
   kLamp,     // a picture as a lamp with its number
   kColumns,  // a list whose rows are cut at tabs
   kUpright,  // a scroll bar that stands
@@ -44,22 +45,23 @@ struct Node {
     kText,     // `text`
     kRow,
     kColumn,
-    kGrid,         // `columns` children a row
-    kFrame,        // a frame control around its only child
-    kTabs,         // a tab strip with one child a tab
-    kBoard,        // `controls`, `columns` a row
-    kRows,         // rows of `arrays`, side by side under their heads, in `columns` columns of rows
-    kPile,         // `controls` in one place, where the visible one is seen
-    kShared,       // the same of `children`
-    kWatch,        // the alarm bar
-    kTrack,        // the position button of the player, on its way
-    kFolderUp,     // a lister's folder, and the way out of it
-    kScan,         // how far the scan of the terminals is
-    kBoxNote,      // what boxes that answered themselves said
-    kNotices,      // what the host has to say
-    kStandButton,  // the way to the virtual rack, where there is one
-    kCloseButton,  // closes the window that it stands in
-    kSpace         // takes what room is left
+    kGrid,          // `columns` children a row
+    kFrame,         // a frame control around its only child
+    kTabs,          // a tab strip with one child a tab
+    kBoard,         // `controls`, `columns` a row
+    kRows,          // rows of `arrays`, side by side under their heads, in `columns` columns of rows
+    kPile,          // `controls` in one place, where the visible one is seen
+    kShared,        // the same of `children`
+    kWatch,         // the alarm bar
+    kTrack,         // the position button of the player, on its way
+    kFolderUp,      // a lister's folder, and the way out of it
+    kScan,          // how far the scan of the terminals is
+    kBoxNote,       // what boxes that answered themselves said
+    kNotices,       // what the host has to say
+    kKeyboardNote,  // beside a password: the keyboard's layout, and whether Caps Lock is on
+    kStandButton,   // the way to the virtual rack, where there is one
+    kCloseButton,   // closes the window that it stands in
+    kSpace          // takes what room is left
   };
 
   What what;
@@ -81,6 +83,7 @@ struct Node {
   Controls timers;           // of a label: shown while one of these is on
   std::string (*reads)(std::string_view) = nullptr;  // of a list: a row as it is shown
   bool tight = false;
+  bool hand = false;  // of a button: the pointer over it is a hand while it can be pressed
 
   Node& shown(Look as) { return look = as, *this; }
   Node& wide(double lines) { return width = lines, *this; }
@@ -99,6 +102,7 @@ struct Node {
   Node& while_on(Controls any_of) { return timers = std::move(any_of), *this; }
   Node& reading(std::string (*row)(std::string_view)) { return reads = row, *this; }
   Node& cut_at(std::vector<double> widths) { return look = Look::kColumns, stops = std::move(widths), *this; }
+  Node& pointed_at() { return hand = true, *this; }
   Node& packed() { return tight = true, *this; }
 };
 
@@ -190,6 +194,9 @@ inline Node box_note() {
 inline Node notices() {
   return make_node(Node::What::kNotices);
 }
+inline Node keyboard_note() {
+  return make_node(Node::What::kKeyboardNote);
+}
 inline Node stand_button() {
   return make_node(Node::What::kStandButton);
 }
@@ -218,6 +225,15 @@ class OutOfSight {
   Controls controls_;
 };
 
+// Where the Enter key leads from these controls, or from any when none is named: it presses a button, and
+// goes on to any other control. A button that sleeps because nothing was typed yet is woken by `wakes`: a
+// letter typed and taken back.
+struct EnterKey {
+  Control& to;
+  Controls from{};
+  TextBox* wakes = nullptr;
+};
+
 // The layout of one window. Every control of the form stands in it or is out of sight on purpose; timers and
 // menus need no word.
 struct WindowLayout {
@@ -226,6 +242,8 @@ struct WindowLayout {
   OutOfSight out_of_sight{};
   // The choice that has the keyboard when the window opens: the one of these that is made.
   std::vector<OptionButton*> opens_on{};
+  // The first that fits counts.
+  std::vector<EnterKey> on_enter{};
   // Entries of the menu with a line above them.
   Controls set_apart{};
 };

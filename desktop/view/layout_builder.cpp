@@ -99,6 +99,8 @@ QWidget* LayoutBuilder::build(const Node& node, QWidget* parent) {
       return new BoxNoteView(host_.notices, parent);
     case Node::What::kNotices:
       return new NoticesView(host_.notices, parent);
+    case Node::What::kKeyboardNote:
+      return new KeyboardNote(host_.keyboard, parent);
     case Node::What::kStandButton:
       return host_.stand_button(parent);
     case Node::What::kCloseButton: {
@@ -129,8 +131,9 @@ QWidget* LayoutBuilder::make_control(Control& control, const Node& node, QWidget
     case Kind::kScrollBar:
       return make_view<BarView, ScrollBar>(control, screen_, node, parent);
     case Kind::kTextBox:
-    case Kind::kMaskedEdit:
       return make_view<TextView, TextBox>(control, screen_, node, parent);
+    case Kind::kMaskedEdit:
+      return make_view<MaskedView, MaskedEdit>(control, screen_, node, parent);
     case Kind::kComboBox:
       return make_view<ComboView, ComboBox>(control, screen_, node, parent);
     case Kind::kListBox:

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "desktop/keyboard_state.h"
 #include "desktop/view/layout.h"
 #include "desktop/view/screen.h"
 #include "desktop/view/track.h"
@@ -24,6 +25,7 @@ struct HostParts {
   TrackSource track{};
   // Makes the button that brings up the virtual rack; null where there is none.
   std::function<QWidget*(QWidget* parent)> stand_button;
+  std::function<KeyboardState()> keyboard = keyboard_state;
 };
 
 class LayoutBuilder {

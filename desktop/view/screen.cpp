@@ -63,7 +63,10 @@ void Screen::View::control_changed(Control&) {
 }
 
 void Screen::View::focus_wanted(Control&) {
-  if (!faces.empty()) faces.front()->widget().setFocus(Qt::OtherFocusReason);
+  if (faces.empty()) return;
+  // A control that has just been enabled must be so on the screen too.
+  refresh();
+  faces.front()->widget().setFocus(Qt::OtherFocusReason);
 }
 
 void Screen::View::refresh() {

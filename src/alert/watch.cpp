@@ -178,6 +178,7 @@ void Watch::find_gaps(Findings& f) {
   f.timer_off = timer_.left_off(alert.timer_silenced, doors_.timer.tm_on);
   f.control_off = control_.left_off(alert.control_silenced, doors_.supervision.auto_mode);
   f.player_off = player_.left_off(alert.player_silenced, doors_.player.mp_pow);
+  f.unread_restart = doors_.restart.unread;
   f.files_edition = doors_.files.edition;
   f.names_edition = doors_.zones.names.edition;
 }

@@ -37,6 +37,7 @@ class Watch {
     const PlayerState& player;
     const TimerState& timer;
     const SupervisionState& supervision;
+    const RestartState& restart;
     const AlarmTab& tab;
     const AlertEngine& engine;
     const BlockAlert& block;
@@ -81,6 +82,7 @@ class Watch {
     Blind blind = Blind::kNot;
     NoSound no_sound = NoSound::kNot;
     std::array<bool, 2> card_fails{}, card_missing{};
+    int unread_restart = 0;
     int silent_seconds = 0;  // without a poll
     bool timer_off = false, control_off = false, player_off = false;
     int names_edition = 0, files_edition = 0;

@@ -82,6 +82,8 @@ std::vector<WatchLine> Watch::told() const {
       return join("Файл ", file.name(), " был прочитан не до конца, прежний: ", file.name(), kKeptEnding);
     });
   }
+  tell(kWarning, f.unread_restart > 0,
+       [&] { return join("Время перезапуска ", f.unread_restart, " не прочитано"); });
   tell(kWarning, f.silent_seconds > 0,
        [&] { return join("Нет опроса от контроллера: ", time_text(f.silent_seconds)); });
 

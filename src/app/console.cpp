@@ -197,6 +197,16 @@ Console::Console(const Machine& machine)
                      .lists = play_lists_,
                      .MP = machine.media.MP,
                      .windows = windows_}),
+      password_gate_({.form = forms_.frm_psw, .folder = data_folder_, .boxes = machine.boxes}),
+      password_change_({.form = forms_.frm_pwr, .folder = data_folder_, .boxes = machine.boxes}),
+      restart_times_({.restart = model_.restart,
+                      .folder = data_folder_,
+                      .form = forms_.frm_rez,
+                      .loop = machine.loop,
+                      .boxes = machine.boxes,
+                      .process = machine.process}),
+      service_window_(
+          {.form = forms_.frm_isxodniki, .link = link_, .folder = data_folder_, .boxes = machine.boxes}),
       zone_lamps_(forms_.form1),
       zone_groups_({.zones = model_.zones,
                     .sources = model_.sources,
@@ -310,6 +320,7 @@ Console::Console(const Machine& machine)
               .player = model_.player,
               .timer = model_.timer,
               .supervision = model_.supervision,
+              .restart = model_.restart,
               .tab = forms_.form1,
               .engine = alert_engine_,
               .block = block_alert_,
@@ -330,14 +341,11 @@ Console::Console(const Machine& machine)
   wire_alert();
   wire_alert_settings();
   wire_player();
+  wire_admin();
 }
 
 Console::~Console() {
   machine_.port.receive = nullptr;
-}
-
-void Console::open_settings(const std::function<void()>& open) {
-  open();
 }
 
 void Console::shutdown() {

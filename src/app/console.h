@@ -2,6 +2,10 @@
 // machine and calls load(); a Fault that comes out of anything ends it.
 #pragma once
 
+#include "admin/password_change.h"
+#include "admin/password_gate.h"
+#include "admin/restart_times.h"
+#include "admin/service_window.h"
 #include "alert/alert_engine.h"
 #include "alert/alert_settings.h"
 #include "alert/fire_waiting.h"
@@ -54,6 +58,9 @@ class Console {
   // and lets the timers run. Faults when a folder cannot be made or the port cannot be opened.
   void load();
 
+  // What the closing of Form1 does: gives back what the machine lent, and ends the program.
+  void shutdown();
+
   Windows& windows() { return windows_; }
   Forms& forms() { return forms_; }
   Form1& form1() { return forms_.form1; }
@@ -73,9 +80,9 @@ class Console {
   void wire_alert();
   void wire_alert_settings();
   void wire_player();
+  void wire_admin();
   // The one place where a settings window is asked for; what guards it stands here.
   void open_settings(const std::function<void()>& open);
-  void shutdown();
 
   // The steps of load().
   void make_folders();
@@ -130,6 +137,12 @@ class Console {
   TrackRemoval track_removal_;
   TagSearch tag_search_;
   PlayerPower player_power_;
+
+  // Administration.
+  PasswordGate password_gate_;
+  PasswordChange password_change_;
+  RestartTimes restart_times_;
+  ServiceWindow service_window_;
 
   // Alert.
   ZoneLamps zone_lamps_;

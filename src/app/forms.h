@@ -1,6 +1,9 @@
 // All windows of the console, each made once.
 #pragma once
 
+#include "admin/password_forms.h"
+#include "admin/restart_form.h"
+#include "admin/service_form.h"
 #include "alert/alert_settings_form.h"
 #include "alert/zone_choice_form.h"
 #include "app/form1.h"
@@ -30,17 +33,25 @@ struct Forms {
         form6(windows),
         form4(windows),
         form5(windows),
-        form7(windows) {}
+        form7(windows),
+        frm_psw(windows),
+        frm_pwr(windows),
+        frm_rez(windows),
+        frm_isxodniki(windows) {}
 
   Form1 form1;
-  Form2 form2;    // about
-  Form22 form22;  // equipment
-  Form33 form33;  // zones
-  Form55 form55;  // terminals
-  Form6 form6;    // names of zones
-  Form4 form4;    // names of terminals
-  Form5 form5;    // alerting
-  Form7 form7;    // zones of a step
+  Form2 form2;                 // about
+  Form22 form22;               // equipment
+  Form33 form33;               // zones
+  Form55 form55;               // terminals
+  Form6 form6;                 // names of zones
+  Form4 form4;                 // names of terminals
+  Form5 form5;                 // alerting
+  Form7 form7;                 // zones of a step
+  FrmPsW frm_psw;              // the password
+  FrmPwR frm_pwr;              // its change
+  FrmRez frm_rez;              // the restart
+  FrmISxodniki frm_isxodniki;  // the engineer's window
 };
 
 }  // namespace evac

@@ -78,6 +78,7 @@ void Console::load_settings() {
   transport_.show_off();
   zone_console_.PaintZoneChannels();
   zone_console_.InitZoneRows();
+  restart_times_.LoadResetTimes();
 }
 
 void Console::take_alert_settings() {

@@ -154,7 +154,7 @@ void Link::SendTime(int second_of_day) {
 }
 
 void Link::note_alarm_zones(bool on) {
-  if (doors_.port.is_open()) doors_.state.alarm_zones_on = on;
+  if (doors_.port.carries()) doors_.state.alarm_zones_on = on;
 }
 
 void Link::send(Frame9& buffer, std::uint8_t command, const std::array<std::uint8_t, 5>& data) {

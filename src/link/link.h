@@ -60,7 +60,7 @@ class Link {
   void SendTime(int second_of_day);
 
  private:
-  // A lost line switches nothing.
+  // A port that carries nothing switches nothing.
   void note_alarm_zones(bool on);
   void send(Frame9& buffer, std::uint8_t command, const std::array<std::uint8_t, 5>& data);
 

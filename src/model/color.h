@@ -16,6 +16,7 @@ enum class Color : std::uint32_t {
   kNotChosen = 0x000080FF,   // the legend's sixth sample, "Не выбран"
   kOn = 0x00FFFF00,          // a button in action
   kModeOn = 0x00FFC0C0,      // a button of the player whose panel or mode is on
+  kTrial = 0x00FF0000,       // the engineer's trial of a colour
   kFireTest = 0x000000FF,    // the test start of an algorithm while it is set
   kGrey = 0x00C0C0C0,        // a settings cell that is on, with no channel
   kSortedHead = 0x00808080,  // the head of the column by which a grid is sorted

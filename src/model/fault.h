@@ -7,7 +7,8 @@
 
 namespace evac {
 
-// Numbers of the faults that the console can raise; hosts print them as they stand.
+// Numbers of the faults that the console can raise, besides those of a file that it can't do without; hosts
+// print them as they stand.
 enum class FaultNumber : int {
   kOverflow = 6,           // a number too large for its field
   kSubscript = 9,          // a wrong index of an array or a control array

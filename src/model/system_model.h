@@ -225,6 +225,16 @@ struct PlayerState {
   int mp_pl_next = 1;      // number of the next list to be saved
 };
 
+inline constexpr int kRestartSlots = 5;
+
+// The scheduled restart. Slots by number.
+struct RestartState {
+  BoundedArray<std::int16_t, 1, kRestartSlots> ResetOn;    // 1 on; as the file has it
+  BoundedArray<std::int32_t, 1, kRestartSlots> ResetTime;  // time of day
+  bool ResetAny = false;                                   // the clock is compared
+  int unread = 0;                                          // the slot whose time the file does not give
+};
+
 struct CalendarState {
   Date journal_day{};  // day of the last header of the journal
 };
@@ -266,6 +276,7 @@ struct SystemModel {
   SupervisionState supervision;
   TimerState timer;
   PlayerState player;
+  RestartState restart;
   CalendarState calendar;
   FilesState files;
 };

@@ -48,6 +48,26 @@ std::string time_text(int second_of_day) {
   return text;
 }
 
+std::optional<int> time_value(std::string_view text) {
+  constexpr std::array kUnits = {3600, 60, 1};
+  const std::string time = Trim(text);
+  std::string_view rest = time;
+  int seconds = 0;
+  for (std::size_t part = 0; part < kUnits.size(); ++part) {
+    const auto end = rest.find(':');
+    const std::string_view digits = rest.substr(0, end);
+    const bool short_hour = part == 0 && digits.size() == 1;
+    if ((digits.size() != 2 && !short_hour) || digits.find_first_not_of("0123456789") != digits.npos)
+      return {};
+    const int number = Number(digits);
+    if (number >= (part == 0 ? 24 : 60)) return {};
+    seconds += number * kUnits[part];
+    if (end == rest.npos) return part > 0 ? std::optional(seconds) : std::nullopt;
+    rest.remove_prefix(end + 1);
+  }
+  return {};
+}
+
 std::string time_left_text(int seconds) {
   return (seconds < 0 ? "-" : "") + time_text(std::abs(seconds) % kSecondsPerDay);
 }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <chrono>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,6 +43,8 @@ int later_in_day(int second_of_day, int seconds);
 
 // "8:05:09".
 std::string time_text(int second_of_day);
+// The time of day that a text "h:mm" or "h:mm:ss" tells, blanks around it left out; none for any other.
+std::optional<int> time_value(std::string_view text);
 // "0:00:07"; a negative value is the time of day of its absolute value with a minus before it.
 std::string time_left_text(int seconds);
 // "22.11.2026".

@@ -44,6 +44,7 @@ void EventLoop::pump() {
 }
 
 bool EventLoop::run_due() {
+  host_.look_at_clock();
   const Instant now = host_.now();
   const std::size_t at = oldest_timer();
   const bool timer_due = at < timers_.size() && timers_[at].due <= now;
@@ -56,7 +57,7 @@ bool EventLoop::run_due() {
   if (timer_first) {
     Armed& armed = timers_[at];
     Timer& timer = *armed.timer;
-    armed.due = tick_after(armed);
+    set_next_tick(armed);
     armed.order = ++order_;
     timer.tick();
   } else {
@@ -78,7 +79,8 @@ std::optional<Instant> EventLoop::next_due() const {
 void EventLoop::arm(Timer& timer) {
   disarm(timer);
   if (timer.interval() < 1) return;
-  timers_.push_back({&timer, host_.now() + milliseconds(timer.interval()), ++order_});
+  const milliseconds interval(timer.interval());
+  timers_.push_back({&timer, host_.now() + interval, ++order_, host_.wall() + interval});
 }
 
 void EventLoop::disarm(Timer& timer) {
@@ -94,18 +96,29 @@ std::size_t EventLoop::oldest_timer() const {
   return oldest;
 }
 
-Instant EventLoop::tick_after(const Armed& armed) const {
+void EventLoop::set_next_tick(Armed& armed) const {
   const milliseconds interval(armed.timer->interval());
-  const Instant now = host_.now();
-  if (armed.timer->interval() == kSecondTimer) return next_full_second(now);
-  const auto missed = (now - armed.due) / interval;
-  return armed.due + interval * (missed + 1);
+  if (armed.timer->interval() == kSecondTimer) {
+    armed.second = next_full_second();
+    armed.due = host_.moment_of(armed.second);
+    return;
+  }
+  const auto missed = (host_.now() - armed.due) / interval;
+  armed.due += interval * (missed + 1);
 }
 
-Instant EventLoop::next_full_second(Instant now) const {
-  const milliseconds second(kSecondTimer);
-  const milliseconds into_second = host_.wall().time_since_epoch() % second;
-  return now + second - into_second + kSecondPhase;
+WallTime EventLoop::next_full_second() const {
+  return std::chrono::floor<std::chrono::seconds>(host_.wall()) + milliseconds(kSecondTimer) + kSecondPhase;
+}
+
+void EventLoop::keep_phase() {
+  const WallTime now = host_.wall(), next = next_full_second();
+  for (Armed& armed : timers_) {
+    if (armed.timer->interval() != kSecondTimer) continue;
+    // One that the clock was set away from waits for the second that is next now.
+    if (armed.second > next || now - armed.second > milliseconds(kSecondTimer)) armed.second = next;
+    armed.due = host_.moment_of(armed.second);
+  }
 }
 
 }  // namespace evac

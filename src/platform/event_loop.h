@@ -1,6 +1,7 @@
 // The console's one queue of events: posted ones and the ticks of timers. Hosts tell it the time and wake it.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -19,6 +20,12 @@ class LoopHost {
   virtual ~LoopHost() = default;
   virtual Instant now() const = 0;
   virtual WallTime wall() const = 0;
+  // When the wall clock will show that time, as far as is known now; the present when it is past.
+  virtual Instant moment_of(WallTime time) const {
+    return now() + std::max(time - wall(), std::chrono::milliseconds{});
+  }
+  // Called before each event and each wait: where a host's wall clock takes note of holds and steps.
+  virtual void look_at_clock() {}
   // Returns when `next_due` is reached, when something was posted, or earlier for a reason of the host's own
   // (a user's hand on a control). Never runs an event of the loop itself.
   virtual void idle(std::optional<Instant> next_due) = 0;
@@ -45,6 +52,8 @@ class EventLoop {
   std::uint64_t running() const { return running_; }
   // The moment of the next event, past or future; none when nothing is armed or posted.
   std::optional<Instant> next_due() const;
+  // For a host whose wall clock changes its speed or is set: timers in phase with it find their second anew.
+  void keep_phase();
   // Forgets the posted events.
   void clear() { posted_.clear(); }
 
@@ -62,10 +71,11 @@ class EventLoop {
     Timer* timer;
     Instant due;
     std::uint64_t order;
+    WallTime second{};  // the wall clock at `due`, for timers in phase with it
   };
   std::size_t oldest_timer() const;
-  Instant tick_after(const Armed& armed) const;
-  Instant next_full_second(Instant after) const;
+  void set_next_tick(Armed& armed) const;
+  WallTime next_full_second() const;
 
   LoopHost& host_;
   std::deque<Posted> posted_;  // the next one first

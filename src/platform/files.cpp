@@ -30,6 +30,8 @@ std::string_view words_of(FileError error) {
       return "сбой устройства";
     case kFileExists:
       return "файл уже есть";
+    case kBadRecordLength:
+      return "не помещается в запись";
     case kDiskFull:
       return "нет места на диске";
     case kPermissionDenied:

@@ -55,7 +55,7 @@ void SerialPort::set_settings(const std::string& settings) {
 }
 
 void SerialPort::write(std::span<const std::uint8_t> bytes) {
-  if (is_open()) write_line(bytes);
+  if (carries()) write_line(bytes);
 }
 
 std::optional<std::uint8_t> SerialPort::read() {

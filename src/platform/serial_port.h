@@ -28,12 +28,14 @@ class SerialPort {
   void reopen();
   void close();
   bool is_open() const { return state_ == State::kOpen; }
-  // Opened by the console, and not there. What is written is dropped.
+  // Opened by the console, and not there.
   bool is_lost() const { return state_ == State::kLost; }
+  // Whether what is written now reaches the line, at once or when it is back.
+  bool carries() const { return is_open() || (is_lost() && keeps_frames()); }
   // Such as "4800,o,8,1"; kept over a change of port.
   void set_settings(const std::string& settings);
   const std::string& settings() const { return settings_; }
-  // Writes all bytes as one piece; never waits.
+  // Writes all bytes as one piece; never waits. Dropped by a port that does not carry.
   void write(std::span<const std::uint8_t> bytes);
   int in_buffer_count() const { return static_cast<int>(in_.size()); }
   const std::deque<std::uint8_t>& in_buffer() const { return in_; }
@@ -48,6 +50,8 @@ class SerialPort {
   virtual void close_line(int number) = 0;
   virtual void configure_line(const std::string& settings) = 0;
   virtual void write_line(std::span<const std::uint8_t> bytes) = 0;
+  // Whether the host keeps what is written while the line is lost.
+  virtual bool keeps_frames() const { return false; }
   // For a host that shows it.
   virtual void loss_changed(bool /*lost*/) {}
   // The host calls this when an open line has gone, and has let go of it.

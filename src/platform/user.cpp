@@ -86,6 +86,12 @@ bool press_key(TextBox& box, const std::string& key) {
   return true;
 }
 
+bool place_caret(MaskedEdit& box, int position) {
+  if (!begin(box)) return false;
+  box.place_caret(position);
+  return true;
+}
+
 bool pick(RowControl& list, int row) {
   if (!begin(list)) return false;
   list.pick(row);

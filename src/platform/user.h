@@ -22,6 +22,7 @@ bool set_value(ScrollBar& bar, int value);
 bool set_checked(CheckBox& box, bool on);
 bool set_text(TextBox& box, std::string_view text);
 bool press_key(TextBox& box, const std::string& key);
+bool place_caret(MaskedEdit& box, int position);
 // The row must exist.
 bool pick(RowControl& list, int row);
 // More days than the calendar lets be chosen are cut to the first ones.

@@ -36,4 +36,8 @@ std::string write_fault(std::string_view file, FileError error) {
   return join("Ошибка записи ", file, " ", error, ": ", words_of(error));
 }
 
+std::string read_fault(std::string_view file, FileError error) {
+  return join("Ошибка чтения ", file, " ", error, ": ", words_of(error));
+}
+
 }  // namespace evac

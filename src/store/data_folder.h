@@ -34,7 +34,8 @@ class DataFolder {
   const Doors doors_;
 };
 
-// What the operator is told where nothing else is settled: which file could not be written, and why.
+// What the operator is told where nothing else is settled: which file could not be written or read, and why.
 std::string write_fault(std::string_view file, FileError error);
+std::string read_fault(std::string_view file, FileError error);
 
 }  // namespace evac

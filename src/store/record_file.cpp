@@ -48,6 +48,10 @@ void RecordFile::end_reading() {
                         }));
 }
 
+bool RecordFile::holds(std::string_view text) const {
+  return to_code_page(text).size() + kLengthBytes <= static_cast<std::size_t>(record_length_);
+}
+
 void RecordFile::put(int n, std::string_view text) {
   if (n > count()) records_.resize(static_cast<std::size_t>(n));
   records_[static_cast<std::size_t>(n - 1)].text = text;

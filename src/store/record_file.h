@@ -28,6 +28,8 @@ class RecordFile {
   // Ends what load() began: the folder learns whether non-empty records were left untaken.
   void end_reading();
 
+  // Whether a record has room for that text.
+  bool holds(std::string_view text) const;
   // Sets record n; those before it that were never written are empty. What is longer than a record holds is
   // cut off.
   void put(int n, std::string_view text);

@@ -68,19 +68,21 @@ TEST_F(Line, APollIsAnsweredUnderAModalWindowButHeldByABox) {
   EXPECT_TRUE(until([&] { return rack().polls_answered() == 2; })) << "and the answer comes after it";
 }
 
-TEST_F(Line, ALineThatComesAndGoesTwentyTimesIsTakenUpEachTime) {
+TEST_F(Line, ALineThatComesAndGoesIsTakenUpEachTimeAndBringsWhatWasSentMeanwhile) {
   desktop->start();
   ASSERT_TRUE(poll_is_answered());
-  for (int time = 0; time < 20; ++time) {
+  for (int time = 0; time < 3; ++time) {
     line_->unplug();
     ASSERT_TRUE(until([&] { return desktop->line().is_lost(); })) << time;
     EXPECT_TRUE(says("Линия потеряна: COM1")) << time;
     settle();
     EXPECT_EQ(widget(form1().PctD1)->accessibleName(), "Связь, неизвестно") << time;
-    desktop->screen().act([this] { user::click(form1().Opt1[3]); });  // sent into nothing, no harm
+    desktop->screen().act([&] { user::click(form1().Opt1[time]); });
     settle();
+    heard.clear();
     line_->plug();
     ASSERT_TRUE(until([&] { return !desktop->line().is_lost(); })) << time;
+    EXPECT_TRUE(until([&] { return !heard.empty() && heard.back().starts_with("Матрица"); })) << time;
     EXPECT_FALSE(says("Линия")) << time;
     ASSERT_TRUE(poll_is_answered()) << time;
     settle();
@@ -88,22 +90,37 @@ TEST_F(Line, ALineThatComesAndGoesTwentyTimesIsTakenUpEachTime) {
   }
 }
 
+TEST_F(Line, ALineThatBlinksWhileAllZonesAreSwitchedOnLosesNoZone) {
+  line_->change([](Rack& rack) { rack.set_paced(true); });
+  desktop->start();
+  ASSERT_TRUE(until([&] { return heard.size() == 8; }));
+  for (int frame = 0; frame < 240; ++frame)
+    desktop->line().write(
+        rack::make_frame(0x04, {1, 0x20, 0xFD, static_cast<std::uint8_t>(frame / 2 + 1), 0}));
+  for (const std::size_t frames : {60u, 150u}) {
+    ASSERT_TRUE(until([&] { return heard.size() > frames; }));
+    line_->unplug();
+    line_->plug();
+  }
+  EXPECT_TRUE(until([&] { return rack().network().zones_on() == 120; })) << rack().network().zones_on();
+}
+
 TEST_F(Line, SettingsOpenedWhileTheLineIsLostLeaveItLostAndItComesBack) {
   desktop->start();
   const auto press = [this](Control& control) {
     return [this, &control] { widget<QAbstractButton>(control)->click(); };
   };
-  work_modal([this] { user::click(form1().M_n_o); },
-             {press(forms().form22.Opt1), press(forms().form22.Command1), press(forms().form22.Command2)});
+  work_settings(form1().M_n_o,
+                {press(forms().form22.Opt1), press(forms().form22.Command1), press(forms().form22.Command2)});
   ASSERT_TRUE(poll_is_answered());
   line_->unplug();
   ASSERT_TRUE(until([&] { return desktop->line().is_lost(); }));
   bool lost = false, said = false;
-  work_modal([this] { user::click(form1().M_n_z); }, {[&] {
-                                                        lost = desktop->line().is_lost();
-                                                        said = says("Линия потеряна: COM1");
-                                                      },
-                                                      press(forms().form33.Command3)});
+  work_settings(form1().M_n_z, {[&] {
+                                  lost = desktop->line().is_lost();
+                                  said = says("Линия потеряна: COM1");
+                                },
+                                press(forms().form33.Command3)});
   EXPECT_TRUE(lost && said);
   line_->plug();
   ASSERT_TRUE(until([&] { return desktop->line().is_open(); }));

@@ -5,9 +5,11 @@
 
 #include <QApplication>
 #include <QTemporaryDir>
+#include <QTest>
 #include <memory>
 
 #include "desktop/desktop.h"
+#include "platform/user.h"
 
 namespace evac::desktop {
 
@@ -51,6 +53,11 @@ class TrainingDesktop : public ::testing::Test {
     desktop->screen().act(std::move(open));
     settle();
     EXPECT_EQ(next, steps.size());
+  }
+  // The same behind the gate: nothing is typed, and Enter passes it.
+  void work_settings(MenuItem& item, std::vector<std::function<void()>> steps) {
+    steps.insert(steps.begin(), [this] { QTest::keyClick(widget(forms().frm_psw.Txt1), Qt::Key_Return); });
+    work_modal([&item] { user::click(item); }, std::move(steps));
   }
   Form1& form1() { return desktop->console().form1(); }
   Forms& forms() { return desktop->console().forms(); }

@@ -107,12 +107,11 @@ TEST_F(Bar, TheStopReachesTheAlertFromUnderAWindowAndABox) {
   const auto chord = [this](Form& form) {
     QTest::keyClick(window(form).windowHandle(), Qt::Key_F12, Qt::ControlModifier);
   };
-  work_modal([this] { user::click(form1().M_n_z); },
-             {[&] { chord(forms().form33); },
-              [this] {
-                EXPECT_TRUE(desktop->console().model().alert.fire_stop);
-                user::close(desktop->console().forms().form33);
-              }});
+  work_settings(form1().M_n_z, {[&] { chord(forms().form33); },
+                                [this] {
+                                  EXPECT_TRUE(desktop->console().model().alert.fire_stop);
+                                  user::close(desktop->console().forms().form33);
+                                }});
   EXPECT_TRUE(desktop->console().model().alert.fire_stop);
   QTimer::singleShot(200, [&] { QTest::keyClick(box()->windowHandle(), Qt::Key_F12, Qt::ControlModifier); });
   desktop->screen().act([this] { EXPECT_FALSE(desktop->boxes().ask("Включить?", "")); });

@@ -17,9 +17,6 @@ namespace {
 class SettingsWindows : public TrainingDesktop {
  protected:
   SettingsWindows() { desktop->start(); }
-  std::function<void()> menu(MenuItem& item) {
-    return [&item] { user::click(item); };
-  }
   std::function<void()> press(Control& control) {
     return [this, &control] { widget<QAbstractButton>(control)->click(); };
   }
@@ -36,21 +33,21 @@ TEST_F(SettingsWindows, AZoneIsSwitchedOnAndPutOnAChannelByThePopUpMenu) {
   QString tip_off, tip_on;
   bool menu_on_dark_cell = true;
   int entries = 0;
-  work_modal(menu(form1().M_n_z),
-             {[&] {
-                tip_off = widget(forms().form33.Lbl[7])->toolTip();
-                QTest::mouseClick(widget(forms().form33.Lbl[7]), Qt::RightButton);
-              },
-              [&] { menu_on_dark_cell = popup() != nullptr; }, double_press(forms().form33.Lbl[7]),
-              [&] {
-                tip_on = widget(forms().form33.Lbl[7])->toolTip();
-                QTest::mouseClick(widget(forms().form33.Lbl[7]), Qt::RightButton);
-              },
-              [&] {
-                entries = static_cast<int>(popup()->actions().size());
-                popup()->actions().at(2)->trigger();
-              },
-              press(forms().form33.Command1), press(forms().form33.Command3)});
+  work_settings(form1().M_n_z,
+                {[&] {
+                   tip_off = widget(forms().form33.Lbl[7])->toolTip();
+                   QTest::mouseClick(widget(forms().form33.Lbl[7]), Qt::RightButton);
+                 },
+                 [&] { menu_on_dark_cell = popup() != nullptr; }, double_press(forms().form33.Lbl[7]),
+                 [&] {
+                   tip_on = widget(forms().form33.Lbl[7])->toolTip();
+                   QTest::mouseClick(widget(forms().form33.Lbl[7]), Qt::RightButton);
+                 },
+                 [&] {
+                   entries = static_cast<int>(popup()->actions().size());
+                   popup()->actions().at(2)->trigger();
+                 },
+                 press(forms().form33.Command1), press(forms().form33.Command3)});
   EXPECT_EQ(tip_off, "ВЫКЛ");
   EXPECT_FALSE(menu_on_dark_cell);
   EXPECT_EQ(tip_on, "ВКЛ");
@@ -61,13 +58,13 @@ TEST_F(SettingsWindows, AZoneIsSwitchedOnAndPutOnAChannelByThePopUpMenu) {
 }
 
 TEST_F(SettingsWindows, SourcesAreChosenAndTheLegendFollows) {
-  work_modal(menu(form1().M_n_o), {[&] {
-                                     auto* combo = widget<QComboBox>(forms().form22.Combo1[2]);
-                                     combo->setCurrentIndex(combo->findText("Компьютер"));
-                                     emit combo->activated(combo->currentIndex());
-                                     widget<QAbstractSlider>(forms().form22.VS_Z[2])->setValue(21);
-                                   },
-                                   press(forms().form22.Command1), [&] { window(forms().form22).close(); }});
+  work_settings(form1().M_n_o, {[&] {
+                                  auto* combo = widget<QComboBox>(forms().form22.Combo1[2]);
+                                  combo->setCurrentIndex(combo->findText("Компьютер"));
+                                  emit combo->activated(combo->currentIndex());
+                                  widget<QAbstractSlider>(forms().form22.VS_Z[2])->setValue(21);
+                                },
+                                press(forms().form22.Command1), [&] { window(forms().form22).close(); }});
   EXPECT_EQ(desktop->console().model().sources.ch_computer, 2);
   EXPECT_EQ(form1().Label2[2].caption(), "Компьютер");
   EXPECT_EQ(widget(form1().TerminalsTab::LblZ[2])->accessibleName(), "Громкость канала 2, 21");
@@ -113,19 +110,18 @@ TEST_F(SettingsWindows, TheStepsOfAnAlgorithmTellTheirZonesByNumberAndKeepTheirR
   const std::string all = algorithm_record("1", 2, "Отбой.wav", "1", '7' + std::string(kZones - 1, '1'));
   QStringList shown;
   QWidget* focus = nullptr;
-  work_modal(menu(form1().M_n_op), {[&] {
-                                      for (const auto& each : {row, all}) forms().form5.Lst1[1].add(each);
-                                      forms().form5.Opt1[2].set_value(true);
-                                      window(forms().form5).hide();
-                                      window(forms().form5).show();
-                                    },
-                                    [&] {
-                                      const auto* steps = widget<QListView>(forms().form5.Lst1[1])->model();
-                                      for (int i = 0; i < 2; ++i)
-                                        shown << steps->index(i, 0).data().toString();
-                                      focus = window(forms().form5).focusWidget();
-                                      window(forms().form5).close();
-                                    }});
+  work_settings(form1().M_n_op, {[&] {
+                                   for (const auto& each : {row, all}) forms().form5.Lst1[1].add(each);
+                                   forms().form5.Opt1[2].set_value(true);
+                                   window(forms().form5).hide();
+                                   window(forms().form5).show();
+                                 },
+                                 [&] {
+                                   const auto* steps = widget<QListView>(forms().form5.Lst1[1])->model();
+                                   for (int i = 0; i < 2; ++i) shown << steps->index(i, 0).data().toString();
+                                   focus = window(forms().form5).focusWidget();
+                                   window(forms().form5).close();
+                                 }});
   ASSERT_EQ(shown.size(), 2);
   EXPECT_TRUE(shown[0].endsWith("1, 4, 40, 41, 50–52, 120")) << shown[0].toStdString();
   EXPECT_TRUE(shown[0].contains("Тревога.wav"));
@@ -160,14 +156,6 @@ TEST_F(SettingsWindows, AComboShowsATextThatIsNoneOfItsRows) {
 TEST_F(SettingsWindows, ClosingTheMainWindowEndsTheProgram) {
   main_window().close();
   EXPECT_THROW(until([] { return false; }), ProgramEnded);
-}
-
-TEST(Restart, IsOnlyAnnouncedWhenItIsNotArmed) {
-  Notices notices;
-  DesktopProcess process(false, notices);
-  process.restart(7);
-  EXPECT_TRUE(notices.text().startsWith("Перезапуск в "));
-  EXPECT_TRUE(notices.text().endsWith("(7) только объявлен"));
 }
 
 }  // namespace

@@ -1,0 +1,134 @@
+#include "machine/outbox.h"
+
+#include <algorithm>
+
+namespace evac {
+namespace {
+
+using std::chrono::nanoseconds;
+
+// Zones and terminals are set by pairs of equal frames; an alert starts with three.
+constexpr int kPair = 2, kAlertStartFrames = 3;
+
+template <class... Each>
+struct Overloaded : Each... {
+  using Each::operator()...;
+};
+
+}  // namespace
+
+Outbox::Subject Outbox::subject_of(const rack::Frame& frame) {
+  return std::visit(Overloaded{[](const rack::ZoneSet& set) {
+                                 return Subject{Subject::kZone, set.zone};
+                               },
+                               [](const rack::TerminalSet& set) {
+                                 return Subject{Subject::kTerminal, set.terminal};
+                               },
+                               [](const rack::OutletsSet& set) {
+                                 return Subject{Subject::kOutlets, set.block};
+                               },
+                               [](const rack::MatrixSet&) { return Subject{Subject::kMatrix}; },
+                               [](const rack::AlarmPower& power) {
+                                 return power.channel == 9 && !power.on
+                                            ? Subject{Subject::kStop}
+                                            : Subject{Subject::kAlarm, power.channel};
+                               },
+                               [](const rack::AlertStart&) { return Subject{Subject::kAlertStart}; },
+                               [](const rack::PollAnswer&) { return Subject{Subject::kAnswer}; },
+                               [](const rack::DateSet&) { return Subject{Subject::kClock}; },
+                               [](const rack::TimeSet&) { return Subject{Subject::kClock}; },
+                               [](const auto&) { return Subject{}; }},
+                    rack::order_of(frame));
+}
+
+void Outbox::put(std::span<const std::uint8_t, 9> bytes, Moment now) {
+  Waiting frame{};
+  std::copy(bytes.begin(), bytes.end(), frame.frame.begin());
+  frame.subject = subject_of(frame.frame);
+  if (frame.subject.kind == Subject::kAnswer || frame.subject.kind == Subject::kClock) {
+    // Behind the answers before it, and not into the middle of what goes together.
+    auto place = waiting_.begin() + (taken_of_first_ > 0 ? 1 : 0);
+    while (place != waiting_.end() && (place->goes_on || place->subject.kind == Subject::kAnswer ||
+                                       place->subject.kind == Subject::kClock))
+      ++place;
+    waiting_.insert(place, frame);
+    return;
+  }
+  frame.goes_on = continues_the_last(frame.subject);
+  if (!frame.goes_on && backlog(now) > kLong) drop_overridden(frame.subject);
+  waiting_.push_back(frame);
+}
+
+bool Outbox::continues_the_last(const Subject& subject) const {
+  if (subject.kind == Subject::kNone || waiting_.empty() || waiting_.back().subject != subject) return false;
+  int together = 1;
+  for (auto frame = waiting_.rbegin(); frame != waiting_.rend() && frame->goes_on; ++frame) ++together;
+  return together < (subject.kind == Subject::kAlertStart ? kAlertStartFrames : kPair);
+}
+
+void Outbox::drop_overridden(const Subject& by) {
+  const auto needless = [&](const Subject& subject) {
+    switch (by.kind) {
+      case Subject::kNone:
+      case Subject::kAlertStart:
+        return false;
+      case Subject::kStop:
+        return subject.kind == Subject::kZone || subject.kind == Subject::kTerminal ||
+               subject.kind == Subject::kStop;
+      default:
+        return subject == by;
+    }
+  };
+  // What the device has begun to take, and what goes on from what it took, stays.
+  auto from = waiting_.begin() + (taken_of_first_ > 0 ? 1 : 0);
+  while (from != waiting_.end() && from->goes_on) ++from;
+  const auto gone =
+      std::remove_if(from, waiting_.end(), [&](const Waiting& frame) { return needless(frame.subject); });
+  dropped_ += static_cast<int>(waiting_.end() - gone);
+  waiting_.erase(gone, waiting_.end());
+}
+
+std::span<const std::uint8_t> Outbox::ready(Moment now) const {
+  if (waiting_.empty()) return {};
+  if (taken_of_first_ == 0 && *next() > now) return {};
+  return std::span(waiting_.front().frame).subspan(taken_of_first_);
+}
+
+void Outbox::taken(std::size_t count, Moment now) {
+  free_ = std::max(free_, now) + character_ * static_cast<int>(count);
+  taken_of_first_ += count;
+  if (waiting_.empty() || taken_of_first_ < waiting_.front().frame.size()) return;
+  handed_.push_back({now, waiting_.front()});
+  waiting_.pop_front();
+  taken_of_first_ = 0;
+  while (now - handed_.front().when > kRepeated) handed_.pop_front();
+}
+
+std::optional<Outbox::Moment> Outbox::next() const {
+  if (waiting_.empty()) return std::nullopt;
+  return free_ - (kAhead - time_of_frame());
+}
+
+void Outbox::line_lost(Moment now) {
+  for (; !handed_.empty(); handed_.pop_back())
+    if (now - handed_.back().when <= kRepeated) waiting_.push_front(handed_.back().frame);
+  std::erase_if(waiting_, [](const Waiting& frame) { return frame.subject.kind == Subject::kAnswer; });
+  taken_of_first_ = 0;
+  free_ = {};
+}
+
+int Outbox::frames_waiting(Moment now) const {
+  if (time_of_frame() == nanoseconds{}) return static_cast<int>(waiting_.size());
+  return static_cast<int>((backlog(now) + time_of_frame() - nanoseconds(1)) / time_of_frame());
+}
+
+nanoseconds Outbox::backlog(Moment now) const {
+  return std::max<nanoseconds>(free_ - now, nanoseconds{}) +
+         time_of_frame() * static_cast<int>(waiting_.size()) - character_ * static_cast<int>(taken_of_first_);
+}
+
+nanoseconds Outbox::time_of_frame() const {
+  return character_ * static_cast<int>(rack::Frame{}.size());
+}
+
+}  // namespace evac

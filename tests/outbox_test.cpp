@@ -1,0 +1,142 @@
+// The outbox of the line: its pace, what survives a loss, what passes and what is dropped.
+#include "machine/outbox.h"
+
+#include <gtest/gtest.h>
+
+#include "link/link.h"
+#include "rack/network.h"
+
+namespace evac {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::milliseconds;
+
+// The console's own frames into an outbox, and a line that carries them at 4800 baud.
+class OnTheLine : public ::testing::Test {
+ protected:
+  OnTheLine() { outbox.set_character(1'000'000'000ns * 11 / 4800); }
+
+  void zone(int number, int channel) {
+    rack::Frame frame = rack::make_frame(
+        0x04, {static_cast<std::uint8_t>(channel), 0x20, 0xFD, static_cast<std::uint8_t>(number), 0});
+    for (int of_pair = 0; of_pair < 2; ++of_pair) outbox.put(frame, now);
+  }
+  void put(std::uint8_t command, std::array<std::uint8_t, 5> data) {
+    outbox.put(rack::make_frame(command, data), now);
+  }
+  void stop() { put(0x09, {0, 0xFF, 0, 0, 0}); }
+  void poll_answer() { put(0x20, {0x11, 0, 0, 0, 0}); }
+
+  // The device takes up to `room` bytes at each of its turns, one a millisecond.
+  void carry(milliseconds time, std::size_t room = 1000) {
+    for (const auto end = now + time; now < end; now += 1ms) {
+      std::size_t left = room;
+      for (auto bytes = outbox.ready(now); !bytes.empty() && left > 0; bytes = outbox.ready(now)) {
+        const auto some = bytes.first(std::min(left, bytes.size()));
+        for (const std::uint8_t byte : some) {
+          rack::Frame frame;
+          if (reader.take(byte, frame)) {
+            heard.push_back(rack::words(rack::order_of(frame)));
+            network.obey(rack::order_of(frame), {});
+          }
+        }
+        left -= some.size();
+        outbox.taken(some.size(), now);
+      }
+    }
+  }
+
+  Outbox outbox;
+  Outbox::Moment now{1h};
+  rack::FrameReader reader;
+  rack::Network network;
+  std::vector<std::string> heard;
+};
+
+TEST_F(OnTheLine, KeepsTheDeviceAtMostAHundredMillisecondsAhead) {
+  for (int z = 1; z <= 20; ++z) zone(z, 1);
+  EXPECT_EQ(outbox.frames_waiting(now), 40);
+  carry(1ms);
+  EXPECT_EQ(heard.size(), 4u);
+  carry(399ms);
+  EXPECT_NEAR(static_cast<double>(heard.size()), 400 / 20.625 + 4, 1.0);
+  EXPECT_EQ(outbox.frames_waiting(now), 40 - 19);
+  carry(1s);
+  EXPECT_EQ(heard.size(), 40u);
+  EXPECT_EQ(outbox.backlog(now), 0ns);
+  EXPECT_FALSE(outbox.next());
+}
+
+TEST_F(OnTheLine, LosesNoZoneWhereverTheLineBreaksOff) {
+  for (int at = 0; at < 240 * 9; at += 5) {
+    outbox = {};
+    outbox.set_character(1'000'000'000ns * 11 / 4800);
+    network = {};
+    reader.reset();
+    for (int z = 1; z <= 120; ++z) zone(z, 1);
+    // What the device holds when it goes is lost: here all of the last 100 ms.
+    rack::Network before;
+    std::deque<std::pair<Outbox::Moment, rack::Frame>> in_device;
+    std::size_t bytes_taken = 0;
+    while (bytes_taken < static_cast<std::size_t>(at)) {
+      for (auto bytes = outbox.ready(now); !bytes.empty() && bytes_taken < static_cast<std::size_t>(at);
+           bytes = outbox.ready(now)) {
+        rack::Frame frame;
+        if (reader.take(bytes[0], frame)) in_device.emplace_back(now, frame);
+        outbox.taken(1, now);
+        ++bytes_taken;
+      }
+      now += 1ms;
+    }
+    for (const auto& [when, frame] : in_device)
+      if (now - when > Outbox::kAhead) network.obey(rack::order_of(frame), {});
+    outbox.line_lost(now);
+    reader.reset();
+    now += 1min;
+    carry(6s);
+    ASSERT_EQ(network.zones_on(), 120) << at;
+  }
+}
+
+TEST_F(OnTheLine, AnAnswerToAPollPassesButPartsNoPairAndDiesWithTheLine) {
+  for (int z = 1; z <= 10; ++z) zone(z, 1);
+  carry(1ms, 5);  // five bytes of the first frame
+  poll_answer();
+  poll_answer();
+  carry(80ms);
+  ASSERT_GE(heard.size(), 4u);
+  EXPECT_EQ(std::vector(heard.begin() + 2, heard.begin() + 4), std::vector<std::string>(2, "Ответ на опрос"));
+  poll_answer();
+  outbox.line_lost(now);
+  heard.clear();
+  carry(1s);
+  EXPECT_EQ(std::count(heard.begin(), heard.end(), "Ответ на опрос"), 0);
+  EXPECT_EQ(network.zones_on(), 10);
+}
+
+TEST_F(OnTheLine, ALongQueueDropsWhatIsOverriddenAndPairsStayPairs) {
+  for (int round = 0; round < 100; ++round)
+    for (int z = 1; z <= 60; ++z) zone(z, round % 2);
+  EXPECT_LE(outbox.frames_waiting(now), 2 * 2 * 60);
+  EXPECT_GT(outbox.dropped(), 10'000);
+  carry(6s);
+  EXPECT_EQ(network.zones_on(), 60) << "the last round's channel";
+  for (int z = 1; z <= 60; ++z) EXPECT_EQ(network.zone(z).times_set % 2, 0) << z;
+}
+
+TEST_F(OnTheLine, TheStopOfAllIsNeverFarAwayAndNothingBehindItIsLost) {
+  for (int z = 1; z <= 120; ++z) zone(z, 1);
+  for (int outlets = 0; outlets < 8; ++outlets)
+    put(0x07, {static_cast<std::uint8_t>(outlets), 0xFF, 0xEE, 0, 0});
+  stop();
+  zone(7, 1);
+  EXPECT_LE(outbox.frames_waiting(now), 2 + 8 + 1 + 2);
+  carry(400ms);
+  EXPECT_EQ(network.zones_on(), 1);
+  EXPECT_TRUE(network.zone(7).on);
+  EXPECT_TRUE(network.outlet(8, 8));
+}
+
+}  // namespace
+}  // namespace evac
