@@ -49,6 +49,9 @@ class FolderUpView : public QPushButton, public Face {
   void refresh() override;
   QWidget& widget() override { return *this; }
 
+ protected:
+  void resizeEvent(QResizeEvent*) override { refresh(); }  // cuts the path to its place
+
  private:
   FolderLister& folders_;
   Screen& screen_;
