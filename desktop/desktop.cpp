@@ -23,6 +23,7 @@ constexpr const char* kTrainingTitle = " — учебный режим";
 
 constexpr std::chrono::seconds kDeviceWatch{1};
 constexpr int kAlarmTab = 0;
+constexpr std::string_view kWrittenFolders[] = {kProgramFolder, "C:\\ZEF_DAT"};
 constexpr std::string_view kSettingsFile = "C:\\ZEF_DAT\\F_ust.dat";
 
 std::map<int, QString> devices(const HostSetup& setup) {
@@ -82,6 +83,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
         [this](int card, int port) { return training_->rack().contact_word(card, port); });
   // It is there from the second start on; what it is needed for says so if it can't be made.
   (void)files_.make_folder(kProgramFolder);
+  for (const std::string_view folder : kWrittenFolders) disk_.remove_left_over(folder);
   host_.before_wait = [this] {
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
     screen_.flush();

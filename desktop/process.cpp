@@ -15,9 +15,9 @@ DesktopProcess::DesktopProcess(bool restart_armed, Notices& notices, const Watch
   connect(&feed, &WatchFeed::changed, this, [this] { look_at_fire(); });
 }
 
-void DesktopProcess::restart(int flags) {
+void DesktopProcess::restart(int) {
   if (!armed_) {
-    tell(QStringLiteral("(%1) только объявлен").arg(flags));
+    tell(QStringLiteral("только объявлен"));
   } else if (feed_.burning() || held_back_) {
     held_back_ = true;
     report(QStringLiteral("отложен: пожар"));

@@ -67,7 +67,15 @@ std::string path_of(const Word& word) {
 }
 
 bool means(const Word& word, std::string_view text) {
-  return word.text == text || path_of(word) == text;
+  if (word.text == text || path_of(word) == text) return true;
+  // A line end can be said as the trace prints it.
+  std::string said;
+  for (const char c : text)
+    if (c == '\n')
+      said += "\\n";
+    else
+      said += c;
+  return word.text == said;
 }
 
 std::string in_quotes(std::string_view text) {

@@ -45,18 +45,30 @@ void Outbox::put(std::span<const std::uint8_t, 9> bytes, Moment now) {
   Waiting frame{};
   std::copy(bytes.begin(), bytes.end(), frame.frame.begin());
   frame.subject = subject_of(frame.frame);
-  if (frame.subject.kind == Subject::kAnswer || frame.subject.kind == Subject::kClock) {
-    // Behind the answers before it, and not into the middle of what goes together.
-    auto place = waiting_.begin() + (taken_of_first_ > 0 ? 1 : 0);
-    while (place != waiting_.end() && (place->goes_on || place->subject.kind == Subject::kAnswer ||
-                                       place->subject.kind == Subject::kClock))
-      ++place;
-    waiting_.insert(place, frame);
+  if (is_answer(frame)) {
+    waiting_.insert(place_of_answer(), frame);
     return;
   }
   frame.goes_on = continues_the_last(frame.subject);
   if (!frame.goes_on && backlog(now) > kLong) drop_overridden(frame.subject);
   waiting_.push_back(frame);
+}
+
+std::deque<Outbox::Waiting>::iterator Outbox::place_of_answer() {
+  auto place = std::find_if(waiting_.rbegin(), waiting_.rend(), is_answer).base();
+  const bool behind_answer = place != waiting_.begin() || (taken_of_first_ == 0 && answered_last_);
+  if (place == waiting_.begin() && taken_of_first_ > 0) ++place;
+  // Not into the middle of what goes together, and never two in a row while others wait: polls that come
+  // faster than the line can answer them must not keep an alert from it.
+  const auto pass_group = [&] {
+    while (place != waiting_.end() && place->goes_on) ++place;
+  };
+  pass_group();
+  if (behind_answer && place != waiting_.end()) {
+    ++place;
+    pass_group();
+  }
+  return place;
 }
 
 bool Outbox::continues_the_last(const Subject& subject) const {
@@ -98,6 +110,7 @@ void Outbox::taken(std::size_t count, Moment now) {
   free_ = std::max(free_, now) + character_ * static_cast<int>(count);
   taken_of_first_ += count;
   if (waiting_.empty() || taken_of_first_ < waiting_.front().frame.size()) return;
+  answered_last_ = is_answer(waiting_.front());
   handed_.push_back({now, waiting_.front()});
   waiting_.pop_front();
   taken_of_first_ = 0;

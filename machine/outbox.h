@@ -26,7 +26,7 @@ class Outbox {
   // The time of one character on the line; with none the device takes all at once.
   void set_character(std::chrono::nanoseconds time) { character_ = time; }
 
-  // One frame, to go behind those that wait; an answer to a poll goes before them.
+  // One frame, to go behind those that wait; an answer to a poll passes them, but no two of them in a row.
   void put(std::span<const std::uint8_t, 9> bytes, Moment now);
   // What may go to the device now, the rest of one frame; nothing when none waits or the device has enough.
   std::span<const std::uint8_t> ready(Moment now) const;
@@ -60,6 +60,10 @@ class Outbox {
     Moment when;
     Waiting frame;
   };
+  static bool is_answer(const Waiting& frame) {
+    return frame.subject.kind == Subject::kAnswer || frame.subject.kind == Subject::kClock;
+  }
+  std::deque<Waiting>::iterator place_of_answer();
   static Subject subject_of(const rack::Frame& frame);
   bool continues_the_last(const Subject& subject) const;
   void drop_overridden(const Subject& by);
@@ -69,6 +73,7 @@ class Outbox {
   std::deque<Waiting> waiting_;
   std::size_t taken_of_first_ = 0;  // bytes
   std::deque<Handed> handed_;       // the last ones
+  bool answered_last_ = false;      // the last of them was an answer
   Moment free_{};                   // when the line has carried all that the device was handed
   int dropped_ = 0;
 };

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <limits>
 
 #include "model/text.h"
 
@@ -19,6 +20,8 @@ namespace fs = std::filesystem;
 // A file that is being written is named for the one that it replaces, the process and its count:
 // "F_ust.dat.4711-3.new~". A crash may leave one; it is never listed.
 constexpr std::string_view kNeighbour = ".new~";
+
+constexpr off_t kLargestFile = 16 << 20;  // that is read whole
 
 // Whether the process that wrote that neighbour is gone. One of this process's number is from an earlier one.
 bool is_stale(std::string_view name) {
@@ -57,7 +60,8 @@ FileError error_of(int number) {
 
 class Descriptor {
  public:
-  Descriptor(const fs::path& path, int flags) : fd_(::open(path.c_str(), flags | O_CLOEXEC, kFileMode)) {}
+  Descriptor(const fs::path& path, int flags)
+      : fd_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, kFileMode)) {}
   ~Descriptor() {
     if (fd_ >= 0) ::close(fd_);
   }
@@ -68,6 +72,14 @@ class Descriptor {
  private:
   const int fd_;
 };
+
+// What settings and the journal may be: a regular file. A pipe or a device in its place is never waited for.
+FileError check_regular(int fd, off_t most = std::numeric_limits<off_t>::max()) {
+  struct stat status {};
+  if (::fstat(fd, &status) != 0) return error_of(errno);
+  if (S_ISDIR(status.st_mode)) return kPathFileAccess;
+  return S_ISREG(status.st_mode) && status.st_size <= most ? kNoError : kBadFileMode;
+}
 
 FileError write_all(int fd, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -132,8 +144,7 @@ FileError PosixFiles::read(std::string_view path, std::string& bytes) {
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
-  struct stat status {};
-  if (::fstat(descriptor.get(), &status) == 0) bytes.reserve(static_cast<std::size_t>(status.st_size));
+  if (const FileError error = check_regular(descriptor.get(), kLargestFile)) return error;
   char block[65536];
   while (true) {
     const ssize_t got = ::read(descriptor.get(), block, sizeof block);
@@ -150,6 +161,7 @@ FileError PosixFiles::read_end(std::string_view path, std::size_t count, std::st
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
+  if (const FileError error = check_regular(descriptor.get())) return error;
   const off_t size = ::lseek(descriptor.get(), 0, SEEK_END);
   if (size < 0) return error_of(errno);
   bytes.resize(std::min(count, static_cast<std::size_t>(size)));
@@ -181,6 +193,7 @@ FileError PosixFiles::append(std::string_view path, std::string_view bytes) {
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_WRONLY | O_CREAT | O_APPEND);
   if (descriptor.get() < 0) return error_of(errno);
+  if (const FileError error = check_regular(descriptor.get())) return error;
   // One that was there before may be open to others. Who can't close it writes all the same.
   (void)::fchmod(descriptor.get(), kFileMode);
   return write_all(descriptor.get(), bytes);
@@ -269,6 +282,17 @@ FileError PosixFiles::write_neighbour(const fs::path& file, std::string_view byt
     const FileError error = write_all(descriptor.get(), bytes);
     return error == kNoError ? sync_file(descriptor.get()) : error;
   }
+}
+
+void PosixFiles::remove_left_over(std::string_view path) {
+  const fs::path top = locate(path);
+  std::error_code error;
+  std::vector<fs::path> all = {top};
+  for (fs::recursive_directory_iterator at(top, error), last; !error && at != last; at.increment(error)) {
+    std::error_code unknown;
+    if (at->is_directory(unknown)) all.push_back(at->path());
+  }
+  for (const fs::path& folder : all) remove_stale(folder);
 }
 
 void PosixFiles::remove_stale(const fs::path& folder) {

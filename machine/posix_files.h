@@ -31,6 +31,8 @@ class PosixFiles : public Files {
 
   // Brings what was appended to a file to the disk itself, and where `folder` is set the file's name too.
   FileError sync(std::string_view path, bool folder) const;
+  // Removes what saves that were cut off have left in that folder and those in it.
+  void remove_left_over(std::string_view path);
   // Puts a drive in, with its directory, or takes it out.
   void mount(char letter, std::filesystem::path directory) { drives_[letter] = std::move(directory); }
   void unmount(char letter) { drives_.erase(letter); }

@@ -220,6 +220,33 @@ TEST(DataFolder, WheneverThePowerGoesWhatACutReadingLeftIsThere) {
   for (auto disk : cuts.now()) EXPECT_EQ(disk["F_ust.dat"] + disk["F_ust.dat.bak"], "onefour rows");
 }
 
+TEST(PosixFiles, WhatIsNoRegularFileIsAnErrorAndNeverWaitedFor) {
+  Scratch scratch;
+  PosixFiles files({{'C', scratch.path}});
+  ASSERT_EQ(::mkfifo((scratch.path / "pipe").c_str(), 0600), 0);
+  std::string bytes;
+  EXPECT_EQ(files.read("C:\\pipe", bytes), kBadFileMode);
+  EXPECT_EQ(files.read_end("C:\\pipe", 10, bytes), kBadFileMode);
+  EXPECT_NE(files.append("C:\\pipe", "x"), kNoError);
+  EXPECT_NE(files.sync("C:\\pipe", false), kNoError);
+  std::filesystem::resize_file((std::ofstream(scratch.path / "large"), scratch.path / "large"),
+                               (16 << 20) + 1);
+  EXPECT_EQ(files.read("C:\\large", bytes), kBadFileMode);
+  EXPECT_EQ(files.read_end("C:\\large", 10, bytes), kNoError) << "tracks are larger";
+}
+
+TEST(PosixFiles, WhatCutOffSavesLeftIsRemovedInAllFolders) {
+  Scratch scratch;
+  PosixFiles files({{'C', scratch.path}});
+  ASSERT_EQ(files.make_folder("C:\\ZEF_DAT\\alarm"), kNoError);
+  const auto left = scratch.path / "ZEF_DAT/alarm/f_al.dat.999999999-3.new~";
+  std::ofstream{left} << "half";
+  std::ofstream{scratch.path / "ZEF_DAT/f.new~.txt"} << "whole";
+  files.remove_left_over("C:\\ZEF_DAT");
+  EXPECT_FALSE(std::filesystem::exists(left));
+  EXPECT_TRUE(std::filesystem::exists(scratch.path / "ZEF_DAT/f.new~.txt"));
+}
+
 class FullDisk : public PosixFiles {
  public:
   using PosixFiles::PosixFiles;

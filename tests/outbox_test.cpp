@@ -104,15 +104,32 @@ TEST_F(OnTheLine, AnAnswerToAPollPassesButPartsNoPairAndDiesWithTheLine) {
   carry(1ms, 5);  // five bytes of the first frame
   poll_answer();
   poll_answer();
-  carry(80ms);
-  ASSERT_GE(heard.size(), 4u);
-  EXPECT_EQ(std::vector(heard.begin() + 2, heard.begin() + 4), std::vector<std::string>(2, "Ответ на опрос"));
+  carry(100ms);
+  ASSERT_GE(heard.size(), 6u);
+  const std::string answer = "Ответ на опрос";
+  EXPECT_EQ((std::vector{heard[2], heard[5]}), (std::vector{answer, answer})) << "a pair between them";
+  EXPECT_EQ(heard[3], heard[4]);
   poll_answer();
   outbox.line_lost(now);
   heard.clear();
   carry(1s);
   EXPECT_EQ(std::count(heard.begin(), heard.end(), "Ответ на опрос"), 0);
   EXPECT_EQ(network.zones_on(), 10);
+}
+
+TEST_F(OnTheLine, PollsFasterThanTheLineKeepNoAlertFromIt) {
+  for (int poll = 0; poll < 50; ++poll) {
+    poll_answer();
+    carry(20ms);
+  }
+  for (int z = 1; z <= 20; ++z) zone(z, 1);
+  for (int poll = 0; poll < 100; ++poll) {
+    poll_answer();
+    carry(20ms);
+  }
+  EXPECT_EQ(network.zones_on(), 20);
+  carry(2s);
+  EXPECT_EQ(std::count(heard.begin(), heard.end(), "Ответ на опрос"), 150);
 }
 
 TEST_F(OnTheLine, ALongQueueDropsWhatIsOverriddenAndPairsStayPairs) {

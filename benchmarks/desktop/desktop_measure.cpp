@@ -87,8 +87,8 @@ class Measure {
     const char* what;
     bool busy = false;  // many polls, and the window being dragged larger
     std::function<void(Desktop&)> open = [](Desktop&) {
-    };                                    // a box or a window that comes up before each contact
-    std::function<void(Desktop&)> close;  // none for a box, which answers itself
+    };                                              // a box or a window that comes up before each contact
+    std::function<void(Desktop&)> close = nullptr;  // none for a box, which answers itself
   };
 
   // Contacts that close at random moments, to the first frame that the rack has heard of it.

@@ -42,20 +42,6 @@ class BoxNoteView : public QPushButton {
   Notices& notices_;
 };
 
-// How far the scan of the terminals is: a bar over the whole pass, and in words. Keeps its place at rest.
-class ScanProgressView : public QWidget {
- public:
-  ScanProgressView(ScanFeed& feed, QWidget* parent);
-  QSize sizeHint() const override { return {fontMetrics().height() * 20, fontMetrics().height() * 3 / 2}; }
-  QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
- private:
-  ScanFeed& feed_;
-};
-
 // The layout of the keyboard and Caps Lock, for who types what can't be seen; empty where the host can't
 // tell.
 class KeyboardNote : public QLabel {
@@ -71,6 +57,20 @@ class KeyboardNote : public QLabel {
 
   const std::function<KeyboardState()> read_;
   QTimer timer_;
+};
+
+// How far the scan of the terminals is: a bar over the whole pass, and in words. Keeps its place at rest.
+class ScanProgressView : public QWidget {
+ public:
+  ScanProgressView(ScanFeed& feed, QWidget* parent);
+  QSize sizeHint() const override { return {fontMetrics().height() * 20, fontMetrics().height() * 3 / 2}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  ScanFeed& feed_;
 };
 
 }  // namespace evac::desktop

@@ -2,11 +2,13 @@
 
 #include "model/text.h"
 #include "sound/followed_message.h"
+#include "store/timer_record.h"
 
 namespace evac {
 
 void MessageLists::LoadMessageList() {
-  ComboBox* const lists[] = {&doors_.form5.CmbF1, &doors_.form5.CmbF2, &doors_.form5.CmbF3, &doors_.tab.CmbF};
+  ComboBox* const lists[] = {&doors_.form5.CmbF1, &doors_.form3.CmbF1, &doors_.form5.CmbF2,
+                             &doors_.form5.CmbF3, &doors_.tab.CmbF};
   for (ComboBox* list : lists) {
     list->clear();
     list->set_text("");
@@ -24,6 +26,10 @@ void MessageLists::LoadMessageList() {
   show_message(doors_.settings.SettingsLine[kBlockMessage], {{doors_.form5.CmbF1, doors_.form5.LblL}});
   show_message(doors_.settings.SettingsLine[kManualMessage],
                {{doors_.form5.CmbF2, doors_.form5.LblL2}, {doors_.tab.CmbF, doors_.tab.LblL}});
+  if (doors_.timer.tm_none) return;
+  const auto& events = doors_.timer.events;
+  show_message(events.empty() ? "" : TmField(events.front().tm_rec, kTmMessage),
+               {{doors_.form3.CmbF1, doors_.form3.LblL3}});
 }
 
 void MessageLists::show_message(std::string_view file, std::initializer_list<Choice> choices) {

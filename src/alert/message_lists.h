@@ -5,26 +5,28 @@
 #include "alert/alert_settings_form.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
+#include "sound/message_catalogue.h"
 #include "store/folder_listers.h"
+#include "timer/programme_form.h"
 
 namespace evac {
 
-class MessageLists {
+class MessageLists : public MessageCatalogue {
  public:
   struct Doors {
     MessageState& messages;
     const SettingsState& settings;
+    const TimerState& timer;
     FolderListers& listers;
     AlarmTab& tab;
     Form5& form5;
+    Form3& form3;
     Media& MP2;
   };
   explicit MessageLists(const Doors& doors) : doors_(doors) {}
 
-  // Reads the length of every message file, fills the lists, and shows the messages of the settings.
-  void LoadMessageList();
-  // Writes the length of the file of that name into the label; a name that no file bears leaves it.
-  void show_length(std::string_view file, Label& label) const;
+  void LoadMessageList() override;
+  void show_length(std::string_view file, Label& label) const override;
 
  private:
   // A combo box with the label of its message's length.

@@ -7,6 +7,7 @@ namespace evac {
 namespace {
 
 constexpr std::chrono::seconds kPollsMissed{5};
+constexpr int kEventPast = 2;        // seconds
 constexpr int kAlgorithmZones = 96;  // those whose contact starts an algorithm
 
 std::size_t bit_of(int zone) {
@@ -33,12 +34,15 @@ void Watch::look() {
   find_alerts(f);
   find_unanswered(f);
   find_gaps(f);
+  find_timer(f);
   const bool same_file = !f.manual_message || manual_file_ == doors_.messages.mp1_file;
+  const bool same_programme = !f.no_programme || programme_ == doors_.timer.prog_asked;
   const bool first = !looking_;
   looking_ = true;
-  if (f == findings_ && same_file && !first) return;
+  if (f == findings_ && same_file && same_programme && !first) return;
   findings_ = f;
   if (!same_file) manual_file_ = doors_.messages.mp1_file;
+  if (!same_programme) programme_ = doors_.timer.prog_asked;
   auto lines = told();
   if (lines == lines_ && !first) return;
   lines_ = std::move(lines);
@@ -181,6 +185,16 @@ void Watch::find_gaps(Findings& f) {
   f.unread_restart = doors_.restart.unread;
   f.files_edition = doors_.files.edition;
   f.names_edition = doors_.zones.names.edition;
+}
+
+// The weekly timer: behind find_gaps, which knows what an alert switched off.
+void Watch::find_timer(Findings& f) const {
+  const TimerState& timer = doors_.timer;
+  f.timer_idle = !timer.tm_on && !f.timer_off;
+  f.no_programme = timer.tm_none;
+  const WallTime now = doors_.loop.wall();
+  const bool waits = timer.tm_on && !timer.tm_scan && timer.tm_next_d == date_of(now);
+  if (waits && second_of_day(now) - timer.tm_next_s > kEventPast) f.event_past = timer.tm_next_s;
 }
 
 }  // namespace evac

@@ -85,6 +85,9 @@ class Watch {
     int unread_restart = 0;
     int silent_seconds = 0;  // without a poll
     bool timer_off = false, control_off = false, player_off = false;
+    bool timer_idle = false;  // off by the operator's hand
+    bool no_programme = false;
+    int event_past = -1;  // the time of day of the event that the timer missed
     int names_edition = 0, files_edition = 0;
     bool operator==(const Findings&) const = default;
   };
@@ -107,6 +110,7 @@ class Watch {
   void find_alerts(Findings& f);
   void find_unanswered(Findings& f) const;
   void find_gaps(Findings& f);
+  void find_timer(Findings& f) const;
   Blind blindness(int type) const;
 
   // The lines of the findings.
@@ -118,7 +122,8 @@ class Watch {
   const Doors doors_;
   std::array<std::int32_t, kBanks> words_{};
   Findings findings_;
-  std::string manual_file_;
+  // The file of the manual message and the programme that the timer lacks, as they are told.
+  std::string manual_file_, programme_;
   std::vector<WatchLine> lines_;
   Instant begun_{};
   bool looking_ = false;

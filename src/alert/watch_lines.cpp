@@ -86,6 +86,10 @@ std::vector<WatchLine> Watch::told() const {
        [&] { return join("Время перезапуска ", f.unread_restart, " не прочитано"); });
   tell(kWarning, f.silent_seconds > 0,
        [&] { return join("Нет опроса от контроллера: ", time_text(f.silent_seconds)); });
+  tell(kWarning, f.no_programme,
+       [&] { return join("Недельный таймер: программа «", programme_, "» не найдена"); });
+  tell(kWarning, f.event_past >= 0,
+       [&] { return join("Недельный таймер: событие ", time_text(f.event_past), " прошло"); });
 
   tell_zones(kNote, f.no_steps, "Нет алгоритма: ");
   tell(kNote, f.marked.any(),
@@ -99,6 +103,7 @@ std::vector<WatchLine> Watch::told() const {
   if (f.control_off) add_joined(off, "автоматический контроль");
   if (f.player_off) add_joined(off, "плеер");
   tell(kNote, !off.empty(), [&] { return join("Выключено оповещением: ", off); });
+  tell(kNote, f.timer_idle, plainly("Недельный таймер выключен"));
   return lines;
 }
 

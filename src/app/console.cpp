@@ -219,9 +219,11 @@ Console::Console(const Machine& machine)
       alert_store_({.settings = model_.settings, .algorithms = model_.algorithms, .folder = data_folder_}),
       message_lists_({.messages = model_.messages,
                       .settings = model_.settings,
+                      .timer = model_.timer,
                       .listers = forms_.form1,
                       .tab = forms_.form1,
                       .form5 = forms_.form5,
+                      .form3 = forms_.form3,
                       .MP2 = machine.media.MP2}),
       message_preview_({.settings = model_.settings,
                         .form5 = forms_.form5,
@@ -331,7 +333,18 @@ Console::Console(const Machine& machine)
                      .alert = model_.alert,
                      .settings = model_.settings,
                      .link = model_.link,
-                     .port = machine.port}) {
+                     .port = machine.port}),
+      timer_({.machine = machine_,
+              .model = model_,
+              .forms = forms_,
+              .folder = data_folder_,
+              .link = link_,
+              .tuner = tuner_,
+              .presets = terminal_console_,
+              .volume = volume_,
+              .transport = transport_,
+              .lists = play_lists_,
+              .messages = message_lists_}) {
   wire_link();
   wire_menu();
   wire_console();
@@ -341,6 +354,7 @@ Console::Console(const Machine& machine)
   wire_alert();
   wire_alert_settings();
   wire_player();
+  wire_timer();
   wire_admin();
 }
 

@@ -13,6 +13,7 @@
 #include "alert/watch.h"
 #include "alert/zone_groups.h"
 #include "app/forms.h"
+#include "app/timer_wing.h"
 #include "console/alarm_channels.h"
 #include "console/audio_matrix.h"
 #include "console/deck.h"
@@ -80,6 +81,7 @@ class Console {
   void wire_alert();
   void wire_alert_settings();
   void wire_player();
+  void wire_timer();
   void wire_admin();
   // The one place where a settings window is asked for; what guards it stands here.
   void open_settings(const std::function<void()>& open);
@@ -161,6 +163,8 @@ class Console {
   ManualAlert manual_alert_;
   Watch watch_;
   FireWaiting fire_waiting_;
+
+  TimerWing timer_;
 };
 
 }  // namespace evac

@@ -12,6 +12,8 @@
 #include "console/terminal_names_form.h"
 #include "console/zone_cells_form.h"
 #include "console/zone_names_form.h"
+#include "timer/programme_form.h"
+#include "timer/schedule_forms.h"
 
 namespace evac {
 
@@ -37,7 +39,10 @@ struct Forms {
         frm_psw(windows),
         frm_pwr(windows),
         frm_rez(windows),
-        frm_isxodniki(windows) {}
+        frm_isxodniki(windows),
+        form3(windows),
+        frm_tm(windows),
+        frm8(windows) {}
 
   Form1 form1;
   Form2 form2;                 // about
@@ -52,6 +57,9 @@ struct Forms {
   FrmPwR frm_pwr;              // its change
   FrmRez frm_rez;              // the restart
   FrmISxodniki frm_isxodniki;  // the engineer's window
+  Form3 form3;                 // programmes of the weekly timer
+  FrmTm frm_tm;                // schedule of the programmes
+  Frm8 frm8;                   // an entry of the schedule
 };
 
 }  // namespace evac

@@ -68,6 +68,7 @@ void Console::open_port() {
 void Console::load_settings() {
   alert_settings_.load_algorithms();
   alert_settings_.load_settings();
+  timer_.programmes.load_day();
   terminal_settings_.LoadTermSettings(model_.terminals.term_file_no);
   zone_settings_.LoadZoneSettings();
   equipment_.load(EquipmentSettings::Reading::kAtStart);

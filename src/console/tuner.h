@@ -7,6 +7,8 @@
 
 namespace evac {
 
+enum TunerBand : std::int16_t { kFmBand = 1, kAmBand = 2 };
+
 class Tuner {
  public:
   struct Doors {
@@ -23,8 +25,14 @@ class Tuner {
   // CmdT(i): 0 AM, 1 FM, 2 next preset, 3 previous, 4 stop. Faults with an overflow at preset 100: it is
   // counted, but neither sent nor shown.
   void press(int i);
+  // Goes to that preset of that band at once; 100 or more is an overflow fault.
+  void tune(TunerBand band, int preset);
 
  private:
+  void send(int output);
+  void show_preset();
+  void light(int button);
+
   const Doors doors_;
 };
 

@@ -186,8 +186,40 @@ struct SupervisionState {
   std::int32_t NextCheck = 0;  // time of day
 };
 
+// An event of the weekly programme: its record, its time of day, its days by bit.
+struct ProgrammeEvent {
+  std::string tm_rec;
+  std::int32_t tm_time = 0;
+  std::int16_t tm_days = 0;
+};
+
+// Which programme holds from which date to which; dates as they stand in the file.
+struct ScheduleEntry {
+  std::string sch_name, sch_from, sch_to;
+};
+
 struct TimerState {
-  bool tm_on = true, tm_scan = true, tm_none = false;
+  bool tm_on = true;
+  bool tm_scan = true;   // the nearest event is to be searched for
+  bool tm_none = false;  // the programme asked for last has no file
+
+  // The programme, by number of the record from 0. An empty record and one without a day are no events.
+  std::vector<ProgrammeEvent> events;
+  std::string prog_asked;  // the programme that was loaded last, or was to be
+  std::string prog_last;   // the one that was saved last, as it was read
+  std::string prog_today;  // the one that the schedule gives for today, empty if none
+  std::vector<ScheduleEntry> schedule;
+
+  // The nearest event: its record, its time of day and the date on which it is due.
+  std::int32_t tm_next_i = 0, tm_next_s = 0;
+  Date tm_next_d{std::chrono::December / 30 / 1899};  // before anything was found
+  std::int32_t msg_end = 0;                           // time of day at which the message ends
+
+  // The record of the nearest event; empty when the programme has been replaced by a shorter one since.
+  std::string next_record() const {
+    const auto i = static_cast<std::size_t>(tm_next_i);
+    return i < events.size() ? events[i].tm_rec : "";
+  }
 };
 
 // The player and its list. Each power-on begins it anew.
@@ -212,8 +244,9 @@ struct PlayerState {
   const std::string& track() const { return mp_list.at(static_cast<std::size_t>(mp_trk - 1)); }
   std::string mp_file;  // path of the current track
 
-  float mp_lvl = 10, mp_lvl0 = 10;  // volume 0..10 in steps of 0.5, and the one that the operator set
-  std::int32_t mp_vol = 0;          // hundredths of a decibel
+  float mp_lvl = 10;        // volume 0..10 in steps of 0.5
+  float mp_lvl0 = 0;        // the one that the operator set; nothing before the first power-on
+  std::int32_t mp_vol = 0;  // hundredths of a decibel
   std::int32_t mp_pct = 100;
 
   double mp_dur = 0;            // seconds of the current track

@@ -78,6 +78,16 @@ std::string short_date_text(Date date) {
   return text;
 }
 
+std::optional<Date> short_date(std::string_view text) {
+  unsigned day = 0, month = 0;
+  int year = 0, end = 0;
+  const std::string trimmed = Trim(text);
+  const bool whole = std::sscanf(trimmed.c_str(), "%2u.%2u.%4d%n", &day, &month, &year, &end) == 3 &&
+                     static_cast<std::size_t>(end) == trimmed.size();
+  const Date date{std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)};
+  return whole && date.ok() && year >= 100 ? std::optional(date) : std::nullopt;
+}
+
 std::string long_date_text(Date date) {
   return join(WeekDayName[static_cast<std::size_t>(weekday_number(date))], " ", day_number(date), " ",
               MonthName[static_cast<std::size_t>(month_number(date))], " ", year_number(date), " года ");

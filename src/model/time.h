@@ -49,6 +49,9 @@ std::optional<int> time_value(std::string_view text);
 std::string time_left_text(int seconds);
 // "22.11.2026".
 std::string short_date_text(Date date);
+// A date in that form, with blanks around it or without; day and month may lack their leading zero. None for
+// what is no date.
+std::optional<Date> short_date(std::string_view text);
 // "ПОНЕДЕЛЬНИК 5 Января 2026 года ", the form of the journal's header and of the clock line.
 std::string long_date_text(Date date);
 // "22-ноя-26", the platform's "Medium Date".

@@ -26,6 +26,8 @@ std::string_view words_of(FileError error) {
       return "номер вне таблицы";
     case kFileNotFound:
       return "файл не найден";
+    case kBadFileMode:
+      return "не обычный файл или больше 16 МБ";
     case kDeviceError:
       return "сбой устройства";
     case kFileExists:

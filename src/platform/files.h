@@ -14,9 +14,10 @@ namespace evac {
 // use for it says so with (void), and why.
 enum [[nodiscard]] FileError : int{kNoError = 0,
                                    kFileSubscript = 9,  // a number in a file that lies outside its table
-                                   kFileNotFound = 53,    kDeviceError = 57,    kFileExists = 58,
-                                   kBadRecordLength = 59, kDiskFull = 61,       kPermissionDenied = 70,
-                                   kDriveNotReady = 71,   kPathFileAccess = 75, kPathNotFound = 76};
+                                   kFileNotFound = 53,     kBadFileMode = 54,     kDeviceError = 57,
+                                   kFileExists = 58,       kBadRecordLength = 59, kDiskFull = 61,
+                                   kPermissionDenied = 70, kDriveNotReady = 71,   kPathFileAccess = 75,
+                                   kPathNotFound = 76};
 // What the operator is told of it, such as "нет места на диске".
 std::string_view words_of(FileError error);
 

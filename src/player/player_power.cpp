@@ -37,6 +37,7 @@ void PlayerPower::switch_on() {
   const double last_length = player.mp_dur;
   player = {};
   player.mp_pow = true;
+  player.mp_lvl0 = player.mp_lvl;
   player.mp_dur = last_length;
   tab.LblMPU.set_caption(join(player.mp_pct, "%"));
   if (!doors_.lists.PlayerInit()) return;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "model/text.h"
+#include "store/record_fields.h"
 
 namespace evac {
 namespace {
@@ -11,18 +12,10 @@ namespace {
 constexpr std::array<std::string_view, 4> kEnds = {"\t|", "\t |", "\t  |", "\t   |"};
 constexpr int kNumberLength = 3, kMessageLength = 20, kPlaysLength = 3;
 
-int end_of(std::string_view record, int field) {
-  return InStr(record, kEnds[static_cast<std::size_t>(field - 1)]);
-}
-
 }  // namespace
 
 std::string AlgField(std::string_view record, int n) {
-  if (record.empty() || n < kAlgNumber || n > kAlgZones) return {};
-  if (n == kAlgNumber) return Left(record, end_of(record, n));
-  const int before = end_of(record, n - 1);
-  const int count = n == kAlgZones ? Len(record) - before : end_of(record, n) - before - n;
-  return Trim(Mid(record, before + n, count));
+  return CutField(record, n, kEnds);
 }
 
 bool has_alarm_mark(std::string_view record) {

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/system_model.h"
 #include "platform/files.h"
@@ -21,6 +22,10 @@ class DataFolder {
 
   // "C:\ZEF_DAT\alarm\f_al.dat" of "alarm\f_al.dat".
   std::string path(std::string_view file) const { return doors_.settings.data_path(file); }
+
+  bool has(std::string_view file) const { return doors_.files.is_file(path(file)); }
+  // The files of a folder in it, such as "timer", by name and as they are listed.
+  std::vector<std::string> names(std::string_view folder) const { return doors_.files.files(path(folder)); }
 
   // A missing file is created empty.
   FileError read(std::string_view file, std::string& bytes);

@@ -20,8 +20,11 @@ std::string read_record(std::string_view record) {
 
 FileError RecordFile::load() {
   records_.clear();
+  whole_count_ = 0;
   std::string bytes;
-  if (const FileError error = folder_.read(file_, bytes)) {
+  const FileError error = folder_.read(file_, bytes);
+  unread_ = error != kNoError;
+  if (unread_) {
     folder_.reading_ended(file_, true);
     return error;
   }
@@ -29,6 +32,7 @@ FileError RecordFile::load() {
   records_.reserve((bytes.size() + length - 1) / length);
   for (std::size_t at = 0; at < bytes.size(); at += length)
     records_.push_back({read_record(std::string_view(bytes).substr(at, length))});
+  whole_count_ = static_cast<int>(bytes.size() / length);
   return kNoError;
 }
 
@@ -43,9 +47,9 @@ const std::string& RecordFile::take(int n) {
 }
 
 void RecordFile::end_reading() {
-  folder_.reading_ended(file_, std::ranges::any_of(records_, [](const Record& record) {
-                          return !record.taken && !record.text.empty();
-                        }));
+  folder_.reading_ended(file_, unread_ || std::ranges::any_of(records_, [](const Record& record) {
+                                 return !record.taken && !record.text.empty();
+                               }));
 }
 
 bool RecordFile::holds(std::string_view text) const {

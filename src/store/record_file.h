@@ -19,8 +19,10 @@ class RecordFile {
   // A missing file is created empty. What can be read of a damaged record is its text: one that claims more
   // than its record holds, or is cut off by the end of the file, gives what is there.
   FileError load();
-  // Records begun in the file, the last perhaps cut off.
+  // Records begun in the file that was loaded, the last perhaps cut off.
   int count() const { return static_cast<int>(records_.size()); }
+  // Those of them that are whole.
+  int whole_count() const { return whole_count_; }
   bool empty() const { return records_.empty(); }
   // The text of record n, from 1; empty past the end. Looking at it is not taking it.
   const std::string& text(int n) const;
@@ -46,6 +48,8 @@ class RecordFile {
   const std::string file_;
   const int record_length_;
   std::vector<Record> records_;
+  int whole_count_ = 0;
+  bool unread_ = false;  // the last loading failed
 };
 
 }  // namespace evac

@@ -1,8 +1,8 @@
 #include "supervision/auto_control.h"
 
 #include "model/text.h"
+#include "platform/switch_look.h"
 #include "store/alert_store.h"
-#include "supervision/switch_look.h"
 
 namespace evac {
 

@@ -2,7 +2,7 @@
 
 #include "console/channel_colors.h"
 #include "model/text.h"
-#include "supervision/switch_look.h"
+#include "platform/switch_look.h"
 
 namespace evac {
 namespace {

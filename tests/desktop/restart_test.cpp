@@ -20,7 +20,7 @@ TEST(Restart, IsOnlyAnnouncedWhenItIsNotArmed) {
   DesktopProcess process(false, notices, feed, [&](auto) { ++asked; });
   process.restart(7);
   EXPECT_TRUE(notices.text().startsWith("Перезапуск в "));
-  EXPECT_TRUE(notices.text().endsWith("(7) только объявлен"));
+  EXPECT_TRUE(notices.text().endsWith(" только объявлен"));
   EXPECT_EQ(asked, 0);
 }
 

@@ -1,4 +1,4 @@
-// The look of the buttons that switch a part of the supervision on and off.
+// The look of the buttons that switch a part of the console on and off.
 #pragma once
 
 #include "platform/controls.h"

@@ -1,0 +1,498 @@
+// The weekly timer where a table or the bytes of a file say it better than a drill: the nearest event, the
+// fields of a record, what damaged files give, the schedule's dates, weeks of ticks.
+#include <gtest/gtest.h>
+
+#include "store/programme_files.h"
+#include "store/timer_record.h"
+#include "tests/alert_rig.h"
+#include "timer/nearest_event.h"
+#include "timer/week_ahead.h"
+
+namespace evac {
+namespace {
+
+using namespace std::chrono_literals;
+using Texts = std::vector<std::string>;
+
+constexpr int kMonday = 1, kWednesday = 3, kSunday = 7;
+constexpr int kNoon = 12 * 3600;
+
+constexpr int days(std::initializer_list<int> list) {
+  int mask = 0;
+  for (const int day : list) mask |= 1 << (day - 1);
+  return mask;
+}
+
+std::string record(int second, int mask, const std::string& function, const std::string& message = "Вкл/Выкл",
+                   int from = 1, int to = 1) {
+  return timer_record({"1", std::to_string(second / 3600), std::to_string(second / 60 % 60),
+                       std::to_string(second % 60), std::to_string(mask), message, std::to_string(from),
+                       std::to_string(to), function});
+}
+
+TEST(NearestEvent, IsTheFirstBehindTheMoment) {
+  struct Event {
+    int second, days;
+  };
+  struct Row {
+    const char* what;
+    std::vector<Event> events;
+    int weekday, second;
+    std::optional<Nearest> expected;
+  };
+  const int every = 127;
+  const Row table[] = {
+      {"none", {}, kMonday, 0, {}},
+      {"an event without a day", {{kNoon, 0}}, kMonday, 0, {}},
+      {"later today", {{kNoon, every}}, kMonday, kNoon - 1, Nearest{0, 0, kNoon}},
+      {"tomorrow", {{kNoon, every}}, kMonday, kNoon + 1, Nearest{0, 1, kNoon}},
+      {"this very second is passed over", {{kNoon, every}}, kMonday, kNoon, Nearest{0, 1, kNoon}},
+      {"this second, once a week", {{kNoon, days({1})}}, kMonday, kNoon, {}},
+      {"once a week, past: today's own", {{kNoon, days({1})}}, kMonday, kNoon + 1, Nearest{0, 0, kNoon}},
+      {"once a week, the day before", {{kNoon, days({1})}}, kSunday, 0, Nearest{0, 1, kNoon}},
+      {"once a week, the day behind", {{kNoon, days({1})}}, 2, 0, Nearest{0, 6, kNoon}},
+      {"another day wins over the own one's wrap", {{5, days({3})}, {5, days({2})}}, 3, 6, Nearest{1, 6, 5}},
+      {"the sooner of two", {{kNoon, every}, {kNoon - 9, every}}, 4, 0, Nearest{1, 0, kNoon - 9}},
+      {"the first of two alike", {{kNoon, every}, {kNoon, every}}, 4, 0, Nearest{0, 0, kNoon}},
+      {"alike by the wrap", {{9, days({1})}, {9, days({1})}}, 2, 0, Nearest{0, 6, 9}},
+      {"a second on", {{kNoon, every}, {kNoon + 1, every}}, 4, kNoon, Nearest{1, 0, kNoon + 1}},
+      {"over the week's end", {{0, days({1})}, {86399, days({6})}}, kSunday, 86399, Nearest{0, 1, 0}},
+      {"midnight", {{0, every}}, kSunday, 0, Nearest{0, 1, 0}},
+      {"its last second", {{86399, days({7})}}, kSunday, 86398, Nearest{0, 0, 86399}},
+      {"bits above the week's count for nothing", {{kNoon, 0x7F80}}, kMonday, 0, {}},
+  };
+  for (const Row& row : table) {
+    std::vector<ProgrammeEvent> events;
+    for (const Event& event : row.events)
+      events.push_back({"x", event.second, static_cast<std::int16_t>(event.days)});
+    EXPECT_EQ(NearestEvent(events, row.weekday, row.second), row.expected) << row.what;
+  }
+}
+
+// The engine as a loop over its searches: what it carries out in the second of two weeks, by row and day.
+std::vector<int> days_carried_out(std::span<const ProgrammeEvent> events) {
+  std::vector<int> carried(events.size());
+  int weekday = 1, second = 0, week = 0;
+  for (int turns = 0; turns < 300 && week < 3; ++turns) {
+    const auto next = NextEvents(events, weekday, second, 1);
+    if (next.empty()) break;
+    week += (weekday - 1 + next[0].days_ahead) / kDaysOfWeek;
+    weekday = (weekday - 1 + next[0].days_ahead) % kDaysOfWeek + 1;
+    if (week == 2) carried[static_cast<std::size_t>(next[0].index)] |= 1 << (weekday - 1);
+    second = next[0].second + 1;
+    if (second < kSecondsPerDay) continue;
+    second = 0;
+    week += weekday / kDaysOfWeek;
+    weekday = weekday % kDaysOfWeek + 1;
+  }
+  return carried;
+}
+
+TEST(WeekAhead, KnowsWhichRowsNeverCome) {
+  const auto programme = [](std::initializer_list<std::pair<int, int>> rows) {
+    std::vector<ProgrammeEvent> events;
+    for (const auto& [second, days] : rows) events.push_back({"x", second, static_cast<std::int16_t>(days)});
+    return events;
+  };
+  const auto ahead = week_ahead(programme({{kNoon, 3}, {kNoon, 6}, {kNoon + 1, 4}, {kNoon + 2, 4}, {0, 0}}));
+  EXPECT_EQ(ahead.rows, (std::vector<PassedOver>{{0, 0}, {2, 0}, {0, 4}, {0, 0}, {0, 0}}));
+  EXPECT_FALSE(ahead.comes_once);
+  // The week's first second behind its last; and a day's behind the day's before.
+  EXPECT_EQ(week_ahead(programme({{0, 1}, {86399, 64}, {86399, 1}, {0, 2}})).rows,
+            (std::vector<PassedOver>{{0, 1}, {0, 0}, {0, 0}, {0, 2}}));
+  EXPECT_TRUE(week_ahead(programme({{kNoon, 8}, {9, 8}})).comes_once);
+  EXPECT_FALSE(week_ahead({}).comes_once);
+
+  // The next five: over the week's end, or until the timer waits for what is past.
+  EXPECT_EQ(NextEvents(programme({{kNoon, 1}, {86399, 64}}), kSunday, kNoon, 3),
+            (std::vector<Nearest>{{1, 0, 86399}, {0, 1, kNoon}, {1, 7, 86399}}));
+  EXPECT_EQ(NextEvents(programme({{9, 8}, {kNoon, 8}}), kWednesday, 0, 5),
+            (std::vector<Nearest>{{0, 1, 9}, {1, 1, kNoon}}));
+
+  // Any small programme: what is passed over is what the searches never give.
+  std::mt19937 random(6);
+  for (int round = 0; round < 3000; ++round) {
+    std::vector<ProgrammeEvent> events(1 + random() % 6);
+    for (auto& event : events) {
+      event.tm_time = static_cast<int>(random() % 4 + (random() % 2 ? kSecondsPerDay - 4 : 0));
+      event.tm_days = static_cast<std::int16_t>(random() % 128);
+    }
+    const WeekAhead told = week_ahead(events);
+    const auto carried = days_carried_out(events);
+    if (told.comes_once) continue;
+    for (std::size_t i = 0; i < events.size(); ++i)
+      ASSERT_EQ(carried[i], events[i].tm_days & ~(told.rows[i].same_second | told.rows[i].second_behind))
+          << round << " row " << i;
+  }
+}
+
+TEST(TimerRecord, FieldsEndWhereTheirMarksFirstStand) {
+  const std::string whole =
+      timer_record({"1234", "123", "456", "789", "1277", "двадцать знаков и ещё", "2500", "2501", "№1FM12"});
+  EXPECT_EQ(
+      whole,
+      "123|\t12 |\t45  |\t78   |\t127    |\tдвадцать знаков и ещ     |\t250      |\t250       |\t№1FM12");
+  const Texts fields = {"123|", "12", "45", "78", "127", "двадцать знаков и ещ", "250", "250", "№1FM12"};
+  for (int n = 1; n <= kTmFields; ++n) EXPECT_EQ(TmField(whole, n), fields[static_cast<std::size_t>(n - 1)]);
+  EXPECT_EQ(TmField(whole, 0) + TmField(whole, 10) + TmField("", 9), "");
+  // A name that ends in blanks is taken for the marks of the fields behind it, and these are lost.
+  const std::string blanks = record(0, 1, "Сообщение", "имя  ");
+  EXPECT_EQ(TmField(blanks, kTmDays), "1");
+  EXPECT_EQ(TmField(blanks, kTmMessage), "имя");
+  EXPECT_EQ(TmField(blanks, kTmFrom), "");
+  EXPECT_EQ(TmField(blanks, kTmFunction), "1      |\t1       |\tСообщение");
+  // Marks in another order, or none.
+  EXPECT_EQ(TmField("1 |\t2|\t3", kTmHours), "");
+  EXPECT_EQ(TmField("bare", kTmHours), "");
+  EXPECT_EQ(TmField("bare", kTmNumber), "");
+}
+
+// A data folder with the console's own files of the timer in it.
+struct TimerFiles : testing::Test, AlertRig {
+  TimerFiles() { (void)machine.files().make_folder("C:\\ZEF_DAT\\timer"); }
+  void put(const std::string& name, const std::string& bytes) {
+    must(machine.files().replace("C:\\ZEF_DAT\\timer\\" + name, bytes));
+  }
+  std::string bytes(const std::string& name) {
+    return StoredData(machine.files()).bytes_of("timer\\" + name);
+  }
+  void programme(const std::string& name, const Texts& records) {
+    write("timer\\" + name, 128, records);
+    write("timer\\Name_f.dat", 32, {name});
+  }
+  TimerState& timer() { return console->model().timer; }
+  Form1& form() { return console->form1(); }
+};
+
+TEST_F(TimerFiles, LieInRecordsOfTheirOwnLength) {
+  must(write_programme(data.folder, "Школа", {"1|\tа", "2|\tбв"}));
+  std::string expected("\4\0001|\t\xE0", 6);
+  expected.resize(128);
+  expected += std::string("\5\0002|\t\xE1\xE2", 7);
+  expected.resize(256);
+  EXPECT_EQ(bytes("Школа"), expected);
+  must(write_last_programme(data.folder, "Школа"));
+  EXPECT_EQ(bytes("Name_f.dat"), std::string("\5\0\xD8\xEA\xEE\xEB\xE0", 7) + std::string(25, '\0'));
+  must(write_schedule(data.folder, {schedule_text("A", "1", "2")}));
+  expected = std::string(256, '\0') + std::string("\x0A\0A\t\xF1 1 \xEF\xEE 2", 12);
+  expected.resize(512);
+  EXPECT_EQ(bytes("List_prog.dat"), expected);
+
+  Texts records;
+  must(read_programme(data.folder, "Школа", records));
+  EXPECT_EQ(records, (Texts{"1|\tа", "2|\tбв", ""}));
+  EXPECT_EQ(read_last_programme(data.folder), "Школа");
+  EXPECT_EQ(read_schedule(data.folder), Texts{"A\tс 1 по 2"});
+  const ScheduleEntry entry = schedule_entry("A\tс 1 по 2");
+  EXPECT_EQ(entry.sch_name + entry.sch_from + entry.sch_to, "A 1 2");
+  must(write_schedule(data.folder, {}));
+  must(write_programme(data.folder, "Школа", {}));
+  EXPECT_EQ(bytes("List_prog.dat") + bytes("Школа"), "");
+  // A missing name of the last programme is made, a missing programme is not.
+  must(machine.files().remove("C:\\ZEF_DAT\\timer\\Name_f.dat"));
+  EXPECT_EQ(read_last_programme(data.folder), "");
+  EXPECT_TRUE(data.folder.has("timer\\Name_f.dat"));
+  EXPECT_FALSE(has_programme(data.folder, "Другая"));
+  EXPECT_EQ(programme_names(data.folder), Texts{"Школа"});
+}
+
+TEST_F(TimerFiles, HandMadeProgrammesReadAsFarAsTheyGo) {
+  const std::string full = std::string("\3\0abc", 5) + std::string(123, '\xAA');
+  const struct {
+    std::string bytes;
+    Texts records;
+  } table[] = {
+      {"", {""}},
+      {std::string(1, '\3'), {""}},
+      {std::string("\3\0ab", 4), {"ab"}},
+      {full, {"abc", ""}},
+      {full + full.substr(0, 4), {"abc", "ab"}},
+      {std::string(128, '\0') + full, {"", "abc", ""}},
+      {std::string("\xFF\xFF") + std::string(126, 'x') + full, {std::string(126, 'x'), "abc", ""}},
+  };
+  for (const auto& row : table) {
+    put("Школа", row.bytes);
+    Texts records;
+    must(read_programme(data.folder, "Школа", records));
+    EXPECT_EQ(records, row.records) << row.bytes.size();
+  }
+  // Whatever a file holds, the console comes up and searches.
+  std::mt19937 random(11);
+  Texts records(20, record(kNoon, 127, "Сообщение", "bell.wav"));
+  programme("Школа", records);
+  const std::string good = bytes("Школа");
+  for (int i = 0; i < 60; ++i) {
+    put("Школа", damaged(good, 30, random));
+    start();
+    run(2s);
+    ASSERT_EQ(timer().events.size(), bytes("Школа").size() / 128 + 1);
+    for (const auto& event : timer().events)
+      ASSERT_TRUE(event.tm_time >= 0 && event.tm_time < kSecondsPerDay);
+  }
+}
+
+TEST_F(TimerFiles, TheFirstMinuteStandsAtMidnightUntilItIsLoaded) {
+  programme("Школа", {record(30, 127, "Остановка"), record(60, 127, "Остановка"), "",
+                      "1|\t99 |\t-5  |\t7   |\t-1    |\t"});
+  start();
+  std::vector<int> times;
+  for (const auto& event : timer().events) times.push_back(event.tm_time);
+  EXPECT_EQ(times, (std::vector{30, 60, 0, 23 * 3600 + 7, 0}));
+  EXPECT_EQ(timer().events[3].tm_days, 0);
+  Texts rows = {timer().events[0].tm_rec, timer().events[1].tm_rec};
+  console->forms().form3.CmbLstProg.set_text("Школа");
+  for (const auto& row : rows) console->forms().form3.Lst1.add(row);
+  run(2s);
+  timer().tm_scan = false;
+  timer().tm_next_i = 3;
+  console->forms().form3.CmdSave.click();
+  times.clear();
+  for (const auto& event : timer().events) times.push_back(event.tm_time);
+  EXPECT_EQ(times, (std::vector{0, 60}));
+  EXPECT_TRUE(timer().tm_scan);
+  EXPECT_EQ(timer().tm_next_i, 0);
+}
+
+TEST_F(TimerFiles, ANewDayBeginsWithNothing) {
+  programme("Школа", {record(30, 127, "Остановка")});
+  start();
+  must(machine.files().remove("C:\\ZEF_DAT\\timer\\Name_f.dat"));
+  machine.set_wall(machine.wall() + 24h);
+  run(1100ms);
+  EXPECT_TRUE(timer().events.empty());
+  EXPECT_FALSE(timer().tm_none);
+}
+
+TEST_F(TimerFiles, TheScheduleKnowsTodaysProgramme) {
+  const struct {
+    const char* what;
+    Texts entries;
+    std::string today;
+  } table[] = {
+      {"none", {}, ""},
+      {"inside", {"A\tс 01.01.2026 по 31.01.2026"}, "A"},
+      {"its first day", {"A\tс 05.01.2026 по 06.01.2026"}, "A"},
+      {"its last day", {"A\tс 31.12.2025 по 05.01.2026"}, "A"},
+      {"ended", {"A\tс 01.01.2025 по 04.01.2026"}, ""},
+      {"to come", {"A\tс 06.01.2026 по 07.01.2027"}, ""},
+      {"the last that holds",
+       {"A\tс 05.01.2026 по 05.01.2026", "B\tс 01.01.2026 по 09.01.2026", "C\tс 06.01.2026 по 09.01.2026"},
+       "B"},
+      {"an empty record takes over from one that holds", {"A\tс 05.01.2026 по 05.01.2026", ""}, ""},
+      {"an empty record behind one that does not",
+       {"A\tс 05.01.2026 по 05.01.2026", "B\tс 06.01.2026 по 06.01.2026", "", "C\tс 1"},
+       "A"},
+      {"no date",
+       {"A\tс 05.13.2026 по 06.01.2026", "B\tс вчера по 06.01.2026", "C\tс 01.01.2026 по завтра"},
+       ""},
+      {"damage costs no other", {"\t\tс по", "no marks", "B\tс 05.01.2026 по 05.01.2026"}, "B"},
+      {"the mark in the name", {"Час с кл\tс 05.01.2026 по 05.01.2026"}, ""},
+  };
+  for (const auto& row : table) {
+    Texts records = row.entries;
+    records.insert(records.begin(), "A\tс 01.01.2026 по 31.01.2026");  // the first record is none
+    write("timer\\List_prog.dat", 256, records);
+    start();
+    EXPECT_EQ(timer().prog_today, row.today) << row.what;
+  }
+}
+
+TEST_F(TimerFiles, NamesThatNoProgrammeBears) {
+  for (const char* name :
+       {"Школа", "Школа 2", ".x", "a.b", "Name_f", "Ровно тридцать знаков, не боле", "ё№«»"})
+    EXPECT_TRUE(is_programme_name(name)) << name;
+  for (const char* name :
+       {"", " ", "a ", "a.", "a\\b", "a/b", "a:b", "a*", "a?", "a\"", "<", ">", "|", "a\tb", "日本",
+        "Name_f.dat", "List_prog.dat", "NAME_F.DAT", "Ровно тридцать один знак, увы, !"})
+    EXPECT_FALSE(is_programme_name(name)) << name;
+}
+
+class TimerTicks : public TimerFiles {
+ protected:
+  // Monday 7:59:50, terminals 1 to 255 all on channel 3.
+  void begin(const Texts& records) {
+    sound("bell.wav", 5);
+    programme("Школа", records);
+    machine.set_wall(std::chrono::local_days(std::chrono::January / 5 / 2026) + 8h - 10s);
+    start();
+    console->model().terminals.TermChan.fill(3);
+  }
+  // The next seven days, by the seconds around midnight, eight o'clock and noon.
+  void live_through_week() {
+    const Instant began = machine.now();
+    const auto first = std::chrono::floor<std::chrono::days>(machine.wall() - 1h);
+    for (int day = 1; day <= 7; ++day)
+      for (const auto hour : {0h, 8h, 12h}) {
+        machine.set_wall(first + std::chrono::days(day) + hour - 5s);
+        run(12s);
+      }
+    ASSERT_LT(machine.now() - began, 24h);
+  }
+  // The frames since the last call, without their sync and checksum.
+  Texts frames() {
+    Texts texts;
+    for (const auto& line : log)
+      if (const auto at = line.find("tx AA AA "); at != std::string::npos)
+        texts.push_back(line.substr(at + 9, 17));
+    log.clear();
+    return texts;
+  }
+};
+constexpr int kEight = 8 * 3600;
+
+TEST_F(TimerTicks, FunctionsThatNoEditorWrites) {
+  const Texts routed = {"04 02 14 FC 01 00", "04 02 14 FC 01 00"};
+  const struct {
+    const char* function;
+    Texts sent;
+  } table[] = {
+      {"", {}},
+      {"Сообщение-2", routed},
+      {"Воспроизведение2", {}},
+      {"Остановка!", {}},
+      {"№9CD-play", {"06 11 00 04 01 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
+      {"№XMP3-stop", {"06 13 00 05 01 00"}},
+      {"№0FM7", {"06 12 00 01 07 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
+      {"№1AM", {"06 12 00 02 00 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
+      {"CD-play", {}},
+      {"№1CD-pause", {}},
+      {"№пресета", {}},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.function);
+    begin({record(kEight, 127, row.function, "bell.wav")});
+    run(11s);
+    EXPECT_EQ(frames(), row.sent);
+    run(1s);
+    EXPECT_EQ(form().LblTm.caption(), "8:00:00   ВТОРНИК");
+  }
+}
+
+TEST_F(TimerTicks, TerminalsOutsideTheirRangeArePassedOver) {
+  begin({record(kEight, 127, "Сообщение", "bell.wav", -5, 999),
+         record(kEight + 5, 127, "Сообщение", "bell.wav", 9, 8)});
+  run(11s);
+  EXPECT_EQ(frames().size(), 2U * kTerminals);
+  run(6s);
+  EXPECT_EQ(frames().size(), 0U);
+}
+
+// How the player makes way: its level before, at each of the last seconds, and back at the operator's.
+TEST_F(TimerTicks, TheFadesStepByTheLevel) {
+  const struct {
+    float level;
+    std::array<float, 3> down, up;
+  } table[] = {
+      {10, {8, 6, 4}, {2, 4, 6}},        {6, {4, 3, 2}, {2, 3, 4}},
+      {5, {3, 2, 1}, {2, 3, 4}},         {4.5, {3.5, 2.5, 1.5}, {1, 2, 3}},
+      {2, {1, 0.5, 0.5}, {1, 1.5, 1.5}}, {1, {0.5, 0.5, 0.5}, {0.5, 0.5, 0.5}},
+      {0.5, {0.5, 0.5, 0.5}, {0, 0, 0}},
+  };
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.level);
+    begin({record(kEight, 127, "Сообщение", "bell.wav")});
+    PlayerState& player = console->model().player;
+    player.mp_pow = player.mp_play = true;
+    player.mp_lvl = player.mp_lvl0 = row.level;
+    player.mp_pct = static_cast<int>(row.level * 10);
+    run(6500ms);
+    EXPECT_EQ(player.mp_lvl, row.level);
+    for (const float level : row.down) {
+      run(1s);
+      EXPECT_EQ(player.mp_lvl, level);
+      EXPECT_EQ(player.mp_pct, level * 10);
+    }
+    run(1s);
+    EXPECT_EQ(player.mp_lvl, 0);
+    EXPECT_EQ(form().LblMPU.caption(), "0 %");
+    run(2s);
+    EXPECT_EQ(player.mp_lvl, 0);
+    for (const float level : row.up) {
+      run(1s);
+      EXPECT_EQ(player.mp_lvl, level);
+    }
+    run(1s);
+    EXPECT_EQ(player.mp_lvl, row.level);
+    EXPECT_FALSE(form().Timer11.enabled());
+  }
+}
+
+TEST_F(TimerTicks, AMessageOverAMessageIsFollowedToTheLaterEnd) {
+  begin({record(kEight, 127, "Сообщение", "bell.wav"), record(kEight + 3, 127, "Сообщение", "bell.wav")});
+  // The player is off: it does not rise before the end.
+  console->model().player.mp_lvl = 0;
+  console->model().player.mp_lvl0 = 7;
+  run(16500ms);
+  EXPECT_EQ(logged("volume"), 0);
+  run(3s);
+  EXPECT_EQ(logged("MP volume -81"), 1);
+  EXPECT_FALSE(form().Timer11.enabled());
+}
+
+TEST_F(TimerTicks, AnEndThatTheClockJumpsOverComesTheNextDay) {
+  begin({record(kEight, 1, "Сообщение", "bell.wav")});
+  run(12s);
+  machine.set_wall(machine.wall() + 60s);
+  run(23h + 58min);
+  EXPECT_TRUE(form().Timer11.enabled());
+  run(2min);
+  EXPECT_FALSE(form().Timer11.enabled());
+  EXPECT_EQ(logged("volume"), 1);
+}
+
+TEST_F(TimerTicks, AnEventOfOneWeekdayFiresOnceAndWaitsForASearch) {
+  begin({record(kEight, days({1}), "Сообщение", "bell.wav")});
+  run(12900ms);
+  EXPECT_EQ(frames().size(), 2U);
+  EXPECT_EQ(form().LblTm.caption(), "8:00:00   ПОНЕДЕЛЬНИК");
+  const auto past = WatchLine{WatchRank::kWarning, "Недельный таймер: событие 8:00:00 прошло"};
+  const auto told = [&] { return std::ranges::count(console->watch().lines(), past); };
+  EXPECT_EQ(told(), 0);
+  run(500ms);
+  EXPECT_EQ(told(), 1);
+  // With a search to come it is not told: here the search finds nothing else.
+  form().CmdTV.click();
+  form().CmdTV.click();
+  run(200ms);
+  EXPECT_EQ(told(), 0);
+  run(1s);
+  EXPECT_EQ(told(), 1);
+  for (int week = 0; week < 2; ++week) {
+    live_through_week();
+    EXPECT_EQ(frames().size(), 0U);
+    EXPECT_EQ(told(), 0);
+  }
+  // Switched off and on on another day, it is found for the next week.
+  machine.set_wall(machine.wall() + 24h);
+  form().CmdTV.click();
+  form().CmdTV.click();
+  live_through_week();
+  EXPECT_EQ(frames().size(), 2U);
+}
+
+TEST_F(TimerTicks, AProgrammeThatIsChosenKeepsTheMomentAndBeginsWithItsFirstRecord) {
+  begin({record(kNoon, 127, "Остановка"), record(kEight, 127, "Сообщение", "bell.wav")});
+  sound("other.wav", 5);
+  write("timer\\Другая", 128,
+        {record(kNoon, 127, "Сообщение", "other.wav"), record(kNoon, 127, "Остановка")});
+  run(5s);
+  EXPECT_EQ(timer().tm_next_i, 1);
+  ComboBox& names = console->forms().form3.CmbLstProg;
+  names.add("Другая");
+  names.pick(0);
+  run(6s);
+  EXPECT_EQ(logged("other.wav\""), 1);
+  EXPECT_EQ(logged("bell.wav\""), 0);
+}
+
+// With a second weekday in the programme it goes on by itself for good.
+TEST_F(TimerTicks, TwoWeekdaysKeepTheWeekGoing) {
+  begin({record(kEight, days({1, 4}), "Сообщение", "bell.wav"), record(kNoon, days({4}), "Остановка")});
+  for (int week = 0; week < 10; ++week) {
+    live_through_week();
+    EXPECT_EQ(frames().size(), 4U);
+  }
+}
+
+}  // namespace
+}  // namespace evac
