@@ -84,13 +84,13 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   // It is there from the second start on; what it is needed for says so if it can't be made.
   (void)files_.make_folder(kProgramFolder);
   for (const std::string_view folder : kWrittenFolders) disk_.remove_left_over(folder);
-  host_.steady_wall().changed = [this] { loop_.keep_phase(); };
-  host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
-    notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
-  };
   host_.before_wait = [this] {
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
     screen_.flush();
+  };
+  host_.steady_wall().changed = [this] { loop_.keep_phase(); };
+  host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
+    notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
   };
   boxes_.before_box = [this] {
     windows_.hold_busy();
