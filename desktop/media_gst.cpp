@@ -6,6 +6,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "desktop/host_log.h"
 #include "desktop/mp3_length.h"
 #include "desktop/wave_length.h"
 #include "model/text.h"
@@ -45,7 +46,8 @@ GstElement* make_sink(const SoundSetup& setup, std::string& why) {
   GstElement* sink = gst_parse_bin_from_description_full(description.c_str(), TRUE, nullptr,
                                                          GST_PARSE_FLAG_FATAL_ERRORS, &error);
   if (error) {
-    why = error->message;
+    host_log(QString::fromUtf8(error->message));
+    why = "описание sink в host.ini не понято";
     g_clear_error(&error);
   }
   return sink;
@@ -129,7 +131,12 @@ std::string trouble_in(GstMessage* message) {
     gst_message_parse_warning(message, &error, nullptr);
   if (!error) return {};
   const bool counts = GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR || error->domain == GST_RESOURCE_ERROR;
-  const std::string text = counts ? std::string("Сбой звука: ") + error->message : "";
+  std::string text;
+  if (counts) {
+    host_log(QString::fromUtf8(error->message));
+    text = error->domain == GST_RESOURCE_ERROR ? "Сбой звука: устройство или файл не открывается"
+                                               : "Сбой звука: файл не воспроизводится";
+  }
   g_error_free(error);
   return text;
 }
