@@ -12,6 +12,7 @@
 #include "desktop/layouts/layouts.h"
 #include "desktop/login_manager.h"
 #include "desktop/stand.h"
+#include "desktop/timer_ahead.h"
 #include "desktop/training_music.h"
 #include "desktop/view/pictures.h"
 #include "model/text.h"
@@ -81,6 +82,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
                 .track = {.on = [this] { return console_->model().player.mp_pow; },
                           .length = [this] { return mp_.duration(); },
                           .position = [this] { return mp_.position(); }},
+                .timer_ahead = [this] { return timer_ahead(console_->model().timer, loop_.wall()); },
                 .stand_button = [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
   if (training_)
