@@ -20,7 +20,7 @@ std::int16_t ComediCards::register_card(int, int number) {
   card.device = comedi_open(named->second.c_str());
   if (!card.device) {
     missing_[number] =
-        join("Плата ", number, " (", named->second, ") не открывается: ", comedi_strerror(comedi_errno()));
+        join("Плата ", number, " (", named->second, ") не открывается, ошибка ", comedi_errno());
     return -1;
   }
   if (!find_ports(card)) {
@@ -62,8 +62,7 @@ bool ComediCards::read_port(std::int16_t handle, int port, std::int32_t& word) {
     inputs.last = static_cast<std::int32_t>(bits);
     inputs.trouble.clear();
   } else if (inputs.trouble.empty()) {
-    inputs.trouble =
-        join("Плата ", int{handle}, ", порт ", port, " не читается: ", comedi_strerror(comedi_errno()));
+    inputs.trouble = join("Плата ", int{handle}, ", порт ", port, " не читается, ошибка ", comedi_errno());
   }
   word = inputs.last;
   return read;

@@ -23,6 +23,10 @@ namespace {
 constexpr const char* kTrainingTitle = " — учебный режим";
 
 constexpr std::chrono::seconds kDeviceWatch{1};
+// Messages are looked at ahead, tracks when they are chosen.
+constexpr std::chrono::milliseconds kMessagePatience{90}, kTrackPatience{2000};
+constexpr std::string_view kMessageFolder = "C:\\ZEF_DAT\\message";
+constexpr int kLooksPerProbe = 5;
 constexpr int kAlarmTab = 0;
 constexpr std::string_view kWrittenFolders[] = {kProgramFolder, "C:\\ZEF_DAT"};
 constexpr std::string_view kSettingsFile = "C:\\ZEF_DAT\\F_ust.dat";
@@ -59,10 +63,11 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       files_(disk_, [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
-      mp_([this](std::string_view path) { return disk_.locate(path); }, sound_),
-      mp1_([this](std::string_view path) { return disk_.locate(path); }, sound_),
-      mp2_([this](std::string_view path) { return disk_.locate(path); }, sound_),
-      mp3_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      probe_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      mp_(probe_, sound_, kTrackPatience),
+      mp1_(probe_, sound_, kMessagePatience),
+      mp2_(probe_, sound_, kMessagePatience),
+      mp3_(probe_, sound_, kTrackPatience),
       comedi_(setup.cards),
       tone_(sound_),
       process_(setup.restart_armed, notices_, feed_,
@@ -86,13 +91,13 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   // It is there from the second start on; what it is needed for says so if it can't be made.
   (void)files_.make_folder(kProgramFolder);
   for (const std::string_view folder : kWrittenFolders) disk_.remove_left_over(folder);
-  host_.steady_wall().changed = [this] { loop_.keep_phase(); };
-  host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
-    notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
-  };
   host_.before_wait = [this] {
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
     screen_.flush();
+  };
+  host_.steady_wall().changed = [this] { loop_.keep_phase(); };
+  host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
+    notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
   };
   boxes_.before_box = [this] {
     windows_.hold_busy();
@@ -221,6 +226,7 @@ void Desktop::show_signs() {
 }
 
 void Desktop::look_after_devices() {
+  if (looks_++ % kLooksPerProbe == 0) probe_.look_ahead(std::string(kMessageFolder));
   QStringList sound = missing_sound_;
   const std::array media = {&mp_, &mp1_, &mp2_, &mp3_};
   for (GstMedia* each : media) {

@@ -13,10 +13,10 @@ namespace evac::desktop {
 class Notices : public QObject {
   Q_OBJECT
  public:
-  // In the order of their places. The frames that wait and the work that took long are information; the
+  // In the order of their places. The work that took long and the frames that wait are information; the
   // others are faults.
-  enum Subject { kLine, kDisk, kData, kSound, kCards, kRestart, kBacklog, kWork, kSubjects };
-  static constexpr bool is_fault(Subject subject) { return subject < kBacklog; }
+  enum Subject { kLine, kDisk, kData, kSound, kCards, kRestart, kWork, kBacklog, kSubjects };
+  static constexpr bool is_fault(Subject subject) { return subject < kWork; }
 
   void tell(Subject subject, const QString& message) {
     if (messages_[subject] == message) return;

@@ -31,7 +31,7 @@ QString plain_reason(const QSerialPort& port) {
     case QSerialPort::UnsupportedOperationError:
       return QStringLiteral("это не последовательный порт");
     default:
-      return port.errorString();
+      return QStringLiteral("устройство не отвечает");
   }
 }
 

@@ -4,8 +4,7 @@ packages=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-serialport-dev libgl1-mesa-dev libx11-dev dbus-daemon
   libgstreamer1.0-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad gstreamer1.0-alsa timgm6mb-soundfont
-  libmpg123-dev
-  libcomedi-dev libsystemd-dev libsqlite3-dev libgtest-dev libbenchmark-dev
+  libmpg123-dev libcomedi-dev libsystemd-dev libsqlite3-dev libgtest-dev libbenchmark-dev
   fonts-dejavu-core
 )
 

@@ -165,23 +165,34 @@ void FolderUpView::refresh() {
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::TextAlignmentRole) return Qt::AlignCenter;
-  if (role != Qt::DisplayRole || index.row() >= grid_.row_count()) return {};
-  return qt(grid_.cell(index.row(), index.column()));
+  if (role != Qt::DisplayRole) return {};
+  return qt(shown_.at(static_cast<std::size_t>(index.row())).at(static_cast<std::size_t>(index.column())));
 }
 
 void GridModel::reload() {
-  const int rows = grid_.row_count();
-  if (rows > rows_) {
-    beginInsertRows({}, rows_, rows - 1);
-    rows_ = rows;
-    endInsertRows();
-  } else if (rows < rows_) {
-    beginRemoveRows({}, rows, rows_ - 1);
-    rows_ = rows;
+  const int rows = grid_.row_count(), had = static_cast<int>(shown_.size());
+  const auto row_of = [this](int row) {
+    std::vector<std::string> cells;
+    for (int column = 0; column < grid_.column_count(); ++column) cells.push_back(grid_.cell(row, column));
+    return cells;
+  };
+  if (rows < had) {
+    beginRemoveRows({}, rows, had - 1);
+    shown_.resize(static_cast<std::size_t>(rows));
     endRemoveRows();
   }
-  if (rows_ > 0) {
-    emit dataChanged(index(0, 0), index(rows_ - 1, grid_.column_count() - 1));
+  // A pass of the terminals changes row after row: only those are painted again.
+  for (int row = 0; row < std::min(rows, had); ++row) {
+    auto cells = row_of(row);
+    auto& shown = shown_[static_cast<std::size_t>(row)];
+    if (cells == shown) continue;
+    shown = std::move(cells);
+    emit dataChanged(index(row, 0), index(row, grid_.column_count() - 1));
+  }
+  if (rows > had) {
+    beginInsertRows({}, had, rows - 1);
+    for (int row = had; row < rows; ++row) shown_.push_back(row_of(row));
+    endInsertRows();
   }
 }
 

@@ -49,6 +49,9 @@ class FolderUpView : public QPushButton, public Face {
   void refresh() override;
   QWidget& widget() override { return *this; }
 
+ protected:
+  void resizeEvent(QResizeEvent*) override { refresh(); }  // cuts the path to its place
+
  private:
   FolderLister& folders_;
   Screen& screen_;
@@ -57,7 +60,9 @@ class FolderUpView : public QPushButton, public Face {
 class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(const Grid& grid) : grid_(grid) {}
-  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : rows_; }
+  int rowCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+  }
   int columnCount(const QModelIndex& parent) const override {
     return parent.isValid() ? 0 : grid_.column_count();
   }
@@ -66,7 +71,7 @@ class GridModel : public QAbstractTableModel {
 
  private:
   const Grid& grid_;
-  int rows_ = 0;
+  std::vector<std::vector<std::string>> shown_;
 };
 
 class GridView : public BoundWidget<QTableView, Grid> {

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -20,6 +21,8 @@ namespace {
 constexpr int kEdge = 10;
 constexpr int kCalmLines = 2;        // that a bar which does not burn has room for
 constexpr double kPerWindow = 0.04;  // capitals of a burning bar, by the height of the window
+constexpr int kMostRest = 9;         // lines behind the first that are still counted on
+constexpr int kLeastPixels = 16;     // of its letters in a window that is narrow
 constexpr double kBarPerCapital = 1.7;
 
 struct RankLook {
@@ -40,6 +43,25 @@ QFont font_of_capitals(QFont font, int capitals) {
   font.setPixelSize(100);
   font.setPixelSize(std::max(1, capitals * 100 / std::max(1, QFontMetrics(font).capHeight())));
   while (QFontMetrics(font).capHeight() < capitals) font.setPixelSize(font.pixelSize() + 1);
+  return font;
+}
+
+// The numbers of zones say more than the names of some of them, where there is no room for both.
+QString without_names(QString line) {
+  static const QRegularExpression name(QStringLiteral(" «[^»]*»"));
+  return line.remove(name);
+}
+
+QString fitted(const QString& line, const QFontMetrics& metrics, int width) {
+  if (metrics.horizontalAdvance(line) <= width) return line;
+  return metrics.elidedText(without_names(line), Qt::ElideRight, width);
+}
+
+// Smaller where the window is narrow all the same, so that the first zone at least is to be read.
+QFont narrowed(QFont font, const QString& line, int width) {
+  const QString first = without_names(line).section(',', 0, 0) + QStringLiteral("…");
+  while (font.pixelSize() > kLeastPixels && QFontMetrics(font).horizontalAdvance(first) > width)
+    font.setPixelSize(font.pixelSize() - 1);
   return font;
 }
 
@@ -64,7 +86,18 @@ int WatchBar::capital_height() const {
 
 QSize WatchBar::sizeHint() const {
   const int height = static_cast<int>(capital_height() * kBarPerCapital);
-  return {4 * height, std::max(kLeastHeight, height)};
+  return {least_width(), std::max(kLeastHeight, height)};
+}
+
+int WatchBar::least_width() const {
+  const QFontMetrics letters(font_of_capitals(font(), kLeastCapitals));
+  return letters.horizontalAdvance(QStringLiteral("ПОЖАР: зона 128…")) + rest_width(kMostRest) + 4 * kEdge;
+}
+
+int WatchBar::rest_width(int rest) const {
+  QFont chip = font();
+  chip.setBold(true);
+  return QFontMetrics(chip).horizontalAdvance(count_text(rest)) + 2 * kEdge;
 }
 
 QFont WatchBar::text_font() const {
@@ -115,9 +148,7 @@ void WatchBar::show_change() {
 
 QRect WatchBar::rest_area(int rest) const {
   if (rest == 0) return {};
-  QFont chip = font();
-  chip.setBold(true);
-  const int width = QFontMetrics(chip).horizontalAdvance(count_text(rest)) + 2 * kEdge;
+  const int width = rest_width(rest);
   return {this->width() - width - kEdge, (height() - 34) / 2, width, 34};
 }
 
@@ -148,12 +179,12 @@ void WatchBar::paintEvent(QPaintEvent*) {
     area.setRight(chip.left() - kEdge);
   }
   p.setPen(look.text);
-  p.setFont(text_font());
+  const QFont own = text_font();
+  p.setFont(feed_.burning() ? narrowed(own, shown.lines.front(), area.width()) : own);
   const int line = area.height() / static_cast<int>(shown.lines.size());
   for (qsizetype i = 0; i < shown.lines.size(); ++i)
     p.drawText(QRect(area.left(), area.top() + static_cast<int>(i) * line, area.width(), line),
-               Qt::AlignVCenter | Qt::AlignLeft,
-               p.fontMetrics().elidedText(shown.lines[i], Qt::ElideRight, area.width()));
+               Qt::AlignVCenter | Qt::AlignLeft, fitted(shown.lines[i], p.fontMetrics(), area.width()));
 }
 
 void WatchBar::mousePressEvent(QMouseEvent* event) {

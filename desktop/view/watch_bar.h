@@ -38,6 +38,9 @@ class WatchBar : public QWidget {
   };
   Shown shown() const;
   QRect rest_area(int rest) const;
+  // What the zone of a fire needs to be read in letters of full size.
+  int least_width() const;
+  int rest_width(int rest) const;
   QFont text_font() const;
   void show_change();
   void press();

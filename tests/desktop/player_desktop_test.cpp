@@ -75,6 +75,13 @@ TEST_F(PlayerDesktop, ThePositionIsDraggedAndSteppedWhateverTheStateOfThePlayer)
   press(form1().CmdPlayMP);
   EXPECT_TRUE(until([&] { return form1().LblTMP.caption() != ""; }));
   EXPECT_LE(seconds_left(), length / 2);
+
+  // After a stop the button goes where the hand puts it, and nothing starts.
+  press(form1().CmdStopMP);
+  QTest::mouseClick(track, Qt::LeftButton, {}, on_track(0.5));
+  settle();
+  EXPECT_NEAR(form1().Ipos.left(), kPositionEnd / 2, kPositionEnd / 20);
+  EXPECT_FALSE(form1().Tmr1.enabled() || form1().Tmr2.enabled());
 }
 
 TEST_F(PlayerDesktop, ADragToTheEndGoesOneTrackOnAndNoFurther) {

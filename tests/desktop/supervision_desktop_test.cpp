@@ -55,8 +55,9 @@ TEST_F(SupervisionDesktop, APassTellsHowFarItIsAndLeavesTheWindowUsable) {
   // In the middle of it the heads sort, and a second press ends it at once.
   auto* grid = widget<QTableView>(form1().MSF2);
   EXPECT_TRUE(until([&] { return form1().MSF2.row_count() >= 5; }));
+  EXPECT_TRUE(until([&] { return grid->model()->index(1, 1).data() == "3"; }));
   press(form1().Cd1[2]);
-  EXPECT_TRUE(until([&] { return grid->model()->index(grid->model()->rowCount() - 1, 1).data() == "3"; }));
+  EXPECT_TRUE(until([&] { return grid->model()->index(1, 1).data() == "1"; })) << "the highest goes down";
   press(form1().CmdSkan);
   settle();
   EXPECT_EQ(form1().CmdSkan.caption(), "ВЫКЛ");
