@@ -108,11 +108,12 @@ Node control_tab(Form1& form) {
       {scan_panel(form).grow(1),
        column(
            {frame(monitor.Frame8, row({terminals_control(form).grow(1), weekly_timer(form).grow(1)})),
-            row({frame(monitor.Frame10, use(monitor.List5).called("Контроль состояния терминалов")).grow(1),
-                 frame(monitor.Frame11, use(monitor.List4).called("Статистика состояния терминалов"))
+            row({frame(monitor.Frame10, use(monitor.List5).called("Контроль состояния терминалов").high(3))
+                     .grow(1),
+                 frame(monitor.Frame11, use(monitor.List4).called("Статистика состояния терминалов").high(3))
                      .grow(1)})
-                .grow(1),
-            words("Дальше по недельному таймеру").shown(Look::kHead), timer_ahead_list()})
+                .grow(3),
+            words("Дальше по недельному таймеру").shown(Look::kHead), timer_ahead_list().grow(2)})
            .grow(1)});
 }
 

@@ -64,7 +64,7 @@ class KeyboardNote : public QLabel {
 class TimerAheadView : public QListWidget {
  public:
   TimerAheadView(std::function<QStringList()> read, QWidget* parent);
-  QSize sizeHint() const override { return {minimumWidth(), fontMetrics().height() * 6}; }
+  QSize sizeHint() const override { return minimumSize(); }
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -114,9 +114,16 @@ void ListView::currentChanged(const QModelIndex& current, const QModelIndex& pre
 }
 
 void ListView::show_state() {
+  bool follows = false;
   if (shown_rows_ != control_.rows()) {
-    const int at = verticalScrollBar()->value();
-    shown_rows_ = control_.rows();
+    const auto* bar = verticalScrollBar();
+    const int at = bar->value();
+    // A row that comes behind the others is followed by who looks at the last ones.
+    const auto& rows = control_.rows();
+    const bool grows = !shown_rows_.empty() && rows.size() > shown_rows_.size() &&
+                       std::equal(shown_rows_.begin(), shown_rows_.end(), rows.begin());
+    follows = grows && at >= bar->maximum();
+    shown_rows_ = rows;
     model_.reload();
     verticalScrollBar()->setValue(at);
   }
@@ -127,6 +134,7 @@ void ListView::show_state() {
     else
       selectionModel()->clear();
   }
+  if (follows) scrollToBottom();
 }
 
 FolderUpView::FolderUpView(FolderLister& folders, Screen& screen, QWidget* parent)
