@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <random>
 
 #include "app/console.h"
 #include "drill/virtual_machine.h"
@@ -199,30 +198,6 @@ TEST_F(ConsoleRooms, TheHundredthTrackOrPresetIsCountedButNeitherSentNorShown) {
   }
 }
 
-TEST_F(ConsoleRooms, EachOutletIsAskedAboutByItsNumberAndOnlyTheFirstSequencerHasATitleOfItsOwn) {
-  Form1& form1 = start();
-  std::vector<std::string> asked;
-  machine.trace = [&](const std::string& line) {
-    if (line.starts_with("box ")) asked.push_back(line);
-  };
-  const auto box = [](const std::string& text, const std::string& title) {
-    return "box \"" + text + "\" \"" + title + "\" yesno -> no";
-  };
-  for (int n = 1; n <= kSequencers; ++n) {
-    const int i = n - 1;
-    form1.CmdTW(n)[i].click();
-    form1.CmdTW(n)[i].click();
-    EXPECT_EQ(asked.back(), box("Действительно выключить канал " + std::to_string(i + 1),
-                                n == 1 ? "Power off" : "Power OFF"));
-  }
-  console->model().power.alarm9_on = true;
-  form1.CmdTW9.click();
-  EXPECT_EQ(asked.back(), box("Действительно выключить аварийные каналы 9 и 10", "Power OFF"));
-  form1.CmdTW10.click();
-  EXPECT_EQ(asked.back(), box("Включить аварийный канал 10", "Power ON"));
-  EXPECT_EQ(machine.sent().size(), 8u);
-}
-
 TEST_F(ConsoleRooms, AMaskTooWideBringsUpNoOutletThatIsNotThere) {
   Form1& form1 = start();
   console->model().power.SeqSavedMask[1] = -128;
@@ -231,37 +206,6 @@ TEST_F(ConsoleRooms, AMaskTooWideBringsUpNoOutletThatIsNotThere) {
   ASSERT_EQ(machine.sent().size(), 2u);
   EXPECT_EQ(machine.sent()[1], (Frame9{0xAA, 0xAA, 7, 7, 1, 0xEE, 0, 0, 0xFD}));
   EXPECT_FALSE(form1.Timer13.enabled());
-}
-
-TEST_F(ConsoleRooms, FilesDamagedAtRandomLoadAndCanBeWorkedWith) {
-  write_zones(4);
-  write_computer(25);
-  std::vector<CellRecord> terminals(kTerminals, {"9", 2});
-  ASSERT_EQ(write_cells(data.folder, preset_file(1), terminals), kNoError);
-  ASSERT_EQ(write_names(data.folder, kTerminalNamesFile, {"1\tA", "2\tB"}), kNoError);
-  const std::string_view names[] = {kZoneFile, "F_ustT1.dat", kEquipmentFile, kTerminalNamesFile};
-  std::map<std::string_view, std::string> whole;
-  for (const auto name : names) whole[name] = data.bytes_of(name);
-  for (unsigned seed = 1; seed <= 40; ++seed) {
-    SCOPED_TRACE(seed);
-    std::mt19937 random(seed);
-    for (const auto name : names) {
-      ASSERT_EQ(data.folder.replace(name, damaged(whole[name], 60, random)), kNoError);
-    }
-    Form1& form1 = start();
-    console->model().settings.SettingsLine[kBlockSource] = "1";
-    const auto press_all = [&] {
-      for (Button* button : {&form1.CmdAllZ, &form1.CmdGr2, &form1.CmdGrK, &form1.CmdAG, &form1.CmdTG})
-        button->click();
-      form1.Option1.press();
-      form1.CmdU.click();
-      for (const auto name : {"Form22", "Form33", "Form55"}) window(name).find("Command1")->click();
-      window("Form4").find("CmdSave")->click();
-    };
-    ASSERT_NO_THROW(press_all());
-    console.reset();
-    machine.clear_process();
-  }
 }
 
 TEST_F(ConsoleRooms, NamesPastTheLastButtonKeepTheirRecords) {

@@ -94,18 +94,6 @@ TEST_F(Player, ADeletedTrackThatStillSoundsFallsSilentWithThePower) {
   EXPECT_FALSE(form1().Tmr1.enabled() || form1().Tmr2.enabled() || player().mp_play);
 }
 
-TEST_F(Player, ADriveThatIsListedButNotReadyIsLeftForC) {
-  form1().CmdPMP.click();
-  form1().CmdAddPl.click();
-  machine.files().unmount('D');
-  logged();
-  user::pick(form1().Drive1, 1);
-  EXPECT_EQ(logged(), Lines{R"(box "Drive D: not access!" "!!!" ok -> ok)"});
-  EXPECT_EQ(form1().Drive1.drive(), "C:");
-  EXPECT_EQ(form1().Dir2.path(), "C:\\");
-  EXPECT_FALSE(player().mp_drv_bad);
-}
-
 // The timer loads a track that no row was picked for, and does not read its tag.
 TEST_F(Player, EachWayToATrackHasItsOwnWordsAndLoadTrackTheAlarmPanelToo) {
   const Machine m = machine.machine();
@@ -148,28 +136,6 @@ TEST_F(Player, EachWayToATrackHasItsOwnWordsAndLoadTrackTheAlarmPanelToo) {
   form.Drive1.choose('D');
   tags.ReadTag();
   EXPECT_EQ(logged(), (Lines{R"(box "Drive D: not access" "!!!" ok -> ok)", kHold}));
-}
-
-TEST(PlayerInAlert, TheWatchSaysThatThePlayerWasSwitchedOffUntilItIsOnAgain) {
-  AlertRig rig;
-  rig.sound("fire.wav", 10);
-  rig.settle(controller_settings());
-  rig.settle_steps({step_record(33, 1, 1, 33)});
-  ASSERT_EQ(rig.machine.files().make_folder("C:\\ZEF\\PlayList"), kNoError);
-  rig.start();
-  const auto told = [&] {
-    const auto& lines = rig.console->watch().lines();
-    return std::ranges::any_of(lines, [](const WatchLine& line) { return InStr(line.text, "плеер") > 0; });
-  };
-  Button& power = rig.console->form1().CmdPMP;
-  power.click();
-  rig.machine.set_contact(33, true);
-  rig.run(200ms);
-  EXPECT_EQ(power.caption(), "Off");
-  EXPECT_TRUE(told());
-  power.click();
-  rig.run(200ms);
-  EXPECT_FALSE(told());
 }
 
 TEST(PlayListFile, LinesEndInAnyWayAndRemarksCostTheLastOnes) {

@@ -66,12 +66,6 @@ TEST_F(Supervision, WithALimitOfNothingEveryNumberIsLostOnEachReport) {
   EXPECT_EQ(rig.logged("beep 1500 100"), 3 * kTerminals);
 }
 
-TEST_F(Supervision, AnEmptyLimitIsOne) {
-  start("");
-  form().CmdArm.click();
-  EXPECT_EQ(form().List4.count(), 0);
-}
-
 TEST_F(Supervision, YearsOfLostPassesOverflowNothing) {
   start("1");
   form().CmdAT[5].set_caption("5");

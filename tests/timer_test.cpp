@@ -216,19 +216,6 @@ TEST_F(TimerFiles, HandMadeProgrammesReadAsFarAsTheyGo) {
     must(read_programme(data.folder, "Школа", records));
     EXPECT_EQ(records, row.records) << row.bytes.size();
   }
-  // Whatever a file holds, the console comes up and searches.
-  std::mt19937 random(11);
-  Texts records(20, record(kNoon, 127, "Сообщение", "bell.wav"));
-  programme("Школа", records);
-  const std::string good = bytes("Школа");
-  for (int i = 0; i < 60; ++i) {
-    put("Школа", damaged(good, 30, random));
-    start();
-    run(2s);
-    ASSERT_EQ(timer().events.size(), bytes("Школа").size() / 128 + 1);
-    for (const auto& event : timer().events)
-      ASSERT_TRUE(event.tm_time >= 0 && event.tm_time < kSecondsPerDay);
-  }
 }
 
 TEST_F(TimerFiles, TheFirstMinuteStandsAtMidnightUntilItIsLoaded) {
@@ -483,15 +470,6 @@ TEST_F(TimerTicks, AProgrammeThatIsChosenKeepsTheMomentAndBeginsWithItsFirstReco
   run(6s);
   EXPECT_EQ(logged("other.wav\""), 1);
   EXPECT_EQ(logged("bell.wav\""), 0);
-}
-
-// With a second weekday in the programme it goes on by itself for good.
-TEST_F(TimerTicks, TwoWeekdaysKeepTheWeekGoing) {
-  begin({record(kEight, days({1, 4}), "Сообщение", "bell.wav"), record(kNoon, days({4}), "Остановка")});
-  for (int week = 0; week < 10; ++week) {
-    live_through_week();
-    EXPECT_EQ(frames().size(), 4U);
-  }
 }
 
 }  // namespace

@@ -107,26 +107,6 @@ TEST_F(WatchLines, EveryContactAtOnce) {
   EXPECT_EQ(lines(), (Lines{expected[0], blind + "нажата «Стоп / сброс»", expected[1], expected[2]}));
 }
 
-TEST_F(WatchLines, GapsOfSeveralBanks) {
-  const std::string all = "7" + std::string(kZones - 1, '1');
-  std::vector<std::string> steps;
-  for (const int zone : {7, 31, 33, 70, 96, 97, 98})
-    steps.push_back(algorithm_record(std::to_string(zone), 1, "fire.wav", "1", all));
-  settle_steps(steps);
-  start();
-  auto& zones = console->model().zones;
-  for (const int zone : {2, 31, 96, 97, 120}) zones.in_use[zone] = true;
-  zones.names.by_number = {{2, "Фойе"}, {96, "Зал"}};
-  ++zones.names.edition;
-  pass(100ms);
-  EXPECT_EQ(lines(), (Lines{"Нет алгоритма: зона 2 «Фойе»",
-                            "Аварийная отметка у нескольких зон: 7, 31, 70, 96 «Зал»"}));
-  zones.names.by_number.erase(2);
-  ++zones.names.edition;
-  pass(100ms);
-  EXPECT_EQ(lines().front(), "Нет алгоритма: зона 2");
-}
-
 TEST_F(WatchLines, AThirdRestartWithinFiveSecondsIsToldForFiveMore) {
   start();
   const auto bounce = [&] {
