@@ -1,4 +1,4 @@
-// What the player does to the media, the loading of a track for the timer, and the files that it reads.
+// What the player does to the media, and the play-lists that it reads.
 #include <gtest/gtest.h>
 
 #include "platform/user.h"
@@ -92,50 +92,6 @@ TEST_F(Player, ADeletedTrackThatStillSoundsFallsSilentWithThePower) {
   form1().CmdPMP.click();
   EXPECT_EQ(logged(), Lines{kHold});
   EXPECT_FALSE(form1().Tmr1.enabled() || form1().Tmr2.enabled() || player().mp_play);
-}
-
-// The timer loads a track that no row was picked for, and does not read its tag.
-TEST_F(Player, EachWayToATrackHasItsOwnWordsAndLoadTrackTheAlarmPanelToo) {
-  const Machine m = machine.machine();
-  Windows windows(m.loop, machine);
-  Form1 form(windows, m.files);
-  PlayerState state;
-  state.mp_pow = true;
-  state.mp_list = {"D:\\c.wav", "D:\\gone.wav"};
-  DriveSteps steps({.player = state, .tab = form, .tabs = form.SSTab1, .files = m.files, .boxes = m.boxes});
-  TrackList tracks({.player = state, .rows = form.LstPtreckMP});
-  TagReader tags({.player = state, .tab = form, .steps = steps, .files = m.files});
-  Transport transport({.player = state,
-                       .tab = form,
-                       .terminals_tab = form,
-                       .steps = steps,
-                       .tags = tags,
-                       .tracks = tracks,
-                       .MP = m.media.MP,
-                       .loop = m.loop});
-  form.CmdStopMP.click = [&] { transport.stop(); };
-  form.SSTab1.set_value(3);
-  form.Tmr1.set_enabled(true);
-  transport.LoadTrack();
-  EXPECT_EQ(logged(), (Lines{R"(media MP file "D:\\c.wav")", kHold}));
-  EXPECT_EQ(form.LblUP.caption(), "||Track 1");
-  EXPECT_FALSE(form.Tmr1.enabled());
-  state.mp_trk = 2;
-  transport.LoadTrack();
-  EXPECT_EQ(logged(), (Lines{R"(box "Not found D:\\gone.wav" "Сообщение" ok -> ok)", kHold}));
-  EXPECT_EQ(form.SSTab1.value(), 3);
-  state.mp_trk = 2;
-  transport.SelectTrack();
-  EXPECT_EQ(logged(), (Lines{R"(box "not found D:\\gone.wav" "!" ok -> ok)", kHold}));
-  form.Drive1.choose('D');
-  machine.files().unmount('D');
-  transport.LoadTrack();
-  EXPECT_EQ(logged(), (Lines{R"(box "Drive D: not access!" "Сообщение" ok -> ok)", kHold}));
-  EXPECT_EQ(form.SSTab1.value(), 0);
-  state.mp_drv_bad = false;
-  form.Drive1.choose('D');
-  tags.ReadTag();
-  EXPECT_EQ(logged(), (Lines{R"(box "Drive D: not access" "!!!" ok -> ok)", kHold}));
 }
 
 TEST(PlayListFile, LinesEndInAnyWayAndRemarksCostTheLastOnes) {

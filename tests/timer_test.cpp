@@ -150,9 +150,6 @@ TEST(TimerRecord, FieldsEndWhereTheirMarksFirstStand) {
 // A data folder with the console's own files of the timer in it.
 struct TimerFiles : testing::Test, AlertRig {
   TimerFiles() { (void)machine.files().make_folder("C:\\ZEF_DAT\\timer"); }
-  void put(const std::string& name, const std::string& bytes) {
-    must(machine.files().replace("C:\\ZEF_DAT\\timer\\" + name, bytes));
-  }
   std::string bytes(const std::string& name) {
     return StoredData(machine.files()).bytes_of("timer\\" + name);
   }
@@ -194,28 +191,6 @@ TEST_F(TimerFiles, LieInRecordsOfTheirOwnLength) {
   EXPECT_TRUE(data.folder.has("timer\\Name_f.dat"));
   EXPECT_FALSE(has_programme(data.folder, "Другая"));
   EXPECT_EQ(programme_names(data.folder), Texts{"Школа"});
-}
-
-TEST_F(TimerFiles, HandMadeProgrammesReadAsFarAsTheyGo) {
-  const std::string full = std::string("\3\0abc", 5) + std::string(123, '\xAA');
-  const struct {
-    std::string bytes;
-    Texts records;
-  } table[] = {
-      {"", {""}},
-      {std::string(1, '\3'), {""}},
-      {std::string("\3\0ab", 4), {"ab"}},
-      {full, {"abc", ""}},
-      {full + full.substr(0, 4), {"abc", "ab"}},
-      {std::string(128, '\0') + full, {"", "abc", ""}},
-      {std::string("\xFF\xFF") + std::string(126, 'x') + full, {std::string(126, 'x'), "abc", ""}},
-  };
-  for (const auto& row : table) {
-    put("Школа", row.bytes);
-    Texts records;
-    must(read_programme(data.folder, "Школа", records));
-    EXPECT_EQ(records, row.records) << row.bytes.size();
-  }
 }
 
 TEST_F(TimerFiles, TheFirstMinuteStandsAtMidnightUntilItIsLoaded) {
