@@ -12,6 +12,7 @@
 #include "desktop/layouts/layouts.h"
 #include "desktop/login_manager.h"
 #include "desktop/stand.h"
+#include "desktop/timer_ahead.h"
 #include "desktop/training_music.h"
 #include "desktop/view/pictures.h"
 #include "model/text.h"
@@ -22,6 +23,10 @@ namespace {
 constexpr const char* kTrainingTitle = " — учебный режим";
 
 constexpr std::chrono::seconds kDeviceWatch{1};
+// Messages are looked at ahead, tracks when they are chosen.
+constexpr std::chrono::milliseconds kMessagePatience{90}, kTrackPatience{2000};
+constexpr std::string_view kMessageFolder = "C:\\ZEF_DAT\\message";
+constexpr int kLooksPerProbe = 5;
 constexpr int kAlarmTab = 0;
 constexpr std::string_view kWrittenFolders[] = {kProgramFolder, "C:\\ZEF_DAT"};
 constexpr std::string_view kSettingsFile = "C:\\ZEF_DAT\\F_ust.dat";
@@ -58,10 +63,11 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       files_(disk_, [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
-      mp_([this](std::string_view path) { return disk_.locate(path); }, sound_),
-      mp1_([this](std::string_view path) { return disk_.locate(path); }, sound_),
-      mp2_([this](std::string_view path) { return disk_.locate(path); }, sound_),
-      mp3_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      probe_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      mp_(probe_, sound_, kTrackPatience),
+      mp1_(probe_, sound_, kMessagePatience),
+      mp2_(probe_, sound_, kMessagePatience),
+      mp3_(probe_, sound_, kTrackPatience),
       comedi_(setup.cards),
       tone_(sound_),
       process_(setup.restart_armed, notices_, feed_,
@@ -76,6 +82,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
                 .track = {.on = [this] { return console_->model().player.mp_pow; },
                           .length = [this] { return mp_.duration(); },
                           .position = [this] { return mp_.position(); }},
+                .timer_ahead = [this] { return timer_ahead(console_->model().timer, loop_.wall()); },
                 .stand_button = [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
   if (training_)
@@ -219,6 +226,7 @@ void Desktop::show_signs() {
 }
 
 void Desktop::look_after_devices() {
+  if (looks_++ % kLooksPerProbe == 0) probe_.look_ahead(std::string(kMessageFolder));
   QStringList sound = missing_sound_;
   const std::array media = {&mp_, &mp1_, &mp2_, &mp3_};
   for (GstMedia* each : media) {

@@ -83,6 +83,7 @@ class Desktop : private QObject {
   const SoundSetup sound_;
   std::atomic<bool> sounding_ = false;  // some media control has the device
   QStringList missing_sound_;           // what this machine lacks to be heard
+  SoundProbe probe_;
   GstMedia mp_, mp1_, mp2_, mp3_;
   ComediCards comedi_;
   std::unique_ptr<SimulatedCards> simulated_cards_;  // of the training mode
@@ -96,6 +97,7 @@ class Desktop : private QObject {
   std::unique_ptr<Console> console_;
   std::unique_ptr<Stand> stand_;
   QTimer device_watch_;
+  int looks_ = 0;  // at the devices
   EndSignals end_signals_;
   bool ending_ = false;
   Heartbeat heartbeat_;

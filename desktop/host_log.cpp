@@ -8,7 +8,7 @@ namespace evac::desktop {
 
 void host_log(const QString& text) {
   const std::string line = text.toStdString();
-  ::syslog(LOG_USER | LOG_NOTICE, "evac-console: %s", line.c_str());
+  ::syslog(LOG_USER | LOG_NOTICE, "%s", line.c_str());
   std::cerr << "evac-console: " << line << '\n';
 }
 

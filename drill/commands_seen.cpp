@@ -113,13 +113,13 @@ void Drill::expect_box(const Words& words) {
   want(words, 3, "expect box \"text\"");
   auto& raised = machine_.raised();
   if (raised.empty()) throw CommandError("no box was up");
-  if (raised.front() != words[2].text) throw CommandError("the box is " + in_quotes(raised.front()));
+  if (!means(words[2], raised.front())) throw CommandError("the box is " + in_quotes(raised.front()));
   raised.pop_front();
 }
 
 void Drill::expect_journal(const Words& words) {
   want(words, 3, "expect journal \"text\"");
-  if (last_entry_ != words[2].text) throw CommandError("the last line is " + in_quotes(last_entry_));
+  if (!means(words[2], last_entry_)) throw CommandError("the last line is " + in_quotes(last_entry_));
 }
 
 void Drill::expect_row(const Words& words) {

@@ -93,9 +93,11 @@ Node terminals_control(MonitorPanel& panel) {
 }
 
 Node weekly_timer(TimerPanel& panel) {
-  return frame(panel.Frame7_2, column({use(panel.CmdTV).wide(6).high(2.2).called("Недельный таймер"),
-                                       use(panel.LblTm).wide(14), use(panel.LblT2).wide(14),
-                                       use(panel.LblTmr).wide(14), space()}));
+  return frame(panel.Frame7_2,
+               column({row({use(panel.CmdTV).wide(6).high(2.2).called("Недельный таймер").grow(1),
+                            use(panel.LblT2).wide(4.5).called("Время")}),
+                       use(panel.LblTm).wide(14).called("Ближайшее событие"),
+                       use(panel.LblTmr).wide(14).high(2.7).called("Что будет")}));
 }
 
 }  // namespace
@@ -109,7 +111,8 @@ Node control_tab(Form1& form) {
             row({frame(monitor.Frame10, use(monitor.List5).called("Контроль состояния терминалов")).grow(1),
                  frame(monitor.Frame11, use(monitor.List4).called("Статистика состояния терминалов"))
                      .grow(1)})
-                .grow(1)})
+                .grow(1),
+            words("Дальше по недельному таймеру").shown(Look::kHead), timer_ahead_list()})
            .grow(1)});
 }
 

@@ -1,5 +1,6 @@
 #include "desktop/view/bars.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -10,6 +11,17 @@
 #include "platform/user.h"
 
 namespace evac::desktop {
+namespace {
+
+// Behind the last digit a number is whole.
+constexpr std::chrono::milliseconds kTypingPause{1500};
+
+bool is_digit(const QKeyEvent& key) {
+  return key.key() >= Qt::Key_0 && key.key() <= Qt::Key_9 &&
+         !(key.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier));
+}
+
+}  // namespace
 
 BarView::BarView(ScrollBar& control, Screen& screen, const Node& node, QWidget* parent)
     : BoundWidget(control, screen, node, parent), deeds_(screen, *this) {
@@ -22,10 +34,45 @@ BarView::BarView(ScrollBar& control, Screen& screen, const Node& node, QWidget* 
   setFocusPolicy(Qt::StrongFocus);
   setRange(control.least(), control.most());
   setPageStep(std::max(1, (control.most() - control.least()) / 10));
+  typing_.setSingleShot(true);
+  typing_.setInterval(kTypingPause);
+  connect(&typing_, &QTimer::timeout, this, &BarView::take_typed);
   connect(this, &QAbstractSlider::valueChanged, this, [this](int value) {
+    typed_ = -1;  // the handle has moved meanwhile
     update();
     if (!showing_) deeds_.post([&bar = control_, value] { user::set_value(bar, value); });
   });
+}
+
+bool BarView::event(QEvent* event) {
+  // A shortcut is coming up, that of a button perhaps that takes the value.
+  if (event->type() == QEvent::ShortcutOverride && !is_digit(*static_cast<QKeyEvent*>(event))) take_typed();
+  return QAbstractSlider::event(event);
+}
+
+void BarView::keyPressEvent(QKeyEvent* event) {
+  if (is_digit(*event)) return type(event->key() - Qt::Key_0);
+  take_typed();
+  QAbstractSlider::keyPressEvent(event);
+}
+
+void BarView::focusOutEvent(QFocusEvent* event) {
+  take_typed();
+  QAbstractSlider::focusOutEvent(event);
+}
+
+void BarView::type(int digit) {
+  typed_ = std::max(typed_, 0) * 10 + digit;
+  update();
+  // No further digit would fit.
+  if (typed_ * 10 > maximum()) return take_typed();
+  typing_.start();
+}
+
+void BarView::take_typed() {
+  typing_.stop();
+  if (typed_ >= 0) setValue(std::exchange(typed_, -1));
+  update();
 }
 
 void BarView::show_state() {
@@ -135,6 +182,12 @@ void BarView::paintEvent(QPaintEvent*) {
     p.setPen(ink);
     p.setBrush(isSliderDown() ? grey::kLine : grey::kFace);
     p.drawRoundedRect(handle, 3, 3);
+  }
+  if (typed_ >= 0) {
+    const QRect field = rect().adjusted(at.less.width() + 2, 2, -at.more.width() - 2, -2);
+    draw_field(p, field, grey::kField);
+    p.setPen(grey::kText);
+    p.drawText(field, Qt::AlignCenter, QString::number(typed_) + '_');
   }
   if (hasFocus()) draw_focus_ring(p, rect());
 }

@@ -1,7 +1,9 @@
-// Scroll bars, as a slider between a minus and a plus, for mouse, keyboard and finger; and progress bars.
+// Scroll bars, as a slider between a minus and a plus, for mouse, keyboard and finger; and progress bars. A
+// value can also be typed: it counts once it is whole, so that no bar follows half a number.
 #pragma once
 
 #include <QAbstractSlider>
+#include <QTimer>
 
 #include "desktop/view/bound_widget.h"
 
@@ -12,6 +14,9 @@ class BarView : public BoundWidget<QAbstractSlider, ScrollBar> {
   BarView(ScrollBar& control, Screen& screen, const Node& node, QWidget* parent);
 
  protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -26,9 +31,14 @@ class BarView : public BoundWidget<QAbstractSlider, ScrollBar> {
   };
   Parts parts() const;
   int value_at(QPoint place) const;
+  void type(int digit);
+  // The number that was typed is whole.
+  void take_typed();
 
   Deeds deeds_;
   bool showing_ = false;
+  int typed_ = -1;  // the number that is being typed; none below 0
+  QTimer typing_;
 };
 
 class ProgressView : public BoundWidget<QWidget, ProgressBar>, public Spoken {

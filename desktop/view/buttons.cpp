@@ -72,6 +72,7 @@ ButtonView::ButtonView(Control& control, Screen& screen, const Node& node, QWidg
     height = broken.height() + line_ / 2;
   }
   if (!picture().empty()) width += 2 * line_;
+  if (look_ == Look::kTicked) width += line_ / 2;
   keep_size(node, tight_ ? width + line_ / 2 : std::max(width + line_, 2 * line_),
             tight_ ? line_ * 5 / 4 : height);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
@@ -134,6 +135,8 @@ void ButtonView::paintEvent(QPaintEvent*) {
     draw_cell(p, rect(), {is_on(), isEnabled(), !isDown(), control_.back_color()}, qt(control_.caption()));
   else if (look_ == Look::kSwatch)
     paint_swatch(p);
+  else if (look_ == Look::kTicked)
+    paint_ticked(p);
   else
     paint_face(p);
   if (hasFocus()) draw_focus_ring(p, rect());
@@ -154,6 +157,22 @@ void ButtonView::paint_swatch(QPainter& p) const {
     inside.setLeft(inside.left() + draw_swatch(p, inside, screen_color(control_.back_color())));
   p.setPen(isEnabled() ? grey::kText : grey::kFaint);
   p.drawText(inside, Qt::AlignCenter, qt(control_.caption()));
+}
+
+void ButtonView::paint_ticked(QPainter& p) const {
+  const QColor back = isDown() ? ground() : is_on() ? grey::kField : ground();
+  draw_box(p, rect(), back, is_on() ? grey::kText : grey::kLine, is_on() ? 2 : 1);
+  const double tick = line_ * 0.9;
+  const QRectF inside = QRectF(rect()).adjusted(4, 0, -4, 0);
+  p.setRenderHint(QPainter::Antialiasing);
+  const QColor ink = isEnabled() ? grey::kText : grey::kFaint;
+  if (is_on()) draw_tick(p, {inside.left(), (height() - tick) / 2, tick, tick}, ink);
+  QFont font = this->font();
+  font.setBold(is_on());
+  p.setFont(font);
+  p.setPen(ink);
+  // The letters keep their place.
+  p.drawText(inside.adjusted(tick, 0, 0, 0), Qt::AlignCenter, qt(control_.caption()));
 }
 
 void ButtonView::paint_face(QPainter& p) const {
@@ -242,12 +261,7 @@ void CheckView::paintEvent(QPaintEvent*) {
   p.setPen(QPen(isEnabled() ? grey::kText : grey::kLine, 1.2));
   p.setBrush(isDown() ? grey::kFace : grey::kField);
   p.drawRoundedRect(box, 2, 2);
-  if (isChecked()) {
-    p.setPen(QPen(ink, size * 0.14, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    p.drawPolyline(QPolygonF({QPointF(box.left() + size * 0.22, box.top() + size * 0.52),
-                              QPointF(box.left() + size * 0.42, box.top() + size * 0.72),
-                              QPointF(box.left() + size * 0.78, box.top() + size * 0.28)}));
-  }
+  if (isChecked()) draw_tick(p, box, ink);
   p.setPen(ink);
   p.drawText(QRectF(box.right() + line_ / 3.0, 0, width(), height()), Qt::AlignVCenter, text());
   if (hasFocus()) draw_focus_ring(p, rect());

@@ -38,6 +38,7 @@ class ButtonView : public BoundWidget<QAbstractButton, Control>, public Spoken {
   QStringList values() const override;
   void paint_face(QPainter& painter) const;
   void paint_swatch(QPainter& painter) const;
+  void paint_ticked(QPainter& painter) const;
   QColor ground() const;
   std::string_view picture() const;
   bool is_on() const;

@@ -17,6 +17,7 @@ namespace evac::desktop {
 namespace {
 
 constexpr std::chrono::milliseconds kKeyboardLook{150};
+constexpr std::chrono::seconds kTimerLook{1};
 
 // Shares of the line that the subjects have, in their order.
 constexpr int kShares[] = {4, 3, 3, 4, 3, 3, 3, 3};
@@ -117,6 +118,40 @@ void KeyboardNote::showEvent(QShowEvent* event) {
 void KeyboardNote::hideEvent(QHideEvent* event) {
   timer_.stop();
   QLabel::hideEvent(event);
+}
+
+TimerAheadView::TimerAheadView(std::function<QStringList()> read, QWidget* parent)
+    : QListWidget(parent), read_(std::move(read)) {
+  setObjectName("timer ahead");
+  setAccessibleName(QStringLiteral("Ближайшие события недельного таймера"));
+  setWordWrap(true);
+  setAlternatingRowColors(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+  setMinimumSize(fontMetrics().height() * 12, fontMetrics().height() * 3);
+  timer_.setInterval(kTimerLook);
+  connect(&timer_, &QTimer::timeout, this, [this] { look(); });
+}
+
+void TimerAheadView::look() {
+  const QStringList lines = read_ ? read_() : QStringList();
+  if (lines == lines_) return;
+  lines_ = lines;
+  const int row = currentRow();
+  clear();
+  addItems(lines);
+  setCurrentRow(std::min(row, count() - 1));
+}
+
+void TimerAheadView::showEvent(QShowEvent* event) {
+  look();
+  timer_.start();
+  QListWidget::showEvent(event);
+}
+
+void TimerAheadView::hideEvent(QHideEvent* event) {
+  timer_.stop();
+  QListWidget::hideEvent(event);
 }
 
 BoxNoteView::BoxNoteView(Notices& notices, QWidget* parent) : QPushButton(parent), notices_(notices) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTimer>
 #include <functional>
@@ -56,6 +57,24 @@ class KeyboardNote : public QLabel {
   void look();
 
   const std::function<KeyboardState()> read_;
+  QTimer timer_;
+};
+
+// What the weekly timer does next and what it never will, looked at once a second while it is on show.
+class TimerAheadView : public QListWidget {
+ public:
+  TimerAheadView(std::function<QStringList()> read, QWidget* parent);
+  QSize sizeHint() const override { return {minimumWidth(), fontMetrics().height() * 6}; }
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  void look();
+
+  const std::function<QStringList()> read_;
+  QStringList lines_;
   QTimer timer_;
 };
 

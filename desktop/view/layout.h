@@ -23,6 +23,7 @@ enum class Look {
   kField,    // a text in a field of its own, from its left side
   kSwatch,   // a sample of a colour; a button that carries one
   kCell,     // a button or a label that takes presses, one of many: on or off, and of which channel
+  kTicked,   // a button, one of a few that are chosen side by side: a tick in it when it is on
   kNumber,   // a check box, one of several with the same caption: its number in the place of it
   kLamp,     // a picture as a lamp with its number
   kColumns,  // a list whose rows are cut at tabs
@@ -58,6 +59,7 @@ struct Node {
     kScan,          // how far the scan of the terminals is
     kBoxNote,       // what boxes that answered themselves said
     kNotices,       // what the host has to say
+    kTimerAhead,    // what the weekly timer does next, and what it never will
     kKeyboardNote,  // beside a password: the keyboard's layout, and whether Caps Lock is on
     kStandButton,   // the way to the virtual rack, where there is one
     kCloseButton,   // closes the window that it stands in
@@ -187,6 +189,9 @@ inline Node watch_bar() {
 }
 inline Node scan_progress() {
   return make_node(Node::What::kScan);
+}
+inline Node timer_ahead_list() {
+  return make_node(Node::What::kTimerAhead);
 }
 inline Node box_note() {
   return make_node(Node::What::kBoxNote);

@@ -11,6 +11,7 @@
 #include "desktop/view/host_widgets.h"
 #include "desktop/view/labels.h"
 #include "desktop/view/lists.h"
+#include "desktop/view/months.h"
 #include "desktop/view/palette.h"
 #include "desktop/view/press.h"
 #include "desktop/view/texts.h"
@@ -95,6 +96,8 @@ QWidget* LayoutBuilder::build(const Node& node, QWidget* parent) {
       return new WatchBar(host_.feed, parent);
     case Node::What::kScan:
       return new ScanProgressView(host_.scan, parent);
+    case Node::What::kTimerAhead:
+      return new TimerAheadView(host_.timer_ahead, parent);
     case Node::What::kBoxNote:
       return new BoxNoteView(host_.notices, parent);
     case Node::What::kNotices:
@@ -145,6 +148,8 @@ QWidget* LayoutBuilder::make_control(Control& control, const Node& node, QWidget
       return make_view<ProgressView, ProgressBar>(control, screen_, node, parent);
     case Kind::kGrid:
       return make_view<GridView, Grid>(control, screen_, node, parent);
+    case Kind::kMonthCalendar:
+      return make_view<MonthsView, MonthCalendar>(control, screen_, node, parent);
     default:
       throw std::logic_error("no widget shows " + control.full_name());
   }

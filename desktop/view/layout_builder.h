@@ -23,6 +23,8 @@ struct HostParts {
   WatchFeed& feed;
   ScanFeed& scan;
   TrackSource track{};
+  // What the weekly timer does next, a line each.
+  std::function<QStringList()> timer_ahead{};
   // Makes the button that brings up the virtual rack; null where there is none.
   std::function<QWidget*(QWidget* parent)> stand_button;
   std::function<KeyboardState()> keyboard = keyboard_state;

@@ -93,7 +93,13 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   // Only a key chooses by moving: a click of the mouse is told by its own signal, and the toolkit moves its
   // cursor for reasons of its own, such as a coming focus.
   const QScopedValueRollback keyed(keyed_, true);
+  const QModelIndex before = currentIndex();
   QListView::keyPressEvent(event);
+  // The row on which the focus stands is chosen by a key that can move no farther, and by Space.
+  constexpr Qt::Key kChoosing[] = {Qt::Key_Space, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End};
+  const bool chooses = std::ranges::find(kChoosing, event->key()) != std::end(kChoosing);
+  if (chooses && before.isValid() && currentIndex() == before && control_.selected() != before.row())
+    choose(before.row());
 }
 
 void ListView::choose(int row) {

@@ -316,6 +316,14 @@ void draw_box(QPainter& p, const QRect& area, const QColor& ground, const QColor
   });
 }
 
+void draw_tick(QPainter& p, const QRectF& area, const QColor& ink) {
+  const double size = area.width();
+  p.setPen(QPen(ink, size * 0.14, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  p.drawPolyline(QPolygonF({QPointF(area.left() + size * 0.22, area.top() + size * 0.52),
+                            QPointF(area.left() + size * 0.42, area.top() + size * 0.72),
+                            QPointF(area.left() + size * 0.78, area.top() + size * 0.28)}));
+}
+
 void draw_lamp(QPainter& p, const QRect& area, std::string_view word, const QString& number) {
   const Lamp& lamp = lamp_of(word);
   draw_cached(p, area, "lamp " + qt(lamp.word), [&](QPainter& painter, const QRectF& whole) {

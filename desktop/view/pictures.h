@@ -23,6 +23,7 @@ inline constexpr std::string_view kRestartOn = "restart on";
 // Draws the picture into the middle of the area; false, with nothing drawn, for an unknown word.
 bool draw_picture(QPainter& painter, const QRectF& area, std::string_view word, bool enabled = true);
 bool is_picture(std::string_view word);
+void draw_tick(QPainter& painter, const QRectF& area, const QColor& ink);
 // A lamp of a zone, with its number in it.
 void draw_lamp(QPainter& painter, const QRect& area, std::string_view word, const QString& number);
 QString lamp_words(std::string_view word);

@@ -175,8 +175,9 @@ void ProgrammeEditor::row_chosen() {
   const int row = form.Lst1.selected();
   const auto& events = doors_.timer.events;
   if (row < 0 || row >= static_cast<int>(events.size())) return;
-  if (events[static_cast<std::size_t>(row)].tm_rec.empty()) return;
-  const std::string& record = form.Lst1.row(row);
+  const std::string& record = events[static_cast<std::size_t>(row)].tm_rec;
+  // A row that was added in the place of a deleted one is not saved yet either.
+  if (record.empty() || record != form.Lst1.row(row)) return;
   const auto field = [&record](TimerField n) { return TmField(record, n); };
 
   form.VSH.set_value(Number(field(kTmHours)));

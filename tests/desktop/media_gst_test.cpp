@@ -4,6 +4,7 @@
 
 #include <gst/gst.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <fstream>
 #include <thread>
@@ -71,8 +72,9 @@ class Sound : public testing::Test {
     return holds();
   }
   Scratch scratch;
-  GstMedia::Locate locate = [this](std::string_view path) { return scratch.path / path; };
-  GstMedia media{locate, {.sink = "fake", .font = {}}};
+  const SoundSetup fake{.sink = "fake", .font = {}};
+  SoundProbe probe{[this](std::string_view path) { return scratch.path / path; }, fake};
+  GstMedia media{probe, fake, 10s};
 };
 
 TEST_F(Sound, AFileIsReadyAndHasALengthOnlyWhenItCanBeDecoded) {
@@ -228,12 +230,44 @@ TEST_F(Sound, AMissingDeviceIsToldAndTheFileIsReadyAllTheSame) {
             "Файлы .mid и .rmi не воспроизводятся: нет звукового шрифта (пакет timgm6mb-soundfont)");
 
   put("a.wav", wave(1));
-  GstMedia deaf(locate, nowhere);
+  GstMedia deaf(probe, nowhere, 2s);
   deaf.set_file("a.wav");
   EXPECT_GT(deaf.ready_state(), 0);
   EXPECT_EQ(deaf.duration(), 1);
   deaf.play();
   EXPECT_TRUE(comes([&] { return deaf.trouble().starts_with("Сбой звука: "); }));
+}
+
+TEST_F(Sound, ADeviceThatStallsHoldsNobodyUpAndIsTold) {
+  put("a.wav", wave(0.3));
+  const fs::path device = scratch.path / "device";
+  ASSERT_EQ(::mkfifo(device.c_str(), 0600), 0);  // opening it waits for a reader
+  GstMedia stalled(probe, {"audioconvert ! filesink location=" + device.string(), ""}, 2s);
+  stalled.set_file("a.wav");
+  stalled.play();
+  stalled.seek(0.1);
+  stalled.hold();
+  stalled.stop();
+  stalled.play();
+  EXPECT_TRUE(comes([&] { return stalled.trouble().starts_with("Сообщение не звучит"); }));
+  EXPECT_EQ(stalled.duration(), 0.3);
+  std::ifstream reader(device);
+  EXPECT_TRUE(comes([&] { return stalled.trouble().empty(); }));
+}
+
+TEST_F(Sound, FilesOfTheFolderAreKnownAheadAndAgainWhenTheyChange) {
+  fs::create_directory(scratch.path / "message");
+  put("message/a.wav", wave(0.5));
+  put("message/b.wav", "no sound");
+  probe.look_ahead("message");
+  ASSERT_TRUE(comes([&] { return probe.known("message\\b.wav").has_value(); }));
+  EXPECT_TRUE(probe.known("message\\a.wav")->ready);
+  EXPECT_FALSE(probe.known("message\\b.wav")->ready);
+  put("message/b.wav", wave(1.5));
+  fs::remove(scratch.path / "message/a.wav");
+  probe.look_ahead("message");
+  ASSERT_TRUE(comes([&] { return !probe.known("message\\a.wav"); }));
+  EXPECT_EQ(probe.known("message\\b.wav")->length, 1.5);
 }
 
 // Sinks that write down what would be heard.
@@ -244,8 +278,8 @@ TEST_F(Sound, VolumeIsInHundredthsOfADecibel) {
   } cases[] = {{0, 0x0101}, {-2000, 0x0101 / 10}, {-600, 0x0101 / 2}, {-10000, 0}};
   for (const auto& [hundredths, sample] : cases) {
     const fs::path heard = scratch.path / ("heard" + std::to_string(hundredths));
-    GstMedia media(locate,
-                   {"audioconvert ! audio/x-raw,format=S16LE ! filesink location=" + heard.string(), ""});
+    GstMedia media(probe,
+                   {"audioconvert ! audio/x-raw,format=S16LE ! filesink location=" + heard.string(), ""}, 2s);
     media.set_file("a.wav");
     media.set_volume(hundredths);
     media.play();
