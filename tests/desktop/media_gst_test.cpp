@@ -143,6 +143,22 @@ TEST_F(Sound, ASeekHoldsAlsoBeforeThePlay) {
   EXPECT_TRUE(comes([&] { return media.position() == 5; }));
 }
 
+TEST_F(Sound, FourPlayAtATime) {
+  put("a.wav", wave(3));
+  GstMedia others[3] = {{probe, fake, 2s}, {probe, fake, 2s}, {probe, fake, 2s}};
+  for (auto& other : others) {
+    other.set_file("a.wav");
+    other.set_volume(-600);
+    other.play();
+  }
+  media.set_file("a.wav");
+  media.play();
+  others[0].stop();
+  EXPECT_TRUE(
+      comes([&] { return media.position() > 0 && others[1].position() > 0 && others[2].position() > 0; }));
+  EXPECT_EQ(others[0].position(), 0);
+}
+
 // A quiet beginning of few bytes a second and a rest of many, behind a tag and before another: a guess by the
 // beginning would be wrong several times over.
 TEST_F(Sound, AnMp3WithoutALengthOfItsOwnHasTheRightOne) {
