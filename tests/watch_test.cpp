@@ -154,16 +154,6 @@ TEST_F(WatchLines, AMessageIsMissedByTheCalendarAndTheClock) {
   // Once the time of day comes round the next play is heard.
   pass(45s);
   EXPECT_FALSE(told(missed));
-
-  // A manual message holds the alert over its second, the last before midnight.
-  reset_by_hand();
-  set_clock(23h + 59min + 48s);
-  pass(5s);
-  say_yes(console->form1().CmdAl);
-  pass(6s);
-  EXPECT_FALSE(told(missed));
-  pass(2s);
-  EXPECT_TRUE(told(missed));
 }
 
 TEST_F(WatchLines, AlertsThatTheirContactsDoNotExplain) {
@@ -182,19 +172,6 @@ TEST_F(WatchLines, AlertsThatTheirContactsDoNotExplain) {
   say_yes(console->form1().CmdDem);
   pass(100ms);
   EXPECT_EQ(lines(), (Lines{"ПРОВЕРКА: зона 7", blind}));
-
-  // The block's alert goes on under another type, until an algorithm starts over it.
-  reset_by_hand();
-  auto& type = console->model().settings.SettingsLine[kAlertType];
-  type = "1";
-  frame(0x41, 15, 15);
-  run(100ms);
-  type = "3";
-  pass(100ms);
-  EXPECT_EQ(lines(), Lines{"ПОЖАР: блок Q-4710, зона 16"});
-  machine.set_contact(7, true);
-  pass(100ms);
-  EXPECT_EQ(lines(), Lines{"ПОЖАР: зона 7"});
 }
 
 TEST_F(WatchLines, WhatAnAlertSwitchedOffIsToldUntilItHasBeenOn) {
