@@ -30,7 +30,6 @@ class Player : public testing::Test {
     machine.set_sound(path, seconds);
   }
   Form1& form1() { return console->form1(); }
-  PlayerState& player() { return console->model().player; }
   Lines logged() { return std::exchange(log, {}); }
 
   Scratch scratch;
@@ -74,24 +73,6 @@ TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
   EXPECT_EQ(logged(), Lines{kHold});
   form1().CmdPMP.click();
   EXPECT_EQ(logged(), Lines{kHold});
-}
-
-// The last track of the list is deleted, and then played all the same: stop does nothing for an empty list.
-TEST_F(Player, ADeletedTrackThatStillSoundsFallsSilentWithThePower) {
-  for (const char* file : {"C:\\ZEF\\PlayList\\a.wav", "C:\\ZEF\\PlayList\\b.wav"})
-    ASSERT_EQ(machine.files().remove(file), kNoError);
-  form1().CmdPMP.click();
-  form1().CmdAddPl.click();
-  user::pick(form1().Drive1, 1);
-  user::pick(form1().LstAddList, 0);
-  user::pick(form1().LstPtreckMP, 0);
-  machine.queue_answer({drill::Answer::Kind::kYes, {}, {}});
-  user::right_press(form1().LstPtreckMP);
-  form1().CmdPlayMP.click();
-  ASSERT_EQ(logged().back(), kPlay);
-  form1().CmdPMP.click();
-  EXPECT_EQ(logged(), Lines{kHold});
-  EXPECT_FALSE(form1().Tmr1.enabled() || form1().Tmr2.enabled() || player().mp_play);
 }
 
 TEST(PlayListFile, LinesEndInAnyWayAndRemarksCostTheLastOnes) {

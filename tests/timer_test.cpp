@@ -1,5 +1,5 @@
 // The weekly timer where a table or the bytes of a file say it better than a drill: the nearest event, the
-// fields of a record, what damaged files give, the schedule's dates, weeks of ticks.
+// fields of a record, the schedule's dates, the seconds around an event.
 #include <gtest/gtest.h>
 
 #include "store/programme_files.h"
@@ -267,34 +267,6 @@ class TimerTicks : public TimerFiles {
 };
 constexpr int kEight = 8 * 3600;
 
-TEST_F(TimerTicks, FunctionsThatNoEditorWrites) {
-  const Texts routed = {"04 02 14 FC 01 00", "04 02 14 FC 01 00"};
-  const struct {
-    const char* function;
-    Texts sent;
-  } table[] = {
-      {"", {}},
-      {"Сообщение-2", routed},
-      {"Воспроизведение2", {}},
-      {"Остановка!", {}},
-      {"№9CD-play", {"06 11 00 04 01 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
-      {"№XMP3-stop", {"06 13 00 05 01 00"}},
-      {"№0FM7", {"06 12 00 01 07 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
-      {"№1AM", {"06 12 00 02 00 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
-      {"CD-play", {}},
-      {"№1CD-pause", {}},
-      {"№пресета", {}},
-  };
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.function);
-    begin({record(kEight, 127, row.function, "bell.wav")});
-    run(11s);
-    EXPECT_EQ(frames(), row.sent);
-    run(1s);
-    EXPECT_EQ(form().LblTm.caption(), "8:00:00   ВТОРНИК");
-  }
-}
-
 TEST_F(TimerTicks, TerminalsOutsideTheirRangeArePassedOver) {
   begin({record(kEight, 127, "Сообщение", "bell.wav", -5, 999),
          record(kEight + 5, 127, "Сообщение", "bell.wav", 9, 8)});
@@ -354,17 +326,6 @@ TEST_F(TimerTicks, AMessageOverAMessageIsFollowedToTheLaterEnd) {
   run(3s);
   EXPECT_EQ(logged("MP volume -81"), 1);
   EXPECT_FALSE(form().Timer11.enabled());
-}
-
-TEST_F(TimerTicks, AnEndThatTheClockJumpsOverComesTheNextDay) {
-  begin({record(kEight, 1, "Сообщение", "bell.wav")});
-  run(12s);
-  machine.set_wall(machine.wall() + 60s);
-  run(23h + 58min);
-  EXPECT_TRUE(form().Timer11.enabled());
-  run(2min);
-  EXPECT_FALSE(form().Timer11.enabled());
-  EXPECT_EQ(logged("volume"), 1);
 }
 
 TEST_F(TimerTicks, AnEventOfOneWeekdayFiresOnceAndWaitsForASearch) {
