@@ -35,18 +35,24 @@ std::string bytes_of(Files& files, const std::string& path) {
 }  // namespace
 
 void Drill::do_clock(const Words& words) {
+  if (words.size() == 2 && words[1].text == "steady") return machine_.make_wall_steady();
+  if (words.size() == 3 && words[1].text == "on") return machine_.step_wall(parse_duration(words[2].text));
+  if (words.size() == 3 && words[1].text == "back") return machine_.step_wall(-parse_duration(words[2].text));
   want(words, 3, "clock 2026-11-22 23:59:50");
   const Date date = parse_date(words[1]);
   machine_.set_wall(std::chrono::local_days(date) + parse_time_of_day(words[2].text));
 }
 
 void Drill::do_card(const Words& words) {
-  want(words, 3, "card 0 on, off, fail or work");
+  if (words.size() != 4) want(words, 3, "card 0 on, off, fail, work or stall 50ms");
   const int number = parse_int(words[1], "the card");
   if (number != 0 && number != 1) throw CommandError("the cards are 0 and 1");
   const std::string& state = words[2].text;
-  if (state == "fail" || state == "work")
-    machine_.set_card_failing(number, state == "fail");
+  if (state == "stall") {
+    want(words, 4, "card 0 stall 50ms");
+    machine_.faulty_cards().stall_next(number, parse_duration(words[3].text));
+  } else if (state == "fail" || state == "work")
+    machine_.faulty_cards().set_failing(number, state == "fail");
   else
     machine_.set_card(number, parse_switch(words[2], "on", "off"));
 }

@@ -61,15 +61,16 @@ void Drill::do_items(const Words& words) {
 
 void Drill::do_forget(const Words&) {
   machine_.sent().clear();
+  machine_.heard().clear();
   machine_.raised().clear();
 }
 
 void Drill::do_expect(const Words& words) {
   using Expectation = void (Drill::*)(const Words&);
   static const std::map<std::string_view, Expectation> expectations = {
-      {"tx", &Drill::expect_frames},       {"no", &Drill::expect_no},   {"box", &Drill::expect_box},
-      {"journal", &Drill::expect_journal}, {"row", &Drill::expect_row}, {"fault", &Drill::expect_fault},
-      {"watch", &Drill::expect_watch}};
+      {"tx", &Drill::expect_frames},       {"no", &Drill::expect_no},       {"box", &Drill::expect_box},
+      {"journal", &Drill::expect_journal}, {"row", &Drill::expect_row},     {"fault", &Drill::expect_fault},
+      {"watch", &Drill::expect_watch},     {"heard", &Drill::expect_frames}};
   // A fault has ended the process; all else is seen in one that runs.
   if (!console_ && (words.size() < 2 || words[1].text != "fault"))
     throw CommandError("the console has not been started");
@@ -85,10 +86,11 @@ void Drill::expect_frames(const Words& words) {
   std::vector<std::uint8_t> bytes;
   for (std::size_t i = 2; i < words.size(); ++i) bytes.push_back(parse_byte(words[i]));
   if (bytes.empty() || bytes.size() % kFrameBytes != 0) throw CommandError("a frame is six bytes here");
-  auto& sent = machine_.sent();
+  const bool heard = words[1].text == "heard";
+  auto& sent = heard ? machine_.heard() : machine_.sent();
   const std::size_t frames = bytes.size() / kFrameBytes;
   for (std::size_t i = 0; i < frames; ++i) {
-    if (i == sent.size()) throw CommandError("no frame was sent");
+    if (i == sent.size()) throw CommandError(heard ? "no frame was heard" : "no frame was sent");
     const auto* wanted = bytes.data() + i * kFrameBytes;
     const auto* found = sent[i].data() + 2;
     if (!std::equal(wanted, wanted + kFrameBytes, found))

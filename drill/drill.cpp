@@ -6,7 +6,19 @@
 namespace evac::drill {
 
 Drill::Drill(std::filesystem::path root, std::istream& in, std::ostream& out, bool number_lines)
-    : in_(in), out_(out), number_lines_(number_lines), machine_(std::move(root)) {
+    : Drill(
+          std::move(root), [&in](std::string& line) { return !!std::getline(in, line); },
+          [&out](const std::string& line, bool result) {
+            out << line << '\n';
+            if (result) out.flush();
+          },
+          number_lines) {}
+
+Drill::Drill(std::filesystem::path root, Source source, Sink sink, bool number_lines)
+    : source_(std::move(source)),
+      sink_(std::move(sink)),
+      number_lines_(number_lines),
+      machine_(std::move(root)) {
   machine_.trace = [this](const std::string& line) { print(line); };
   machine_.out_of_time = [this] { next_command(); };
 }
@@ -25,6 +37,11 @@ const std::map<std::string_view, Drill::Command>& Drill::commands() {
       {"remove", {&Drill::do_remove, true, true}},
       {"drive", {&Drill::do_drive, true, true}},
       {"port", {&Drill::do_port, true, true}},
+      {"disk", {&Drill::do_disk, true, true}},
+      {"media", {&Drill::do_media, true, true}},
+      {"line", {&Drill::do_line, true, true}},
+      {"hold", {&Drill::do_hold, false, true}},
+      {"kill", {&Drill::do_kill, false, true}},
       {"answer", {&Drill::do_answer, true, true}},
       {"ls", {&Drill::do_ls, true, true}},
       {"cat", {&Drill::do_cat, true, true}},
@@ -78,7 +95,7 @@ void Drill::next_command() {
   print_result();
   std::string line;
   while (true) {
-    if (!std::getline(in_, line)) throw NoMoreCommands{};
+    if (!source_(line)) throw NoMoreCommands{};
     ++line_;
     if (line.ends_with('\r')) line.pop_back();
     if (const auto first = line.find_first_not_of(" \t"); first != std::string::npos && line[first] != '#')
@@ -99,7 +116,7 @@ void Drill::next_command() {
 void Drill::print_result() {
   if (reported_) return;
   reported_ = true;
-  out_ << result_ << std::endl;
+  sink_(result_, true);
 }
 
 void Drill::obey(const Words& words) {

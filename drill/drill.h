@@ -18,12 +18,20 @@ class Drill {
  public:
   // `number_lines`: failing commands are reported with the number of their line.
   Drill(std::filesystem::path root, std::istream& in, std::ostream& out, bool number_lines);
+  // The next line of commands, asked for when all before it is done and no time is left; false: no more.
+  using Source = std::function<bool(std::string& line)>;
+  // Takes what is printed, a line each; the last one of a command is its result.
+  using Sink = std::function<void(const std::string& line, bool result)>;
+  Drill(std::filesystem::path root, Source source, Sink sink, bool number_lines);
   ~Drill();
 
   // Obeys all commands; the number of those that failed.
   int run();
   // Numbers of the faults that came and that nothing expected, the last one last.
   const std::vector<int>& faults() const { return faults_; }
+  VirtualMachine& machine() { return machine_; }
+  // Null while no process runs.
+  Console* console() { return console_.get(); }
 
  private:
   using Words = std::vector<Word>;
@@ -44,7 +52,7 @@ class Drill {
   void obey(const Words& words);
   void end_process();
   Windows& windows() { return console_->windows(); }
-  void print(const std::string& line) { out_ << line << '\n'; }
+  void print(const std::string& line) { sink_(line, false); }
 
   // The machine.
   void do_clock(const Words&);
@@ -57,6 +65,11 @@ class Drill {
   void do_remove(const Words&);
   void do_drive(const Words&);
   void do_port(const Words&);
+  void do_disk(const Words&);
+  void do_media(const Words&);
+  void do_line(const Words&);
+  void do_hold(const Words&);
+  void do_kill(const Words&);
   void do_ls(const Words&);
   void do_cat(const Words&);
   void do_dump(const Words&);
@@ -97,8 +110,8 @@ class Drill {
   void expect_watch(const Words&);
   void expect_fault(const Words&);
 
-  std::istream& in_;
-  std::ostream& out_;
+  const Source source_;
+  const Sink sink_;
   const bool number_lines_;
   VirtualMachine machine_;
   std::unique_ptr<Console> console_;

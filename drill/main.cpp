@@ -16,7 +16,31 @@ namespace fs = std::filesystem;
 constexpr const char* kUsage =
     "usage: console-drill [--root DIR] [FILE]\n"
     "  --root DIR  stands for all drives; a temporary one otherwise, removed at the end\n"
-    "  FILE        the commands, one a line; standard input otherwise\n";
+    "  FILE        the commands, one a line; standard input otherwise\n"
+    "\n"
+    "Faults, besides port COM1 bad, drive D off, nosound FILE and card 0 fail:\n"
+    "  disk full | fail | work  every write is refused as on a full or a broken disk; all faults of the disk "
+    "end\n"
+    "  disk room 100            so many bytes can still be written, wherever in a file they run out\n"
+    "  disk short 7             no write to the disk takes more than so many bytes at once\n"
+    "  disk stall 50ms          the next reading or writing takes so long, with nothing else handled\n"
+    "  media silent | work      no file can be opened by any of the media\n"
+    "  media stall 50ms         the next opening of a file takes so long in each of them\n"
+    "  card 0 stall 50ms        the next reading of that card takes so long\n"
+    "  line lost | back         the open line goes, with what its device held; it can be opened again\n"
+    "  line device 4096         from here on frames wait in an outbox and go through a device with such a "
+    "buffer at\n"
+    "                           4800 baud; \"heard AA AA ...\" is printed where one has reached the other "
+    "end, and\n"
+    "                           expect heard takes those in their order, as expect tx does\n"
+    "  line stall | work        that device takes no byte (and goes on with those that it has); it works "
+    "again\n"
+    "  line short 5             that device takes no more than so many bytes with one write\n"
+    "  clock steady             from here on the console sees the clock without a second left out or twice\n"
+    "  clock on 5s | back 5s    the system's clock is stepped; behind clock steady the console catches up\n"
+    "  hold 6s                  the process is stopped: time passes with nothing handled\n"
+    "  kill | kill in 100       the process is gone without a word, at once or when it has written so many "
+    "bytes\n";
 
 // A fresh directory, removed with all in it.
 class TemporaryRoot {

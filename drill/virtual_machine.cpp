@@ -21,18 +21,29 @@ std::string number_text(double value) {
   return text;
 }
 
+std::string hex_bytes(std::span<const std::uint8_t> bytes) {
+  std::string text;
+  for (const std::uint8_t byte : bytes) text += " " + hex_byte(byte);
+  return text;
+}
+
 }  // namespace
 
 VirtualMachine::VirtualMachine(fs::path root)
     : wall_at_zero_(kFirstMoment), root_(std::move(root)), files_({{'C', root_ / "c"}}) {
   fs::create_directories(root_ / "c" / kProgramFolderOnDisk);
+  files_.set_write(
+      [this](int fd, const void* bytes, std::size_t count) { return disk_.write(fd, bytes, count); });
+  steady_wall_.changed = [this] { loop_.keep_phase(); };
   out_of_time = [] { throw std::logic_error("a handler waits, and no time is left"); };
 }
 
 VirtualMachine::~VirtualMachine() = default;
 
 Machine VirtualMachine::machine() {
-  return {loop_, *this, port_, files_, {mp_, mp1_, mp2_, mp3_}, *this, *this, *this, *this};
+  auto& media = faulty_media_;
+  return {loop_,         *this, port_, faulty_files_, {media[0], media[1], media[2], media[3]},
+          faulty_cards_, *this, *this, *this};
 }
 
 void VirtualMachine::run_for(std::chrono::milliseconds duration) {
@@ -41,9 +52,59 @@ void VirtualMachine::run_for(std::chrono::milliseconds duration) {
     if (loop_.run_due()) continue;
     const auto due = loop_.next_due();
     if (!due || *due > limit_) break;
-    now_ = *due;
+    move_to(*due);
   }
-  now_ = limit_;
+  move_to(limit_);
+}
+
+void VirtualMachine::move_to(Instant time) {
+  now_ = std::max(now_, time);
+  if (carried_) carried_->advance(now_);
+}
+
+void VirtualMachine::hold(std::chrono::milliseconds duration) {
+  held_so_far_ += duration;
+  move_to(now_ + duration);
+  limit_ = std::max(limit_, now_);
+}
+
+WallTime VirtualMachine::wall() const {
+  const WallTime system = wall_at_zero_ + now_.time_since_epoch();
+  return steady_ ? steady_wall_.look(now_, system) : system;
+}
+
+Instant VirtualMachine::moment_of(WallTime time) const {
+  const WallTime shown = wall();
+  return now_ + (steady_ ? steady_wall_.until(time) : std::max(time - shown, std::chrono::milliseconds{}));
+}
+
+void VirtualMachine::carry_line(std::size_t buffer) {
+  carried_ = std::make_unique<CarriedLine>(buffer);
+  carried_->advance(now_);
+  carried_->arrived = [this, reader = rack::FrameReader{}](std::uint8_t byte, Instant) mutable {
+    Frame9 frame{};
+    if (!reader.take(byte, frame)) return;
+    heard_.push_back(frame);
+    trace("heard" + hex_bytes(frame));
+  };
+}
+
+void VirtualMachine::lose_line() {
+  line_lost_ = true;
+  if (carried_) carried_->lose(now_);
+  port_.lose();
+}
+
+void VirtualMachine::restore_line() {
+  line_lost_ = false;
+}
+
+void VirtualMachine::set_media_silent(bool on) {
+  for (FaultyMedia& media : faulty_media_) media.set_silent(on);
+}
+
+void VirtualMachine::stall_media(std::chrono::milliseconds time) {
+  for (FaultyMedia& media : faulty_media_) media.stall_next(time);
 }
 
 void VirtualMachine::set_wall(WallTime wall) {
@@ -53,6 +114,7 @@ void VirtualMachine::set_wall(WallTime wall) {
 void VirtualMachine::clear_process() {
   loop_.clear();
   port_.reset();
+  if (carried_) carried_->forget();
   for (VirtualMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->reset();
   held_ = false;
 }
@@ -84,11 +146,8 @@ void VirtualMachine::mount_drive(char letter) {
 }
 
 void VirtualMachine::idle(std::optional<Instant> next_due) {
-  if (next_due && *next_due <= limit_) {
-    now_ = std::max(now_, *next_due);
-    return;
-  }
-  now_ = std::max(now_, limit_);
+  if (next_due && *next_due <= limit_) return move_to(*next_due);
+  move_to(limit_);
   out_of_time();
 }
 
@@ -113,7 +172,7 @@ std::optional<Answer> VirtualMachine::answer_box() {
   held_ = true;
   while (now_ < until) {
     if (limit_ > now_)
-      now_ = std::min(limit_, until);
+      move_to(std::min(limit_, until));
     else
       out_of_time();
   }
@@ -146,25 +205,18 @@ std::string VirtualMachine::input(std::string_view prompt, std::string_view titl
 }
 
 std::int16_t VirtualMachine::register_card(int, int number) {
-  Card& card = cards_.at(static_cast<std::size_t>(number));
-  card.last = {};
-  return card.present ? static_cast<std::int16_t>(number) : std::int16_t{-1};
+  return cards_.at(static_cast<std::size_t>(number)) ? static_cast<std::int16_t>(number) : std::int16_t{-1};
 }
 
 void VirtualMachine::release_card(std::int16_t) {}
 
 bool VirtualMachine::read_port(std::int16_t handle, int port, std::int32_t& word) {
   if (handle < 0) return false;
-  Card& card = cards_.at(static_cast<std::size_t>(handle));
-  std::int32_t& last = card.last.at(static_cast<std::size_t>(port));
-  if (!card.failing) {
-    std::uint32_t bits = 0;
-    const auto first = static_cast<std::size_t>(handle * 64 + port * 32);
-    for (std::size_t i = 0; i < 32; ++i) bits |= std::uint32_t{contacts_.test(first + i)} << i;
-    last = static_cast<std::int32_t>(bits);
-  }
-  word = last;
-  return !card.failing;
+  std::uint32_t bits = 0;
+  const auto first = static_cast<std::size_t>(handle * 64 + port * 32);
+  for (std::size_t i = 0; i < 32; ++i) bits |= std::uint32_t{contacts_.test(first + i)} << i;
+  word = static_cast<std::int32_t>(bits);
+  return true;
 }
 
 void VirtualMachine::beep(int frequency, int duration) {
@@ -181,7 +233,8 @@ void VirtualMachine::restart(int flags) {
 }
 
 std::optional<std::string> VirtualMachine::Port::open_line(int number) {
-  if (bad.contains(number)) return "the port does not answer";
+  if (bad.contains(number) || owner_.line_lost_) return "the port does not answer";
+  if (owner_.carried_) owner_.carried_->restore();
   owner_.trace(join("port open COM", number));
   return std::nullopt;
 }
@@ -195,12 +248,11 @@ void VirtualMachine::Port::configure_line(const std::string& settings) {
 }
 
 void VirtualMachine::Port::write_line(std::span<const std::uint8_t> bytes) {
-  std::string line = "tx";
-  for (const std::uint8_t byte : bytes) line += " " + hex_byte(byte);
-  owner_.trace(line);
+  owner_.trace("tx" + hex_bytes(bytes));
   Frame9 frame{};
   std::copy_n(bytes.begin(), std::min(bytes.size(), frame.size()), frame.begin());
   owner_.sent_.push_back(frame);
+  if (owner_.carried_) owner_.carried_->put(frame, owner_.now_);
 }
 
 void VirtualMachine::VirtualMedia::set_file(std::string_view path) {

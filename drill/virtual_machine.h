@@ -7,11 +7,16 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "drill/carried_line.h"
+#include "machine/faulty_devices.h"
+#include "machine/faulty_files.h"
 #include "machine/posix_files.h"
+#include "machine/steady_wall.h"
 #include "model/system_model.h"
 #include "platform/machine.h"
 
@@ -44,7 +49,10 @@ class VirtualMachine : public LoopHost,
   // What the console is built on. Lives as long as the machine; a new console may follow one that ended.
   Machine machine();
   EventLoop& loop() { return loop_; }
+  // As the disk has them, without the faults.
   PosixFiles& files() { return files_; }
+  FaultyFiles& faulty_files() { return faulty_files_; }
+  FaultyDisk& disk() { return disk_; }
 
   // Told of everything that the console does to its machine, a line each.
   std::function<void(const std::string&)> trace = [](const std::string&) {};
@@ -56,6 +64,14 @@ class VirtualMachine : public LoopHost,
   // Gives time without letting it pass yet.
   void allow(std::chrono::milliseconds duration) { limit_ = now_ + duration; }
   void set_wall(WallTime wall);
+  // Time passes with nothing handled, as in a process that is stopped, or in a call that does not return.
+  void hold(std::chrono::milliseconds duration);
+  // All of that so far.
+  std::chrono::milliseconds held_so_far() const { return held_so_far_; }
+  // From here on the console sees the wall clock without a second left out; and the system's clock, stepped
+  // behind it.
+  void make_wall_steady() { steady_ = true; }
+  void step_wall(std::chrono::milliseconds by) { set_wall(wall_at_zero_ + now_.time_since_epoch() + by); }
   // Forgets what a console that is gone left: its events and its grip on the port.
   void clear_process();
 
@@ -64,6 +80,16 @@ class VirtualMachine : public LoopHost,
   void set_port_good(int number, bool good);
   // Frames written to the line and not yet taken away by whoever expects them.
   std::deque<Frame9>& sent() { return sent_; }
+  // From here on frames take the way through an outbox and a device with such a buffer.
+  void carry_line(std::size_t buffer);
+  // Frames that have passed on it and were not yet taken away.
+  std::deque<Frame9>& heard() { return heard_; }
+  // Null until then.
+  CarriedLine* carried() { return carried_.get(); }
+  // The open line goes, and can't be opened again until it is back.
+  void lose_line();
+  void restore_line();
+  bool line_lost() const { return line_lost_; }
 
   // Boxes.
   void queue_answer(Answer answer) { answers_.push_back(std::move(answer)); }
@@ -81,15 +107,20 @@ class VirtualMachine : public LoopHost,
   void mount_drive(char letter);
   void unmount_drive(char letter) { files_.unmount(letter); }
 
-  // Whether the card is there when the console registers it, and whether its readings fail.
-  void set_card(int number, bool present) { cards_.at(static_cast<std::size_t>(number)).present = present; }
-  void set_card_failing(int number, bool on) { cards_.at(static_cast<std::size_t>(number)).failing = on; }
+  // Whether the card is there when the console registers it.
+  void set_card(int number, bool present) { cards_.at(static_cast<std::size_t>(number)) = present; }
+  FaultyCards& faulty_cards() { return faulty_cards_; }
+  // No file can be opened by any of the media; the next opening takes so long.
+  void set_media_silent(bool on);
+  void stall_media(std::chrono::milliseconds time);
   // Digital input of zone 1..128.
   void set_contact(int zone, bool closed) { contacts_.set(static_cast<std::size_t>(zone - 1), closed); }
 
   // LoopHost
   Instant now() const override { return now_; }
-  WallTime wall() const override { return wall_at_zero_ + now_.time_since_epoch(); }
+  WallTime wall() const override;
+  Instant moment_of(WallTime time) const override;
+  void look_at_clock() override { (void)wall(); }
   void idle(std::optional<Instant> next_due) override;
   // WindowHost
   void form_shown(Form& form, bool modal) override;
@@ -116,6 +147,7 @@ class VirtualMachine : public LoopHost,
    public:
     explicit Port(VirtualMachine& owner) : SerialPort(owner.loop_), owner_(owner) {}
     void arrive(std::span<const std::uint8_t> bytes) { deliver(bytes); }
+    using SerialPort::lose;
     using SerialPort::reset;
     std::set<int> bad;
 
@@ -124,6 +156,7 @@ class VirtualMachine : public LoopHost,
     void close_line(int number) override;
     void configure_line(const std::string& settings) override;
     void write_line(std::span<const std::uint8_t> bytes) override;
+    bool keeps_frames() const override { return owner_.carried_ != nullptr; }
     VirtualMachine& owner_;
   };
 
@@ -153,24 +186,33 @@ class VirtualMachine : public LoopHost,
 
   // The next answer that was queued, after the box has been up for its time.
   std::optional<Answer> answer_box();
+  // Time never goes back; what the line carries meanwhile arrives.
+  void move_to(Instant time);
 
   Instant now_{}, limit_{};
+  std::chrono::milliseconds held_so_far_{0};
   WallTime wall_at_zero_{};
+  bool steady_ = false;
+  mutable SteadyWall steady_wall_;
   EventLoop loop_{*this};
   const std::filesystem::path root_;
+  const Hold hold_ = [this](std::chrono::milliseconds time) { hold(time); };
   PosixFiles files_;
+  FaultyDisk disk_;
+  FaultyFiles faulty_files_{files_, hold_};
+  std::unique_ptr<CarriedLine> carried_;
+  bool line_lost_ = false;
   Port port_{*this};
   VirtualMedia mp_{*this, "MP"}, mp1_{*this, "MP1"}, mp2_{*this, "MP2"}, mp3_{*this, "MP3"};
-  std::deque<Frame9> sent_;
+  std::array<FaultyMedia, 4> faulty_media_{FaultyMedia{mp_, hold_}, FaultyMedia{mp1_, hold_},
+                                           FaultyMedia{mp2_, hold_}, FaultyMedia{mp3_, hold_}};
+  std::deque<Frame9> sent_, heard_;
   std::deque<Answer> answers_;
   std::deque<std::string> raised_;
   bool held_ = false;
   std::map<std::string, double> sounds_;
-  struct Card {
-    bool present = false, failing = false;
-    std::array<std::int32_t, 2> last{};  // the words last read
-  };
-  std::array<Card, 2> cards_{};
+  std::array<bool, 2> cards_{};  // whether they are there
+  FaultyCards faulty_cards_{*this, hold_};
   std::bitset<128> contacts_;
 };
 

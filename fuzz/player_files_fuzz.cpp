@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "fuzz/tally.h"
 #include "model/text.h"
 #include "store/code_page.h"
 #include "store/play_list_file.h"
@@ -44,6 +45,8 @@ void check_list(std::string_view bytes) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static evac::Tally tally;
+  tally.take(size);
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   check_tag(bytes);
   check_list(bytes);

@@ -28,12 +28,12 @@ BackgroundFiles::~BackgroundFiles() {
 }
 
 FileError BackgroundFiles::append(std::string_view path, std::string_view bytes) {
-  return queue(std::make_shared<Write>(true, std::string(path), std::string(bytes), Clock::now()),
+  return queue(std::make_shared<Write>(Write{true, std::string(path), std::string(bytes), Clock::now()}),
                kAppendWait);
 }
 
 FileError BackgroundFiles::replace(std::string_view path, std::string_view bytes) {
-  return queue(std::make_shared<Write>(false, std::string(path), std::string(bytes), Clock::now()),
+  return queue(std::make_shared<Write>(Write{false, std::string(path), std::string(bytes), Clock::now()}),
                kReplaceWait);
 }
 

@@ -14,6 +14,8 @@ template <class... Each>
 struct Overloaded : Each... {
   using Each::operator()...;
 };
+template <class... Each>
+Overloaded(Each...) -> Overloaded<Each...>;
 
 }  // namespace
 
@@ -34,6 +36,8 @@ Outbox::Subject Outbox::subject_of(const rack::Frame& frame) {
                                             : Subject{Subject::kAlarm, power.channel};
                                },
                                [](const rack::AlertStart&) { return Subject{Subject::kAlertStart}; },
+                               // Whichever terminal it asks: whoever asked before waits no longer.
+                               [](const rack::TerminalQuery&) { return Subject{Subject::kQuery}; },
                                [](const rack::PollAnswer&) { return Subject{Subject::kAnswer}; },
                                [](const rack::DateSet&) { return Subject{Subject::kClock}; },
                                [](const rack::TimeSet&) { return Subject{Subject::kClock}; },
@@ -72,7 +76,9 @@ std::deque<Outbox::Waiting>::iterator Outbox::place_of_answer() {
 }
 
 bool Outbox::continues_the_last(const Subject& subject) const {
-  if (subject.kind == Subject::kNone || waiting_.empty() || waiting_.back().subject != subject) return false;
+  if (subject.kind == Subject::kNone || subject.kind == Subject::kQuery || waiting_.empty() ||
+      waiting_.back().subject != subject)
+    return false;
   int together = 1;
   for (auto frame = waiting_.rbegin(); frame != waiting_.rend() && frame->goes_on; ++frame) ++together;
   return together < (subject.kind == Subject::kAlertStart ? kAlertStartFrames : kPair);
@@ -82,11 +88,10 @@ void Outbox::drop_overridden(const Subject& by) {
   const auto needless = [&](const Subject& subject) {
     switch (by.kind) {
       case Subject::kNone:
-      case Subject::kAlertStart:
         return false;
       case Subject::kStop:
         return subject.kind == Subject::kZone || subject.kind == Subject::kTerminal ||
-               subject.kind == Subject::kStop;
+               subject.kind == Subject::kAlertStart || subject.kind == Subject::kStop;
       default:
         return subject == by;
     }

@@ -46,7 +46,19 @@ class Outbox {
  private:
   // What a frame sets: frames of one kind and number override each other.
   struct Subject {
-    enum Kind { kNone, kZone, kTerminal, kOutlets, kMatrix, kAlarm, kStop, kAlertStart, kAnswer, kClock };
+    enum Kind {
+      kNone,
+      kZone,
+      kTerminal,
+      kOutlets,
+      kMatrix,
+      kAlarm,
+      kStop,
+      kAlertStart,
+      kQuery,
+      kAnswer,
+      kClock
+    };
     Kind kind = kNone;
     int number = 0;
     bool operator==(const Subject&) const = default;

@@ -81,16 +81,6 @@ FileError check_regular(int fd, off_t most = std::numeric_limits<off_t>::max()) 
   return S_ISREG(status.st_mode) && status.st_size <= most ? kNoError : kBadFileMode;
 }
 
-FileError write_all(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(fd, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return error_of(errno);
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return kNoError;
-}
-
 FileError sync_file(int fd) {
   return ::fsync(fd) == 0 ? kNoError : error_of(errno);
 }
@@ -109,6 +99,17 @@ FileError make_folders(const fs::path& folder) {
 }
 
 }  // namespace
+
+FileError PosixFiles::write_all(int fd, std::string_view bytes) const {
+  while (!bytes.empty()) {
+    const ssize_t written =
+        write_ ? write_(fd, bytes.data(), bytes.size()) : ::write(fd, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return error_of(errno);
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return kNoError;
+}
 
 fs::path PosixFiles::locate(std::string_view path) const {
   if (path.size() < 2 || path[1] != ':') return {};
@@ -196,7 +197,11 @@ FileError PosixFiles::append(std::string_view path, std::string_view bytes) {
   if (const FileError error = check_regular(descriptor.get())) return error;
   // One that was there before may be open to others. Who can't close it writes all the same.
   (void)::fchmod(descriptor.get(), kFileMode);
-  return write_all(descriptor.get(), bytes);
+  const off_t before = ::lseek(descriptor.get(), 0, SEEK_END);
+  const FileError error = write_all(descriptor.get(), bytes);
+  // Half a line would run into the next one. A disk that can't take it back leaves it.
+  if (error != kNoError && before >= 0) (void)!::ftruncate(descriptor.get(), before);
+  return error;
 }
 
 FileError PosixFiles::sync(std::string_view path, bool folder) const {

@@ -2,7 +2,10 @@
 // is for its own user alone: files 0600, folders 0700.
 #pragma once
 
+#include <sys/types.h>
+
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <set>
 
@@ -36,6 +39,9 @@ class PosixFiles : public Files {
   // Puts a drive in, with its directory, or takes it out.
   void mount(char letter, std::filesystem::path directory) { drives_[letter] = std::move(directory); }
   void unmount(char letter) { drives_.erase(letter); }
+  // In place of the system's own write: how much of it was written, or -1 and errno.
+  using Write = std::function<ssize_t(int fd, const void* bytes, std::size_t count)>;
+  void set_write(Write write) { write_ = std::move(write); }
   // Where a path of the system lies on the disk: the existing spelling of each part, the given one of what is
   // missing. Empty for a drive that is not there.
   std::filesystem::path locate(std::string_view path) const;
@@ -47,8 +53,10 @@ class PosixFiles : public Files {
   // Removes the neighbours that processes left when they ended in the middle of a save.
   void remove_stale(const std::filesystem::path& folder);
   std::vector<std::string> names(std::string_view path, bool folders) const;
+  FileError write_all(int fd, std::string_view bytes) const;
 
   std::map<char, std::filesystem::path> drives_;
+  Write write_;                                      // none: the system's
   int neighbours_ = 0;                               // made so far
   std::set<std::filesystem::path> cleared_folders_;  // of stale neighbours, before the first save there
 };

@@ -155,5 +155,22 @@ TEST_F(OnTheLine, TheStopOfAllIsNeverFarAwayAndNothingBehindItIsLost) {
   EXPECT_TRUE(network.outlet(8, 8));
 }
 
+TEST_F(OnTheLine, ALineThatIsGoneForADayGathersNeitherAlertStartsNorQueries) {
+  for (int minute = 0; minute < 24 * 60; ++minute) {
+    put(0x0C, {0x01, 0x00, 0xD2, 0x00, 0xAA});
+    put(0x20, {0x01, 0x02, 0xD2, 0x00, 0xAA});
+    put(0x09, {0x00, 0x0F, 0xD2, 0x00, 0xAA});
+    if (minute % 2) stop();
+    put(0x0A, {0x03, static_cast<std::uint8_t>(1 + minute % 100), 0, 0, 0});
+  }
+  // Two seconds of them, and the last of each.
+  EXPECT_LE(outbox.frames_waiting(now), 100 + 3 + 1 + 1);
+  put(0x0C, {0x01, 0x00, 0xD2, 0x00, 0xAA});
+  put(0x20, {0x01, 0x02, 0xD2, 0x00, 0xAA});
+  put(0x09, {0x00, 0x0F, 0xD2, 0x00, 0xAA});
+  carry(3s);
+  EXPECT_TRUE(network.alert()) << "all three parts of the last one";
+}
+
 }  // namespace
 }  // namespace evac

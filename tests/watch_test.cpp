@@ -215,10 +215,10 @@ TEST_F(FiresWaiting, AContactThatHasClosedSinceTheLastLook) {
   EXPECT_FALSE(waits());
   machine.set_contact(7, false);
   EXPECT_FALSE(waits());
-  machine.set_card_failing(1, true);
+  machine.faulty_cards().set_failing(1, true);
   machine.set_contact(128, true);
   EXPECT_FALSE(waits());
-  machine.set_card_failing(1, false);
+  machine.faulty_cards().set_failing(1, false);
   EXPECT_TRUE(waits());
 }
 

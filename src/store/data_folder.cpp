@@ -6,12 +6,15 @@ namespace evac {
 
 FileError DataFolder::read(std::string_view file, std::string& bytes) {
   const FileError error = doors_.files.read(path(file), bytes);
-  return error == kFileNotFound ? doors_.files.replace(path(file), "") : error;
+  if (error != kFileNotFound) return error;
+  const FileError made = doors_.files.replace(path(file), "");
+  // A full disk takes nothing from a file that holds nothing.
+  return made == kDiskFull ? kNoError : made;
 }
 
 void DataFolder::reading_ended(std::string_view file, bool cut) {
   CutFile* known = doors_.known.find(file);
-  if (!known && cut) known = &doors_.known.cut_files.emplace_back(std::string(file));
+  if (!known && cut) known = &doors_.known.cut_files.emplace_back(CutFile{std::string(file)});
   if (!known || known->cut == cut) return;
   known->cut = cut;
   ++doors_.known.edition;

@@ -27,7 +27,7 @@ class DataFolder {
   // The files of a folder in it, such as "timer", by name and as they are listed.
   std::vector<std::string> names(std::string_view folder) const { return doors_.files.files(path(folder)); }
 
-  // A missing file is created empty.
+  // A missing file is created empty; on a full disk it reads as empty all the same.
   FileError read(std::string_view file, std::string& bytes);
   // Told behind each reading: whether it was cut, that is left a record untaken that is not empty.
   void reading_ended(std::string_view file, bool cut);
