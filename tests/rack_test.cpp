@@ -198,5 +198,14 @@ TEST_F(RackTest, FindsFramesInNoise) {
   EXPECT_EQ(rack.network().zone(9).times_set, 3);
 }
 
+TEST_F(RackTest, HasTheContactsOfBothCards) {
+  rack.set_contact(1, true);
+  rack.set_contact(32, true);
+  rack.set_contact(97, true);
+  EXPECT_EQ(rack.contact_word(0, 0), 0x80000001u);
+  EXPECT_EQ(rack.contact_word(0, 1), 0u);
+  EXPECT_EQ(rack.contact_word(1, 1), 1u);
+}
+
 }  // namespace
 }  // namespace evac::rack
