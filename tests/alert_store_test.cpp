@@ -1,7 +1,5 @@
-// The alert's files: their bytes, their faults, and what a thousand ways of damage do to them.
+// The alert's files: their bytes and their faults.
 #include <gtest/gtest.h>
-
-#include <random>
 
 #include "tests/alert_rig.h"
 
@@ -143,63 +141,6 @@ TEST_F(AlertFiles, OneThatCannotBeReadOrWrittenIsToldAndTheSaveGoesOn) {
   EXPECT_EQ(boxes(), (Texts{"Ошибка чтения файла f_al.dat 75", "Ошибка чтения файла f_al_str,dat 75"}));
   EXPECT_EQ(console->model().settings.SettingsLine[kScanCycles], "1");
 }
-
-// Whatever a file holds, what comes before the damage is read, and the rest is read, left out or reported.
-// With every tenth damage a console starts and lives through a fire, a second one, resets and a manual
-// message.
-class DamagedAlertFiles : public AlertFiles, public testing::WithParamInterface<std::string> {
- protected:
-  void load(const std::string& whole, const std::string& bytes) {
-    ASSERT_EQ(store.LoadSettings(), kNoError);
-    const FileError error = store.LoadAlgorithms();
-    ASSERT_TRUE(error == kNoError || (error == kFileSubscript && data.cut(kAlgorithmFile)));
-    const auto intact = static_cast<int>(
-        std::mismatch(whole.begin(), whole.end(), bytes.begin(), bytes.end()).first - whole.begin());
-    for (int i = 0; GetParam() == kSettingsFile && i < intact / 256; ++i)
-      EXPECT_EQ(line[i], controller_settings()[static_cast<std::size_t>(i)]);
-    if (GetParam() == kAlgorithmFile && intact >= 512) {
-      EXPECT_EQ(table(1, 1), step_record(1, 1, 2, 1));
-    }
-  }
-  void live() {
-    machine.set_contact(1, false);
-    machine.set_contact(33, false);
-    start();
-    machine.set_contact(1, true);
-    run(5s);
-    machine.set_contact(33, true);
-    run(5s);
-    auto& form = console->form1();
-    for (int i = 0; i < 2; ++i) form.CmdStF.click();
-    machine.queue_answer({drill::Answer::Kind::kYes, "", 0ms});
-    form.CmdAl.click();
-    run(5s);
-    form.CmdCan.click();
-    run(1s);
-    machine.raised().clear();
-  }
-};
-
-TEST_P(DamagedAlertFiles, LoadOrAreReported) {
-  logging = false;
-  settle(controller_settings());
-  settle_steps({step_record(1, 1, 2, 1), step_record(1, 2, 1, 2), step_record(7, 1, 3, 7),
-                step_record(33, 1, 1, 33), step_record(96, 1, 100, 96)});
-  const std::string whole = data.bytes_of(GetParam());
-  for (unsigned seed = 0; seed < 1000; ++seed) {
-    SCOPED_TRACE(seed);
-    std::mt19937 random(seed);
-    const std::string bytes = damaged(whole, 6, random);
-    ASSERT_EQ(data.folder.replace(GetParam(), bytes), kNoError);
-    load(whole, bytes);
-    if (seed % 10 == 0) {
-      EXPECT_NO_THROW(live());
-    }
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, DamagedAlertFiles, testing::Values(kAlgorithmFile, kSettingsFile),
-                         [](const auto& info) { return info.param == kAlgorithmFile ? "f_al" : "f_al_str"; });
 
 }  // namespace
 }  // namespace evac

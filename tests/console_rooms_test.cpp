@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <random>
 
 #include "app/console.h"
 #include "drill/virtual_machine.h"
@@ -169,60 +168,6 @@ TEST_F(ConsoleRooms, ADamagedNumberCostsNoOther) {
   EXPECT_EQ(last_box(), "");
 }
 
-TEST_F(ConsoleRooms, TheHundredthTrackOrPresetIsCountedButNeitherSentNorShown) {
-  struct Source {
-    Button& next;
-    const Label& text;
-    const std::int16_t& number;
-  };
-  for (int i = 0; i < 3; ++i) {
-    SCOPED_TRACE(i);
-    Form1& form1 = start();
-    auto& sources = console->model().sources;
-    const Source all[] = {{form1.CmdCD[1], form1.LblCD, sources.cd_track},
-                          {form1.CmdMP3[1], form1.LblMP3, sources.mp3_track},
-                          {form1.CmdT[2], form1.SourcesTab::LblT, sources.tuner_preset}};
-    const Source& source = all[i];
-    while (source.number < 99) source.next.click();
-    ASSERT_EQ(machine.sent().size(), 98u);
-    EXPECT_EQ(machine.sent()[8][6], 0x10);
-    EXPECT_EQ(machine.sent().back()[6], 0x99);
-    try {
-      source.next.click();
-      FAIL() << "no fault";
-    } catch (const Fault& fault) {
-      EXPECT_EQ(fault.number(), 6);
-    }
-    EXPECT_EQ(source.number, 100);
-    EXPECT_EQ(machine.sent().size(), 98u);
-    EXPECT_TRUE(source.text.caption().ends_with("- 99") || source.text.caption().ends_with("-99"));
-  }
-}
-
-TEST_F(ConsoleRooms, EachOutletIsAskedAboutByItsNumberAndOnlyTheFirstSequencerHasATitleOfItsOwn) {
-  Form1& form1 = start();
-  std::vector<std::string> asked;
-  machine.trace = [&](const std::string& line) {
-    if (line.starts_with("box ")) asked.push_back(line);
-  };
-  const auto box = [](const std::string& text, const std::string& title) {
-    return "box \"" + text + "\" \"" + title + "\" yesno -> no";
-  };
-  for (int n = 1; n <= kSequencers; ++n) {
-    const int i = n - 1;
-    form1.CmdTW(n)[i].click();
-    form1.CmdTW(n)[i].click();
-    EXPECT_EQ(asked.back(), box("Действительно выключить канал " + std::to_string(i + 1),
-                                n == 1 ? "Power off" : "Power OFF"));
-  }
-  console->model().power.alarm9_on = true;
-  form1.CmdTW9.click();
-  EXPECT_EQ(asked.back(), box("Действительно выключить аварийные каналы 9 и 10", "Power OFF"));
-  form1.CmdTW10.click();
-  EXPECT_EQ(asked.back(), box("Включить аварийный канал 10", "Power ON"));
-  EXPECT_EQ(machine.sent().size(), 8u);
-}
-
 TEST_F(ConsoleRooms, AMaskTooWideBringsUpNoOutletThatIsNotThere) {
   Form1& form1 = start();
   console->model().power.SeqSavedMask[1] = -128;
@@ -231,63 +176,6 @@ TEST_F(ConsoleRooms, AMaskTooWideBringsUpNoOutletThatIsNotThere) {
   ASSERT_EQ(machine.sent().size(), 2u);
   EXPECT_EQ(machine.sent()[1], (Frame9{0xAA, 0xAA, 7, 7, 1, 0xEE, 0, 0, 0xFD}));
   EXPECT_FALSE(form1.Timer13.enabled());
-}
-
-TEST_F(ConsoleRooms, FilesDamagedAtRandomLoadAndCanBeWorkedWith) {
-  write_zones(4);
-  write_computer(25);
-  std::vector<CellRecord> terminals(kTerminals, {"9", 2});
-  ASSERT_EQ(write_cells(data.folder, preset_file(1), terminals), kNoError);
-  ASSERT_EQ(write_names(data.folder, kTerminalNamesFile, {"1\tA", "2\tB"}), kNoError);
-  const std::string_view names[] = {kZoneFile, "F_ustT1.dat", kEquipmentFile, kTerminalNamesFile};
-  std::map<std::string_view, std::string> whole;
-  for (const auto name : names) whole[name] = data.bytes_of(name);
-  for (unsigned seed = 1; seed <= 40; ++seed) {
-    SCOPED_TRACE(seed);
-    std::mt19937 random(seed);
-    for (const auto name : names) {
-      ASSERT_EQ(data.folder.replace(name, damaged(whole[name], 60, random)), kNoError);
-    }
-    Form1& form1 = start();
-    console->model().settings.SettingsLine[kBlockSource] = "1";
-    const auto press_all = [&] {
-      for (Button* button : {&form1.CmdAllZ, &form1.CmdGr2, &form1.CmdGrK, &form1.CmdAG, &form1.CmdTG})
-        button->click();
-      form1.Option1.press();
-      form1.CmdU.click();
-      for (const auto name : {"Form22", "Form33", "Form55"}) window(name).find("Command1")->click();
-      window("Form4").find("CmdSave")->click();
-    };
-    ASSERT_NO_THROW(press_all());
-    console.reset();
-    machine.clear_process();
-  }
-}
-
-TEST_F(ConsoleRooms, NamesPastTheLastButtonKeepTheirRecords) {
-  std::vector<std::string> lines;
-  for (int n = 1; n <= 260; ++n) lines.push_back(std::to_string(n) + "\tБлок " + std::to_string(n));
-  lines[1] = "";
-  lines[2] = "без номера";
-  ASSERT_EQ(write_names(data.folder, kTerminalNamesFile, lines), kNoError);
-  Form1& form1 = start();
-  auto& list = dynamic_cast<ListBox&>(*window("Form4").find("List1"));
-  EXPECT_EQ(list.count(), 259);
-  EXPECT_EQ(form1.CmdAT[2].tool_tip(), "");
-  EXPECT_EQ(form1.CmdAT[3].tool_tip(), "без номера");
-  EXPECT_EQ(form1.CmdAT[255].tool_tip(), "Блок 255");
-  window("Form4").find("CmdSave")->click();
-  // The gap closes: every name moves up by one.
-  EXPECT_EQ(form1.CmdAT[2].tool_tip(), "без номера");
-  EXPECT_EQ(form1.CmdAT[255].tool_tip(), "Блок 256");
-  ASSERT_EQ(read_names(data.folder, kTerminalNamesFile, lines), kNoError);
-  EXPECT_EQ(lines.back(), "260\tБлок 260");
-  // A full list takes no more.
-  auto& number = dynamic_cast<ScrollBar&>(*window("Form4").find("VS1"));
-  dynamic_cast<TextBox&>(*window("Form4").find("Txt1")).set_text("Новый");
-  number.set_value(2);
-  window("Form4").find("CmdAdd")->click();
-  EXPECT_EQ(list.count(), 259);
 }
 
 }  // namespace

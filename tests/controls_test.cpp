@@ -139,22 +139,6 @@ TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {
   EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(Controls, NamesAreFoundWithTheirIndexAndAWrongIndexIsAFault) {
-  ControlArray<Button> array(form.place(), "CmdAZ", 1, 3, "");
-  Label first(form.place("AlarmTab"), "LblT"), second(form.place("SourcesTab"), "LblT");
-  EXPECT_EQ(form.find("CmdAZ", 3), &array[3]);
-  EXPECT_EQ(form.find("CmdAZ"), nullptr);
-  EXPECT_EQ(form.find("CmdAZ", 0), nullptr);
-  EXPECT_EQ(form.find("LblT"), &first);
-  EXPECT_EQ(form.find("LblT", {}, "SourcesTab"), &second);
-  try {
-    array[0];
-    FAIL();
-  } catch (const Fault& fault) {
-    EXPECT_EQ(fault.number(), 9);
-  }
-}
-
 TEST_F(Controls, AViewIsToldOfChangesAndOfNothingElse) {
   struct View : ControlView {
     void control_changed(Control&) override { ++changes; }
@@ -171,28 +155,6 @@ TEST_F(Controls, AViewIsToldOfChangesAndOfNothingElse) {
   label.set_focus();
   EXPECT_EQ(view.changes, 2);
   EXPECT_EQ(view.focuses, 1);
-}
-
-TEST_F(Controls, GridSortsNumbersByValueBeforeWords) {
-  Grid grid(form.place(), "MSF2", 2);
-  grid.set_row_count(4);
-  const char* rows[][2] = {{"10", "a"}, {"9", "b"}, {"нет", "c"}, {"9", "d"}};
-  for (int r = 0; r < 4; ++r)
-    for (int c = 0; c < 2; ++c) grid.set_cell(r, c, rows[r][c]);
-  grid.sort(0);
-  std::string order;
-  for (int r = 0; r < 4; ++r) order += grid.cell(r, 1);
-  EXPECT_EQ(order, "bdac");
-  EXPECT_THROW(grid.cell(4, 0), Fault);
-}
-
-TEST_F(Controls, KeysPassThroughTheirHandler) {
-  TextBox box(form.place(), "Txt");
-  box.key_press = [](std::string& key) {
-    if (key != "\b" && (key < "0" || key > "9")) key.clear();
-  };
-  for (const char* key : {"4", "ж", "2", "\b", "7"}) user::press_key(box, key);
-  EXPECT_EQ(box.text(), "47");
 }
 
 TEST_F(Controls, TheCaretOfAMaskedInputJumpsTheMasksOwnCharacters) {
@@ -216,19 +178,6 @@ TEST_F(Controls, TheCaretOfAMaskedInputJumpsTheMasksOwnCharacters) {
   user::set_text(time, "1");
   user::press_key(time, "9");
   EXPECT_EQ(time.text(), "19");
-}
-
-TEST_F(Controls, ACalendarTakesNoMoreDaysThanItsLimitAndAlwaysTellsOfAChoice) {
-  using namespace std::chrono;
-  MonthCalendar calendar(form.place(), "MonthView1", 31);
-  int changes = 0;
-  calendar.change = [&] { ++changes; };
-  const Date first{2026y / December / 20};
-  for (int time = 0; time < 2; ++time) user::pick(calendar, first, 2027y / January / 20);
-  EXPECT_EQ(calendar.to(), Date(2027y / January / 19));
-  user::pick(calendar, first, first);
-  EXPECT_EQ(calendar.to(), first);
-  EXPECT_EQ(changes, 3);
 }
 
 TEST_F(Controls, TheListOfDrivesFollowsTheDrivesAndKeepsTheChosenOne) {

@@ -65,21 +65,6 @@ TEST_F(Drills, TheEndOfTheProcessUnwindsEverythingAndAFaultDoesToo) {
             "ok\nok\nfault 76 \"Path not found: C:\\\\ZEF_DAT\"\nok\n");
 }
 
-TEST_F(Drills, ALostLineIsTriedOnceASecondUntilItIsBack) {
-  // The gate before a settings window.
-  const std::string past = "set Txt1 \"x\"\nset Txt1 \"\"\nclick CmdVPsW\n";
-  const std::string asked = "show FrmPsW modal\nok\nok\nok\nhide FrmPsW\n";
-  run("file \"C:\\ZEF_DAT\\F_ust.dat\" \"\"\nstart\nclick M_n_o\n" + past + "click Opt1\nclick Command1\n");
-  EXPECT_EQ(run("start\nport COM1 bad\nclick M_n_z\n" + past +
-                "wait 1500ms\nport COM1 good\nwait 499ms\nwait 1ms\nclose\nport COM1 bad\nclick M_n_z\n" +
-                past + "port COM1 good\nclose\nclick M_n_t\n" + past + "wait 9s\n"),
-            "ok\n" + asked +
-                "port close COM1\nshow Form33 modal\nok\nok\nok\nok\nport open COM1\nok\nhide Form33\nok\n"
-                "ok\n" +
-                asked + "port close COM1\nshow Form33 modal\nok\nok\nhide Form33\nok\n" + asked +
-                "port open COM1\nshow Form55 modal\nok\nok\n");
-}
-
 TEST_F(Drills, ClockJumpsAndTimersGoOnByElapsedTime) {
   EXPECT_EQ(run("start\nwait 250ms\nnow\nclock 2026-11-22 23:59:59\nnow\nwait 0.75s\nget LblDate.caption\n"
                 "wait until 00:00:00\nnow\n"),

@@ -1,4 +1,4 @@
-// The loop's promises: order, phase, late ticks, waiting inside a handler, boxes that hold and windows that
+// The loop's promises: order, phase, late ticks, waiting inside a handler, boxes that hold everything.
 // do not.
 #include <gtest/gtest.h>
 
@@ -128,32 +128,6 @@ TEST_F(Loop, EventsRunInTheOrderOfTheirMoments) {
   });
   machine.run_for(250ms);
   EXPECT_EQ(order, "12baba");
-}
-
-TEST_F(Loop, AModalWindowHoldsItsCallerAndTheWindowsUnderItButNoTicks) {
-  Form dialog(windows, "Form2", "");
-  Button under(form.place(), "CmdUnder"), inside(dialog.place(), "CmdInside");
-  Timer timer(form.place(), "T", 100);
-  int ticks = 0;
-  bool returned = false;
-  timer.tick = [&] { ++ticks; };
-  timer.set_enabled(true);
-  inside.click = [&] { windows.hide(dialog); };
-  int commands = 0;
-  machine.out_of_time = [&] {
-    if (++commands == 1) {
-      EXPECT_FALSE(user::click(under));
-      machine.allow(1s);
-    } else {
-      EXPECT_EQ(ticks, 10);
-      EXPECT_FALSE(returned);
-      EXPECT_TRUE(user::click(inside));
-    }
-  };
-  windows.show_modal(dialog);
-  returned = true;
-  EXPECT_EQ(commands, 2);
-  EXPECT_TRUE(user::click(under));
 }
 
 }  // namespace

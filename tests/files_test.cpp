@@ -87,9 +87,12 @@ class PowerCuts {
   std::map<ino_t, std::string> synced_bytes_;
 };
 
-TEST(PosixFiles, PathsWithoutRegardToCase) {
+struct Disk : testing::Test {
   Scratch scratch;
-  PosixFiles files({{'C', scratch.path}});
+  PosixFiles files{{{'C', scratch.path}}};
+};
+
+TEST_F(Disk, PathsWithoutRegardToCase) {
   EXPECT_EQ(files.make_folder("C:\\ZEF_DAT\\message\\"), kNoError);
   EXPECT_EQ(files.replace("c:\\zef_dat\\Message\\Тревога.WAV", "abc"), kNoError);
   EXPECT_TRUE(fs::exists(scratch.path / "ZEF_DAT/message/Тревога.WAV"));
@@ -106,10 +109,8 @@ TEST(PosixFiles, PathsWithoutRegardToCase) {
   EXPECT_FALSE(files.drive_ready('D'));
 }
 
-TEST(PosixFiles, WhatIsWrittenIsForItsOwnUserAlone) {
-  Scratch scratch;
+TEST_F(Disk, WhatIsWrittenIsForItsOwnUserAlone) {
   const mode_t mask = ::umask(0);
-  PosixFiles files({{'C', scratch.path}});
   const auto mode = [&](const char* path) {
     struct stat status {};
     return ::stat((scratch.path / path).c_str(), &status) == 0 ? status.st_mode & 0777 : 0;
@@ -129,21 +130,6 @@ TEST(PosixFiles, WhatIsWrittenIsForItsOwnUserAlone) {
   ::umask(mask);
 }
 
-TEST(PosixFiles, TheEndOfAFileIsReadAlone) {
-  Scratch scratch;
-  PosixFiles files({{'C', scratch.path}});
-  ASSERT_EQ(files.replace("C:\\a.mp3", "0123456789"), kNoError);
-  std::string bytes;
-  EXPECT_EQ(files.read_end("C:\\A.mp3", 4, bytes), kNoError);
-  EXPECT_EQ(bytes, "6789");
-  EXPECT_EQ(files.read_end("C:\\a.mp3", 128, bytes), kNoError);
-  EXPECT_EQ(bytes, "0123456789");
-  EXPECT_EQ(files.read_end("C:\\b.mp3", 4, bytes), kFileNotFound);
-  EXPECT_EQ(files.read_end("D:\\a.mp3", 4, bytes), kDriveNotReady);
-  EXPECT_NE(files.read_end("C:\\", 4, bytes), kNoError);
-  EXPECT_EQ(bytes, "");
-}
-
 TEST(PosixFiles, NothingLeadsOutOfADrive) {
   Scratch scratch;
   fs::create_directories(scratch.path / "c/ZEF");
@@ -161,9 +147,7 @@ TEST(PosixFiles, NothingLeadsOutOfADrive) {
   EXPECT_TRUE(fs::exists(scratch.path / "secret"));
 }
 
-TEST(PosixFiles, WheneverThePowerGoesASaveIsTheOldFileOrTheNewOneAndTheNewOneOnceItReturned) {
-  Scratch scratch;
-  PosixFiles files({{'C', scratch.path}});
+TEST_F(Disk, WheneverThePowerGoesASaveIsTheOldFileOrTheNewOneAndTheNewOneOnceItReturned) {
   ASSERT_EQ(files.replace("C:\\F_ust.dat", "old old"), kNoError);
   PowerCuts cuts(scratch.path);
   ASSERT_EQ(files.replace("C:\\F_ust.dat", "new new new"), kNoError);
@@ -172,11 +156,9 @@ TEST(PosixFiles, WheneverThePowerGoesASaveIsTheOldFileOrTheNewOneAndTheNewOneOnc
     EXPECT_TRUE(disk["F_ust.dat"] == "old old" || disk["F_ust.dat"] == "new new new") << disk["F_ust.dat"];
 }
 
-TEST(PosixFiles, TwoProgramsSaveOneFileAtATimeAndTheDeadOnesNeighbourGoes) {
-  Scratch scratch;
+TEST_F(Disk, TwoProgramsSaveOneFileAtATimeAndTheDeadOnesNeighbourGoes) {
   const std::string dead = "F_ust.dat.999999999-1.new~";
   std::ofstream(scratch.path / dead) << "torn";
-  PosixFiles files({{'C', scratch.path}});
   EXPECT_TRUE(files.files("C:\\").empty());
   PowerCuts cuts(scratch.path);
   std::optional<int> other;
@@ -207,9 +189,7 @@ TEST(PosixFiles, TwoProgramsSaveOneFileAtATimeAndTheDeadOnesNeighbourGoes) {
   EXPECT_EQ(std::distance(begin(left), end(left)), 1);
 }
 
-TEST(DataFolder, WheneverThePowerGoesWhatACutReadingLeftIsThere) {
-  Scratch scratch;
-  PosixFiles files({{'C', scratch.path}});
+TEST_F(Disk, WheneverThePowerGoesWhatACutReadingLeftIsThere) {
   StoredData data(files);
   ASSERT_EQ(data.folder.replace("F_ust.dat", "four rows"), kNoError);
   data.folder.reading_ended("F_ust.dat", true);
@@ -220,9 +200,7 @@ TEST(DataFolder, WheneverThePowerGoesWhatACutReadingLeftIsThere) {
   for (auto disk : cuts.now()) EXPECT_EQ(disk["F_ust.dat"] + disk["F_ust.dat.bak"], "onefour rows");
 }
 
-TEST(PosixFiles, WhatIsNoRegularFileIsAnErrorAndNeverWaitedFor) {
-  Scratch scratch;
-  PosixFiles files({{'C', scratch.path}});
+TEST_F(Disk, WhatIsNoRegularFileIsAnErrorAndNeverWaitedFor) {
   ASSERT_EQ(::mkfifo((scratch.path / "pipe").c_str(), 0600), 0);
   std::string bytes;
   EXPECT_EQ(files.read("C:\\pipe", bytes), kBadFileMode);
@@ -235,9 +213,7 @@ TEST(PosixFiles, WhatIsNoRegularFileIsAnErrorAndNeverWaitedFor) {
   EXPECT_EQ(files.read_end("C:\\large", 10, bytes), kNoError) << "tracks are larger";
 }
 
-TEST(PosixFiles, WhatCutOffSavesLeftIsRemovedInAllFolders) {
-  Scratch scratch;
-  PosixFiles files({{'C', scratch.path}});
+TEST_F(Disk, WhatCutOffSavesLeftIsRemovedInAllFolders) {
   ASSERT_EQ(files.make_folder("C:\\ZEF_DAT\\alarm"), kNoError);
   const auto left = scratch.path / "ZEF_DAT/alarm/f_al.dat.999999999-3.new~";
   std::ofstream{left} << "half";

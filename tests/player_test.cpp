@@ -1,4 +1,4 @@
-// What the player does to the media, the loading of a track for the timer, and the files that it reads.
+// What the player does to the media, and the play-lists that it reads.
 #include <gtest/gtest.h>
 
 #include "platform/user.h"
@@ -30,7 +30,6 @@ class Player : public testing::Test {
     machine.set_sound(path, seconds);
   }
   Form1& form1() { return console->form1(); }
-  PlayerState& player() { return console->model().player; }
   Lines logged() { return std::exchange(log, {}); }
 
   Scratch scratch;
@@ -74,102 +73,6 @@ TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
   EXPECT_EQ(logged(), Lines{kHold});
   form1().CmdPMP.click();
   EXPECT_EQ(logged(), Lines{kHold});
-}
-
-// The last track of the list is deleted, and then played all the same: stop does nothing for an empty list.
-TEST_F(Player, ADeletedTrackThatStillSoundsFallsSilentWithThePower) {
-  for (const char* file : {"C:\\ZEF\\PlayList\\a.wav", "C:\\ZEF\\PlayList\\b.wav"})
-    ASSERT_EQ(machine.files().remove(file), kNoError);
-  form1().CmdPMP.click();
-  form1().CmdAddPl.click();
-  user::pick(form1().Drive1, 1);
-  user::pick(form1().LstAddList, 0);
-  user::pick(form1().LstPtreckMP, 0);
-  machine.queue_answer({drill::Answer::Kind::kYes, {}, {}});
-  user::right_press(form1().LstPtreckMP);
-  form1().CmdPlayMP.click();
-  ASSERT_EQ(logged().back(), kPlay);
-  form1().CmdPMP.click();
-  EXPECT_EQ(logged(), Lines{kHold});
-  EXPECT_FALSE(form1().Tmr1.enabled() || form1().Tmr2.enabled() || player().mp_play);
-}
-
-TEST_F(Player, ADriveThatIsListedButNotReadyIsLeftForC) {
-  form1().CmdPMP.click();
-  form1().CmdAddPl.click();
-  machine.files().unmount('D');
-  logged();
-  user::pick(form1().Drive1, 1);
-  EXPECT_EQ(logged(), Lines{R"(box "Drive D: not access!" "!!!" ok -> ok)"});
-  EXPECT_EQ(form1().Drive1.drive(), "C:");
-  EXPECT_EQ(form1().Dir2.path(), "C:\\");
-  EXPECT_FALSE(player().mp_drv_bad);
-}
-
-// The timer loads a track that no row was picked for, and does not read its tag.
-TEST_F(Player, EachWayToATrackHasItsOwnWordsAndLoadTrackTheAlarmPanelToo) {
-  const Machine m = machine.machine();
-  Windows windows(m.loop, machine);
-  Form1 form(windows, m.files);
-  PlayerState state;
-  state.mp_pow = true;
-  state.mp_list = {"D:\\c.wav", "D:\\gone.wav"};
-  DriveSteps steps({.player = state, .tab = form, .tabs = form.SSTab1, .files = m.files, .boxes = m.boxes});
-  TrackList tracks({.player = state, .rows = form.LstPtreckMP});
-  TagReader tags({.player = state, .tab = form, .steps = steps, .files = m.files});
-  Transport transport({.player = state,
-                       .tab = form,
-                       .terminals_tab = form,
-                       .steps = steps,
-                       .tags = tags,
-                       .tracks = tracks,
-                       .MP = m.media.MP,
-                       .loop = m.loop});
-  form.CmdStopMP.click = [&] { transport.stop(); };
-  form.SSTab1.set_value(3);
-  form.Tmr1.set_enabled(true);
-  transport.LoadTrack();
-  EXPECT_EQ(logged(), (Lines{R"(media MP file "D:\\c.wav")", kHold}));
-  EXPECT_EQ(form.LblUP.caption(), "||Track 1");
-  EXPECT_FALSE(form.Tmr1.enabled());
-  state.mp_trk = 2;
-  transport.LoadTrack();
-  EXPECT_EQ(logged(), (Lines{R"(box "Not found D:\\gone.wav" "Сообщение" ok -> ok)", kHold}));
-  EXPECT_EQ(form.SSTab1.value(), 3);
-  state.mp_trk = 2;
-  transport.SelectTrack();
-  EXPECT_EQ(logged(), (Lines{R"(box "not found D:\\gone.wav" "!" ok -> ok)", kHold}));
-  form.Drive1.choose('D');
-  machine.files().unmount('D');
-  transport.LoadTrack();
-  EXPECT_EQ(logged(), (Lines{R"(box "Drive D: not access!" "Сообщение" ok -> ok)", kHold}));
-  EXPECT_EQ(form.SSTab1.value(), 0);
-  state.mp_drv_bad = false;
-  form.Drive1.choose('D');
-  tags.ReadTag();
-  EXPECT_EQ(logged(), (Lines{R"(box "Drive D: not access" "!!!" ok -> ok)", kHold}));
-}
-
-TEST(PlayerInAlert, TheWatchSaysThatThePlayerWasSwitchedOffUntilItIsOnAgain) {
-  AlertRig rig;
-  rig.sound("fire.wav", 10);
-  rig.settle(controller_settings());
-  rig.settle_steps({step_record(33, 1, 1, 33)});
-  ASSERT_EQ(rig.machine.files().make_folder("C:\\ZEF\\PlayList"), kNoError);
-  rig.start();
-  const auto told = [&] {
-    const auto& lines = rig.console->watch().lines();
-    return std::ranges::any_of(lines, [](const WatchLine& line) { return InStr(line.text, "плеер") > 0; });
-  };
-  Button& power = rig.console->form1().CmdPMP;
-  power.click();
-  rig.machine.set_contact(33, true);
-  rig.run(200ms);
-  EXPECT_EQ(power.caption(), "Off");
-  EXPECT_TRUE(told());
-  power.click();
-  rig.run(200ms);
-  EXPECT_FALSE(told());
 }
 
 TEST(PlayListFile, LinesEndInAnyWayAndRemarksCostTheLastOnes) {

@@ -66,12 +66,6 @@ TEST_F(Supervision, WithALimitOfNothingEveryNumberIsLostOnEachReport) {
   EXPECT_EQ(rig.logged("beep 1500 100"), 3 * kTerminals);
 }
 
-TEST_F(Supervision, AnEmptyLimitIsOne) {
-  start("");
-  form().CmdArm.click();
-  EXPECT_EQ(form().List4.count(), 0);
-}
-
 TEST_F(Supervision, YearsOfLostPassesOverflowNothing) {
   start("1");
   form().CmdAT[5].set_caption("5");
@@ -96,28 +90,6 @@ TEST_F(Supervision, TheAlarmTicksBehindTheCountdownAndSoundsEverySecondTick) {
   }
   EXPECT_EQ(rig.logged("beep 1500 100"), 3);
   EXPECT_EQ(rig.log.front().substr(0, 7), "8:00:05") << "the second tick is the first to sound";
-}
-
-TEST(Housekeeping, LogsEachTextOnceAndNoMoreThanAHundredAdditions) {
-  AlertRig rig;
-  rig.start();
-  Form1& form = rig.console->form1();
-  for (int i = 0; i < 120; ++i) {
-    form.Text1.set_text("вход " + std::to_string(i % 60));
-    form.Text2.set_text(i < 2 ? "" : "2");
-    rig.run(100ms);
-  }
-  EXPECT_EQ(form.List1.count(), 60);
-  EXPECT_EQ(form.List2.rows().back(), "8:00:06");
-  EXPECT_EQ(form.List3.rows(), std::vector<std::string>{"2"});
-  form.Command1.click();
-  for (int i = 0; i < 60; ++i) {
-    form.Text1.set_text("вход " + std::to_string(i));
-    rig.run(100ms);
-  }
-  EXPECT_EQ(form.List1.count(), 40);
-  EXPECT_EQ(form.List2.count(), 40);
-  EXPECT_EQ(form.List3.count(), 1);
 }
 
 TEST(Housekeeping, ANewDayComesBeforeTheRestartTestAndTheLine) {

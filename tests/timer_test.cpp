@@ -1,5 +1,5 @@
 // The weekly timer where a table or the bytes of a file say it better than a drill: the nearest event, the
-// fields of a record, what damaged files give, the schedule's dates, weeks of ticks.
+// fields of a record, the schedule's dates, the seconds around an event.
 #include <gtest/gtest.h>
 
 #include "store/programme_files.h"
@@ -69,25 +69,6 @@ TEST(NearestEvent, IsTheFirstBehindTheMoment) {
   }
 }
 
-// The engine as a loop over its searches: what it carries out in the second of two weeks, by row and day.
-std::vector<int> days_carried_out(std::span<const ProgrammeEvent> events) {
-  std::vector<int> carried(events.size());
-  int weekday = 1, second = 0, week = 0;
-  for (int turns = 0; turns < 300 && week < 3; ++turns) {
-    const auto next = NextEvents(events, weekday, second, 1);
-    if (next.empty()) break;
-    week += (weekday - 1 + next[0].days_ahead) / kDaysOfWeek;
-    weekday = (weekday - 1 + next[0].days_ahead) % kDaysOfWeek + 1;
-    if (week == 2) carried[static_cast<std::size_t>(next[0].index)] |= 1 << (weekday - 1);
-    second = next[0].second + 1;
-    if (second < kSecondsPerDay) continue;
-    second = 0;
-    week += weekday / kDaysOfWeek;
-    weekday = weekday % kDaysOfWeek + 1;
-  }
-  return carried;
-}
-
 TEST(WeekAhead, KnowsWhichRowsNeverCome) {
   const auto programme = [](std::initializer_list<std::pair<int, int>> rows) {
     std::vector<ProgrammeEvent> events;
@@ -108,22 +89,6 @@ TEST(WeekAhead, KnowsWhichRowsNeverCome) {
             (std::vector<Nearest>{{1, 0, 86399}, {0, 1, kNoon}, {1, 7, 86399}}));
   EXPECT_EQ(NextEvents(programme({{9, 8}, {kNoon, 8}}), kWednesday, 0, 5),
             (std::vector<Nearest>{{0, 1, 9}, {1, 1, kNoon}}));
-
-  // Any small programme: what is passed over is what the searches never give.
-  std::mt19937 random(6);
-  for (int round = 0; round < 3000; ++round) {
-    std::vector<ProgrammeEvent> events(1 + random() % 6);
-    for (auto& event : events) {
-      event.tm_time = static_cast<int>(random() % 4 + (random() % 2 ? kSecondsPerDay - 4 : 0));
-      event.tm_days = static_cast<std::int16_t>(random() % 128);
-    }
-    const WeekAhead told = week_ahead(events);
-    const auto carried = days_carried_out(events);
-    if (told.comes_once) continue;
-    for (std::size_t i = 0; i < events.size(); ++i)
-      ASSERT_EQ(carried[i], events[i].tm_days & ~(told.rows[i].same_second | told.rows[i].second_behind))
-          << round << " row " << i;
-  }
 }
 
 TEST(TimerRecord, FieldsEndWhereTheirMarksFirstStand) {
@@ -150,9 +115,6 @@ TEST(TimerRecord, FieldsEndWhereTheirMarksFirstStand) {
 // A data folder with the console's own files of the timer in it.
 struct TimerFiles : testing::Test, AlertRig {
   TimerFiles() { (void)machine.files().make_folder("C:\\ZEF_DAT\\timer"); }
-  void put(const std::string& name, const std::string& bytes) {
-    must(machine.files().replace("C:\\ZEF_DAT\\timer\\" + name, bytes));
-  }
   std::string bytes(const std::string& name) {
     return StoredData(machine.files()).bytes_of("timer\\" + name);
   }
@@ -194,41 +156,6 @@ TEST_F(TimerFiles, LieInRecordsOfTheirOwnLength) {
   EXPECT_TRUE(data.folder.has("timer\\Name_f.dat"));
   EXPECT_FALSE(has_programme(data.folder, "Другая"));
   EXPECT_EQ(programme_names(data.folder), Texts{"Школа"});
-}
-
-TEST_F(TimerFiles, HandMadeProgrammesReadAsFarAsTheyGo) {
-  const std::string full = std::string("\3\0abc", 5) + std::string(123, '\xAA');
-  const struct {
-    std::string bytes;
-    Texts records;
-  } table[] = {
-      {"", {""}},
-      {std::string(1, '\3'), {""}},
-      {std::string("\3\0ab", 4), {"ab"}},
-      {full, {"abc", ""}},
-      {full + full.substr(0, 4), {"abc", "ab"}},
-      {std::string(128, '\0') + full, {"", "abc", ""}},
-      {std::string("\xFF\xFF") + std::string(126, 'x') + full, {std::string(126, 'x'), "abc", ""}},
-  };
-  for (const auto& row : table) {
-    put("Школа", row.bytes);
-    Texts records;
-    must(read_programme(data.folder, "Школа", records));
-    EXPECT_EQ(records, row.records) << row.bytes.size();
-  }
-  // Whatever a file holds, the console comes up and searches.
-  std::mt19937 random(11);
-  Texts records(20, record(kNoon, 127, "Сообщение", "bell.wav"));
-  programme("Школа", records);
-  const std::string good = bytes("Школа");
-  for (int i = 0; i < 60; ++i) {
-    put("Школа", damaged(good, 30, random));
-    start();
-    run(2s);
-    ASSERT_EQ(timer().events.size(), bytes("Школа").size() / 128 + 1);
-    for (const auto& event : timer().events)
-      ASSERT_TRUE(event.tm_time >= 0 && event.tm_time < kSecondsPerDay);
-  }
 }
 
 TEST_F(TimerFiles, TheFirstMinuteStandsAtMidnightUntilItIsLoaded) {
@@ -340,34 +267,6 @@ class TimerTicks : public TimerFiles {
 };
 constexpr int kEight = 8 * 3600;
 
-TEST_F(TimerTicks, FunctionsThatNoEditorWrites) {
-  const Texts routed = {"04 02 14 FC 01 00", "04 02 14 FC 01 00"};
-  const struct {
-    const char* function;
-    Texts sent;
-  } table[] = {
-      {"", {}},
-      {"Сообщение-2", routed},
-      {"Воспроизведение2", {}},
-      {"Остановка!", {}},
-      {"№9CD-play", {"06 11 00 04 01 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
-      {"№XMP3-stop", {"06 13 00 05 01 00"}},
-      {"№0FM7", {"06 12 00 01 07 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
-      {"№1AM", {"06 12 00 02 00 00", "04 00 00 FC 01 00", "04 00 00 FC 01 00"}},
-      {"CD-play", {}},
-      {"№1CD-pause", {}},
-      {"№пресета", {}},
-  };
-  for (const auto& row : table) {
-    SCOPED_TRACE(row.function);
-    begin({record(kEight, 127, row.function, "bell.wav")});
-    run(11s);
-    EXPECT_EQ(frames(), row.sent);
-    run(1s);
-    EXPECT_EQ(form().LblTm.caption(), "8:00:00   ВТОРНИК");
-  }
-}
-
 TEST_F(TimerTicks, TerminalsOutsideTheirRangeArePassedOver) {
   begin({record(kEight, 127, "Сообщение", "bell.wav", -5, 999),
          record(kEight + 5, 127, "Сообщение", "bell.wav", 9, 8)});
@@ -429,17 +328,6 @@ TEST_F(TimerTicks, AMessageOverAMessageIsFollowedToTheLaterEnd) {
   EXPECT_FALSE(form().Timer11.enabled());
 }
 
-TEST_F(TimerTicks, AnEndThatTheClockJumpsOverComesTheNextDay) {
-  begin({record(kEight, 1, "Сообщение", "bell.wav")});
-  run(12s);
-  machine.set_wall(machine.wall() + 60s);
-  run(23h + 58min);
-  EXPECT_TRUE(form().Timer11.enabled());
-  run(2min);
-  EXPECT_FALSE(form().Timer11.enabled());
-  EXPECT_EQ(logged("volume"), 1);
-}
-
 TEST_F(TimerTicks, AnEventOfOneWeekdayFiresOnceAndWaitsForASearch) {
   begin({record(kEight, days({1}), "Сообщение", "bell.wav")});
   run(12900ms);
@@ -483,15 +371,6 @@ TEST_F(TimerTicks, AProgrammeThatIsChosenKeepsTheMomentAndBeginsWithItsFirstReco
   run(6s);
   EXPECT_EQ(logged("other.wav\""), 1);
   EXPECT_EQ(logged("bell.wav\""), 0);
-}
-
-// With a second weekday in the programme it goes on by itself for good.
-TEST_F(TimerTicks, TwoWeekdaysKeepTheWeekGoing) {
-  begin({record(kEight, days({1, 4}), "Сообщение", "bell.wav"), record(kNoon, days({4}), "Остановка")});
-  for (int week = 0; week < 10; ++week) {
-    live_through_week();
-    EXPECT_EQ(frames().size(), 4U);
-  }
 }
 
 }  // namespace

@@ -107,26 +107,6 @@ TEST_F(WatchLines, EveryContactAtOnce) {
   EXPECT_EQ(lines(), (Lines{expected[0], blind + "нажата «Стоп / сброс»", expected[1], expected[2]}));
 }
 
-TEST_F(WatchLines, GapsOfSeveralBanks) {
-  const std::string all = "7" + std::string(kZones - 1, '1');
-  std::vector<std::string> steps;
-  for (const int zone : {7, 31, 33, 70, 96, 97, 98})
-    steps.push_back(algorithm_record(std::to_string(zone), 1, "fire.wav", "1", all));
-  settle_steps(steps);
-  start();
-  auto& zones = console->model().zones;
-  for (const int zone : {2, 31, 96, 97, 120}) zones.in_use[zone] = true;
-  zones.names.by_number = {{2, "Фойе"}, {96, "Зал"}};
-  ++zones.names.edition;
-  pass(100ms);
-  EXPECT_EQ(lines(), (Lines{"Нет алгоритма: зона 2 «Фойе»",
-                            "Аварийная отметка у нескольких зон: 7, 31, 70, 96 «Зал»"}));
-  zones.names.by_number.erase(2);
-  ++zones.names.edition;
-  pass(100ms);
-  EXPECT_EQ(lines().front(), "Нет алгоритма: зона 2");
-}
-
 TEST_F(WatchLines, AThirdRestartWithinFiveSecondsIsToldForFiveMore) {
   start();
   const auto bounce = [&] {
@@ -174,16 +154,6 @@ TEST_F(WatchLines, AMessageIsMissedByTheCalendarAndTheClock) {
   // Once the time of day comes round the next play is heard.
   pass(45s);
   EXPECT_FALSE(told(missed));
-
-  // A manual message holds the alert over its second, the last before midnight.
-  reset_by_hand();
-  set_clock(23h + 59min + 48s);
-  pass(5s);
-  say_yes(console->form1().CmdAl);
-  pass(6s);
-  EXPECT_FALSE(told(missed));
-  pass(2s);
-  EXPECT_TRUE(told(missed));
 }
 
 TEST_F(WatchLines, AlertsThatTheirContactsDoNotExplain) {
@@ -202,19 +172,6 @@ TEST_F(WatchLines, AlertsThatTheirContactsDoNotExplain) {
   say_yes(console->form1().CmdDem);
   pass(100ms);
   EXPECT_EQ(lines(), (Lines{"ПРОВЕРКА: зона 7", blind}));
-
-  // The block's alert goes on under another type, until an algorithm starts over it.
-  reset_by_hand();
-  auto& type = console->model().settings.SettingsLine[kAlertType];
-  type = "1";
-  frame(0x41, 15, 15);
-  run(100ms);
-  type = "3";
-  pass(100ms);
-  EXPECT_EQ(lines(), Lines{"ПОЖАР: блок Q-4710, зона 16"});
-  machine.set_contact(7, true);
-  pass(100ms);
-  EXPECT_EQ(lines(), Lines{"ПОЖАР: зона 7"});
 }
 
 TEST_F(WatchLines, WhatAnAlertSwitchedOffIsToldUntilItHasBeenOn) {

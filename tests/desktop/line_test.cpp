@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QDialog>
 
-#include "desktop/stand.h"
 #include "platform/user.h"
 #include "training_desktop.h"
 
@@ -23,19 +22,6 @@ class Line : public TrainingDesktop {
     return until([&] { return rack().polls_answered() > before; });
   }
 };
-
-TEST_F(Line, FirstPollsSetTheCalendarAndTheClockOfTheController) {
-  desktop->start();
-  ASSERT_TRUE(until([&] { return heard.size() == 8; })) << "the matrix";
-  for (int poll = 0; poll < 3; ++poll) ASSERT_TRUE(poll_is_answered());
-  EXPECT_TRUE(heard[8].starts_with("Дата "));
-  EXPECT_TRUE(heard[9].starts_with("Время "));
-  EXPECT_EQ(heard[10], "Ответ на опрос");
-  EXPECT_EQ(form1().LblCon.caption(), "Соединение установленно");
-  line_->change([](Rack& rack) { rack.set_status(false, false); });
-  ASSERT_TRUE(poll_is_answered());
-  EXPECT_EQ(form1().LblSs.caption(), "Программа приостановленна");
-}
 
 TEST_F(Line, APollIsAnsweredUnderAModalWindowButHeldByABox) {
   desktop->start();
@@ -154,31 +140,6 @@ TEST_F(Line, FramesThatWaitAreShownAndAllArrive) {
   EXPECT_LT(heard.size(), 30u) << "they take their time";
   ASSERT_TRUE(until([&] { return heard.size() == 68; }));
   EXPECT_TRUE(until([&] { return !says("Очередь"); }));
-}
-
-TEST_F(Line, TheStandChangesTheRackAndShowsWhatItHeard) {
-  desktop->start();
-  Stand& stand = *desktop->stand();
-  stand.show();
-  const auto boxes = stand.findChildren<QCheckBox*>();
-  const auto box = [&](const char* text) {
-    return *std::find_if(boxes.begin(), boxes.end(), [&](auto* each) { return each->text() == text; });
-  };
-  box("Бит «программа в работе»")->click();
-  ASSERT_TRUE(poll_is_answered());
-  EXPECT_EQ(form1().LblSs.caption(), "Программа приостановленна");
-  box("Линия подключена")->click();
-  EXPECT_TRUE(until([&] { return desktop->line().is_lost(); }));
-  box("Линия подключена")->click();
-  EXPECT_TRUE(until([&] { return !desktop->line().is_lost(); }));
-
-  auto* contacts = stand.findChild<CellBoard*>("contacts");
-  emit contacts->pressed(65);
-  EXPECT_TRUE(rack().contact(65));
-  EXPECT_EQ(rack().contact_word(1, 0), 1u);
-  auto* table = stand.findChild<QTableView*>("frames");
-  EXPECT_TRUE(until([&] { return table->model()->rowCount() > 8; }));
-  EXPECT_EQ(table->model()->index(7, FrameLog::kBytes).data().toString(), "AA AA 05 EE 11 11 11 11 37");
 }
 
 }  // namespace

@@ -84,21 +84,6 @@ TEST_F(PlayerDesktop, ThePositionIsDraggedAndSteppedWhateverTheStateOfThePlayer)
   EXPECT_FALSE(form1().Tmr1.enabled() || form1().Tmr2.enabled());
 }
 
-TEST_F(PlayerDesktop, ADragToTheEndGoesOneTrackOnAndNoFurther) {
-  press(form1().CmdPlayMP);
-  QWidget* track = widget(form1().Ipos);
-  QTest::mousePress(track, Qt::LeftButton, {}, on_track(0.5));
-  for (int i = 0; i < 3; ++i) {
-    QTest::mouseMove(track, on_track(1) + QPoint(30 + i, 0));
-    settle();
-  }
-  QTest::mouseRelease(track, Qt::LeftButton, {}, on_track(1));
-  settle();
-  EXPECT_EQ(player().mp_trk, 2);
-  EXPECT_TRUE(player().mp_play);
-  EXPECT_TRUE(form1().Tmr1.enabled());
-}
-
 TEST_F(PlayerDesktop, TheNextTrackIsHeardByItself) {
   press(form1().CmdPlayMP);
   EXPECT_TRUE(until([&] { return desktop->player_position() > 0; }));
@@ -137,29 +122,6 @@ TEST_F(PlayerDesktop, ARightPressInAListAsksAndTheWayOutOfAFolderIsThere) {
   settle();
   EXPECT_EQ(form1().Dir2.path(), "D:\\");
   EXPECT_EQ(form1().LstAddList.count(), 3);
-}
-
-TEST_F(PlayerDesktop, ADriveThatGoesAwayStopsThePlayWithAWordAndHoldsNothing) {
-  press(form1().CmdAddPl);
-  user::pick(form1().Drive1, 1);
-  settle();
-  user::pick(form1().LstAddList, 0);
-  settle();
-  player().mp_trk = player().mp_cnt() - 1;
-  press(form1().CmdPlayMP);
-  ASSERT_TRUE(player().mp_play);
-  std::filesystem::rename(folder_.path().toStdString() + "/d", folder_.path().toStdString() + "/pulled out");
-  QString said;
-  QTimer::singleShot(150, [&] {
-    auto* box = QApplication::activeModalWidget();
-    ASSERT_TRUE(box);
-    said = box->findChild<QLabel*>("text")->text();
-    QTest::mouseClick(box->findChild<QPushButton*>("ОК"), Qt::LeftButton);
-  });
-  press(form1().CmdNextMP);
-  EXPECT_EQ(said, "Drive D: not access!");
-  EXPECT_FALSE(player().mp_play);
-  EXPECT_EQ(form1().Drive1.drive(), "C:");
 }
 
 TEST_F(PlayerDesktop, LongWorkIsShownWhileItLastsAndSpokenOfAfterwards) {

@@ -6,7 +6,6 @@
 #include <QTabBar>
 #include <QTest>
 
-#include "desktop/stand.h"
 #include "platform/user.h"
 #include "training_desktop.h"
 
@@ -174,17 +173,6 @@ TEST_F(SpokenDesktop, WhatNoRoomStandsBehindIsOffAndSaysSo) {
   bench.sleeps.set_caption("Есть");
   desktop->screen().flush();
   EXPECT_TRUE(sleeper->isEnabled());
-}
-
-TEST_F(SpokenDesktop, TheFirstWindowIsLargeAndTheStandComesUpByOnePress) {
-  Stand& stand = *desktop->stand();
-  stand.showMinimized();
-  main_window().findChild<QAbstractButton*>("Стенд")->click();
-  EXPECT_TRUE(stand.isVisible());
-  EXPECT_FALSE(stand.isMinimized());
-  desktop->console().windows().hide(form1());
-  desktop->console().windows().show(form1());
-  EXPECT_TRUE(main_window().isMaximized());
 }
 
 }  // namespace

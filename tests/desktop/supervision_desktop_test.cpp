@@ -5,7 +5,6 @@
 #include <QTableView>
 #include <QTest>
 
-#include "desktop/stand.h"
 #include "training_desktop.h"
 
 namespace evac::desktop {
@@ -86,36 +85,6 @@ TEST_F(SupervisionDesktop, TheResetIsShownAsHeldWhileTheMouseHoldsIt) {
   QTest::mouseRelease(reset, Qt::LeftButton);
   settle();
   EXPECT_EQ(form1().CmdSb.picture(), picture::kSwitchOff);
-}
-
-TEST_F(SupervisionDesktop, ATerminalAnswersAsItWasPressedInTheStand) {
-  constexpr int kPressed = 3;
-  Stand& stand = *desktop->stand();
-  stand.resize(1200, 780);
-  stand.show();
-  auto* ways = stand.findChild<QComboBox*>("way");
-  auto* terminals = stand.findChild<CellBoard*>("terminals");
-  desktop->console().model().terminals.term_count = kPressed;
-  rack().set_answer_delay(std::chrono::milliseconds(5));
-  QTest::qWait(1);
-  // What a pass finds of the third terminal when it was pressed in that way: its row, and whether it counts.
-  const auto find = [&](const char* way) {
-    ways->setCurrentText(way);
-    emit terminals->pressed(kPressed);
-    form1().MSF2.set_row_count(0);
-    form1().CmdSkan.click();
-    const bool row = form1().MSF2.row_count() == kPressed;
-    const bool counts = desktop->console().model().supervision.TermAddrOk[kPressed] ||
-                        desktop->console().model().supervision.TermZoneOk[kPressed];
-    return (row ? form1().MSF2.cell(kPressed - 1, 3) : std::string("нет")) + (counts ? " да" : " нет");
-  };
-  EXPECT_EQ(find("отвечает"), "3 да");
-  EXPECT_EQ(find("молчит"), "нет нет");
-  EXPECT_EQ(find("его нет: канал 255"), "нет нет");
-  EXPECT_EQ(find("отвечает: зона 0"), "0 нет");
-  EXPECT_EQ(find("отвечает: зона 200"), "200 да");
-  EXPECT_EQ(find("отвечает"), "3 да");
-  EXPECT_EQ(find("отвечает через 0,7 с"), "нет нет");
 }
 
 }  // namespace

@@ -57,20 +57,6 @@ TEST_F(SettingsWindows, AZoneIsSwitchedOnAndPutOnAChannelByThePopUpMenu) {
   EXPECT_TRUE(widget(form1().CmdAZ[7])->isEnabled());
 }
 
-TEST_F(SettingsWindows, SourcesAreChosenAndTheLegendFollows) {
-  work_settings(form1().M_n_o, {[&] {
-                                  auto* combo = widget<QComboBox>(forms().form22.Combo1[2]);
-                                  combo->setCurrentIndex(combo->findText("Компьютер"));
-                                  emit combo->activated(combo->currentIndex());
-                                  widget<QAbstractSlider>(forms().form22.VS_Z[2])->setValue(21);
-                                },
-                                press(forms().form22.Command1), [&] { window(forms().form22).close(); }});
-  EXPECT_EQ(desktop->console().model().sources.ch_computer, 2);
-  EXPECT_EQ(form1().Label2[2].caption(), "Компьютер");
-  EXPECT_EQ(widget(form1().TerminalsTab::LblZ[2])->accessibleName(), "Громкость канала 2, 21");
-  EXPECT_EQ(form1().LblZ[2].caption(), "21");
-}
-
 TEST_F(SettingsWindows, NamesAreTypedAndAListIsNotChosenFromByAMereFocus) {
   NameWindow* names = &forms().form6;
   int picks = 0;

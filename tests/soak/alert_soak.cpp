@@ -1,37 +1,15 @@
 // A year of virtual time with a fire, a test or a hand on the panel every few hours, all from one seed. After
 // each the system must be where it belongs: watching again, or held where the operator left it. Nothing may
 // fault, and memory may not grow. Prints a line a month; ends with status 1 at the first thing that is wrong.
-#include <unistd.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <random>
-
-#include "tests/alert_rig.h"
-
+#include "tests/soak/soak.h"
 namespace evac {
 namespace {
 
 using namespace std::chrono_literals;
 
-struct WentWrong {
-  std::string what;
-};
-
-void want(bool holds, std::string_view what) {
-  if (!holds) throw WentWrong{std::string(what)};
-}
-
-long resident_kilobytes() {
-  long size = 0, pages = 0;
-  std::ifstream("/proc/self/statm") >> size >> pages;
-  return pages * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
-class Year {
+class Year : Dice {
  public:
-  explicit Year(unsigned seed) : random_(seed) {
+  explicit Year(unsigned seed) : Dice(seed) {
     rig_.logging = false;
     rig_.machine.trace = [](const std::string&) {};
     for (const auto& [name, seconds] : {std::pair{"fire.wav", 20.0}, {"short.wav", 3.5}, {"long.wav", 180.0}})
@@ -80,7 +58,7 @@ class Year {
     want(frames_ == sent, "frames out of a quiet house");
   }
   double days() const { return static_cast<double>(rig_.machine.now().time_since_epoch() / 1s) / 86400.0; }
-  int events = 0;
+  std::string told() const { return join(events_, " events"); }
 
  private:
   // The machine keeps what was sent until somebody takes it.
@@ -94,7 +72,6 @@ class Year {
     frames_ += rig_.machine.sent().size();
     rig_.machine.sent().clear();
   }
-  int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
   Form1& form() { return rig_.console->form1(); }
   AlertState& alert() { return rig_.alert(); }
   void answer_yes() { rig_.machine.queue_answer({drill::Answer::Kind::kYes, "", 0ms}); }
@@ -104,7 +81,7 @@ class Year {
            rig_.mode_line() == (type_ == "3" ? "Автоматическое оповещение о пожаре" : "Q-4710");
   }
   void reset() {
-    ++events;
+    ++events_;
     if (alert().fire_stop) form().CmdStF.click();
     for (int i = 0; i < 2; ++i) form().CmdStF.click();
     // The alarm mark holds until the next fire; only that fire clears it.
@@ -166,7 +143,7 @@ class Year {
     reset();
     want(watching(), "not watching after a block's alert");
     restart("3");
-    ++events;
+    ++events_;
   }
   void manual_message() {
     form().CmbF.set_text("short.wav");
@@ -214,42 +191,14 @@ class Year {
   }
 
   AlertRig rig_;
-  std::mt19937 random_;
   std::string type_;
   std::size_t frames_ = 0;
+  int events_ = 0;
 };
-
-int soak(int days, unsigned seed) {
-  Year year(seed);
-  long settled = 0;
-  int month = 0;
-  try {
-    while (year.days() < days) {
-      year.live();
-      if (year.days() < 30 * (month + 1)) continue;
-      ++month;
-      const long now = resident_kilobytes();
-      if (month == 1) settled = now;
-      std::printf("day %.0f: %d events, %ld KiB\n", year.days(), year.events, now);
-      std::fflush(stdout);
-      want(now < settled + 2048, "memory grows");
-    }
-  } catch (const WentWrong& wrong) {
-    std::printf("day %.2f, event %d, seed %u: %s\n", year.days(), year.events, seed, wrong.what.c_str());
-    return 1;
-  } catch (const Fault& fault) {
-    std::printf("day %.2f, event %d, seed %u: fault %d %s\n", year.days(), year.events, seed, fault.number(),
-                fault.what());
-    return 1;
-  }
-  std::printf("%.0f days, %d events: all in order\n", year.days(), year.events);
-  return 0;
-}
 
 }  // namespace
 }  // namespace evac
 
 int main(int argc, char** argv) {
-  return evac::soak(argc > 1 ? std::atoi(argv[1]) : 365,
-                    argc > 2 ? static_cast<unsigned>(std::strtoul(argv[2], nullptr, 10)) : 1u);
+  return evac::soak<evac::Year>(argc, argv, 365, 1);
 }

@@ -3,12 +3,8 @@
 // second, once; every start must answer the controller's first poll with the day; what burns over a restart
 // must be found again; no file of the settings may change but by the operator, and the journal must have it
 // all. Ends with status 1 at the first thing that is wrong.
-#include <cstdio>
-#include <cstdlib>
-#include <random>
-
 #include "platform/user.h"
-#include "tests/rack_rig.h"
+#include "tests/soak/soak.h"
 
 namespace evac {
 namespace {
@@ -16,17 +12,9 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
-struct WentWrong {
-  std::string what;
-};
-
-void want(bool holds, std::string_view what) {
-  if (!holds) throw WentWrong{std::string(what)};
-}
-
-class Year {
+class Year : Dice {
  public:
-  explicit Year(unsigned seed) : random_(seed) {
+  explicit Year(unsigned seed) : Dice(seed) {
     rig_.sound("fire.wav", 5);
     rig_.settle(controller_settings());
     rig_.settle_steps({step_record(7, 1, 1, 7)});
@@ -35,8 +23,8 @@ class Year {
     set_time();
   }
 
-  void live_a_day() {
-    ++counts.days;
+  void live() {
+    ++days_;
     const int fire_at = below(3) == 0 ? below(60) - 40 : 1000;  // seconds before or behind the restart
     const int fire_for = 2 + below(40);
     machine().set_wall(midnight() + 24h + std::chrono::seconds(at_) - 45s);
@@ -66,12 +54,12 @@ class Year {
     written_ = 0;
   }
 
-  struct {
-    int days = 0, starts = 0, fires = 0, changes = 0;
-  } counts;
+  int days() const { return days_; }
+  std::string told() const {
+    return join(counts.starts, " starts, ", counts.fires, " fires, ", counts.changes, " changes of the time");
+  }
 
  private:
-  int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
   drill::VirtualMachine& machine() { return rig_.machine; }
   WallTime midnight() { return std::chrono::floor<std::chrono::days>(machine().wall()); }
   void burn(bool on) {
@@ -145,36 +133,18 @@ class Year {
   }
 
   RackRig rig_;
-  std::mt19937 random_;
   int at_ = 0;  // time of day of the restart
   bool burning_ = false;
   std::vector<std::string> restarts_;
-  int written_ = 0;
+  int written_ = 0, days_ = 0;
+  struct {
+    int starts = 0, fires = 0, changes = 0;
+  } counts;
 };
-
-int soak(int days, unsigned seed) {
-  Year year(seed);
-  const auto tell = [&](const std::string& what) {
-    std::printf("seed %u: %d days, %d starts, %d fires, %d changes of the time: %s\n", seed, year.counts.days,
-                year.counts.starts, year.counts.fires, year.counts.changes, what.c_str());
-  };
-  try {
-    while (year.counts.days < days) year.live_a_day();
-  } catch (const WentWrong& wrong) {
-    tell(wrong.what);
-    return 1;
-  } catch (const Fault& fault) {
-    tell(join("fault ", fault.number(), " ", fault.what()));
-    return 1;
-  }
-  tell("all in order");
-  return 0;
-}
 
 }  // namespace
 }  // namespace evac
 
 int main(int argc, char** argv) {
-  return evac::soak(argc > 1 ? std::atoi(argv[1]) : 365,
-                    argc > 2 ? static_cast<unsigned>(std::strtoul(argv[2], nullptr, 10)) : 1u);
+  return evac::soak<evac::Year>(argc, argv, 365, 1);
 }

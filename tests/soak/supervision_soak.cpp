@@ -3,15 +3,9 @@
 // come in its very second, but for those whose second a jump of the clock left out; every report must name
 // exactly the silent terminals; memory may not grow. Prints a line every ten days; ends with status 1 at the
 // first thing that is wrong.
-#include <unistd.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <random>
 #include <set>
 
-#include "tests/rack_rig.h"
+#include "tests/soak/soak.h"
 
 namespace evac {
 namespace {
@@ -21,23 +15,9 @@ using std::chrono::milliseconds;
 
 constexpr int kInUse = 24, kLimit = 3, kPeriod = 15 * 60;
 
-struct WentWrong {
-  std::string what;
-};
-
-void want(bool holds, std::string_view what) {
-  if (!holds) throw WentWrong{std::string(what)};
-}
-
-long resident_kilobytes() {
-  long size = 0, pages = 0;
-  std::ifstream("/proc/self/statm") >> size >> pages;
-  return pages * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
-class Season {
+class Season : Dice {
  public:
-  explicit Season(unsigned seed) : random_(seed) {
+  explicit Season(unsigned seed) : Dice(seed) {
     rig_.logging = false;
     rig_.sound("fire.wav", 20);
     auto lines = controller_settings();
@@ -113,15 +93,16 @@ class Season {
     }
     ++counts.events;
     let_pass(std::chrono::seconds(600 + below(4 * 3600)));
+    want(counts.passes == counts.expected, "more scans than expected");
   }
   double days() const { return static_cast<double>(rig_.machine.now().time_since_epoch() / 1s) / 86400.0; }
 
-  struct {
-    long events = 0, passes = 0, queries = 0, expected = 0, jumped_over = 0, told = 0;
-  } counts;
+  std::string told() const {
+    return join(counts.events, " events, ", counts.passes, " scans (", counts.jumped_over,
+                " seconds jumped over), ", counts.told, " exact reports, ", counts.queries, " queries");
+  }
 
  private:
-  int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
   Form1& form() { return rig_.console->form1(); }
   SupervisionState& supervision() { return rig_.console->model().supervision; }
   // Until the second of the next scan begins.
@@ -227,49 +208,17 @@ class Season {
   }
 
   RackRig rig_;
-  std::mt19937 random_;
+  struct {
+    long events = 0, passes = 0, queries = 0, expected = 0, jumped_over = 0, told = 0;
+  } counts;
   int next_ = 0;  // second of the day of the next scan, by our own reckoning
   std::set<int> silent_;
   std::map<int, int> missed_;
 };
 
-int soak(int days, unsigned seed) {
-  constexpr int kStage = 10;
-  Season season(seed);
-  const auto& counts = season.counts;
-  long settled = 0;
-  const auto tell = [&](std::string_view what) {
-    std::printf(
-        "day %.2f, seed %u: %ld events, %ld scans (%ld expected, %ld seconds jumped over), %ld exact "
-        "reports, %ld queries, %ld KiB%.*s\n",
-        season.days(), seed, counts.events, counts.passes, counts.expected, counts.jumped_over, counts.told,
-        counts.queries, resident_kilobytes(), static_cast<int>(what.size()), what.data());
-    std::fflush(stdout);
-  };
-  try {
-    for (int stage = 1; season.days() < days;) {
-      season.live();
-      if (season.days() < kStage * stage) continue;
-      if (stage++ == 1) settled = resident_kilobytes();
-      tell("");
-      want(resident_kilobytes() < settled + 2048, "memory grows");
-    }
-    want(counts.passes == counts.expected, "more scans than expected");
-  } catch (const WentWrong& wrong) {
-    tell(": " + wrong.what);
-    return 1;
-  } catch (const Fault& fault) {
-    tell(join(": fault ", fault.number(), " ", fault.what()));
-    return 1;
-  }
-  tell(": all in order");
-  return 0;
-}
-
 }  // namespace
 }  // namespace evac
 
 int main(int argc, char** argv) {
-  return evac::soak(argc > 1 ? std::atoi(argv[1]) : 90,
-                    argc > 2 ? static_cast<unsigned>(std::strtoul(argv[2], nullptr, 10)) : 1u);
+  return evac::soak<evac::Season>(argc, argv, 90, 1);
 }
