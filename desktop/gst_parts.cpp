@@ -51,8 +51,8 @@ void Ended::operator()(GstElement* element) const {
   gst_object_unref(element);
 }
 
-Player make_player(const std::filesystem::path& file, const SoundSetup& setup, GstElement* sink) {
-  Player player(gst_element_factory_make("playbin", nullptr));
+PlayBin make_player(const std::filesystem::path& file, const SoundSetup& setup, GstElement* sink) {
+  PlayBin player(gst_element_factory_make("playbin", nullptr));
   if (!player) {
     if (sink) gst_object_unref(gst_object_ref_sink(sink));
     return player;

@@ -23,10 +23,10 @@ GstElement* make_sink(const SoundSetup& setup, std::string& why);
 struct Ended {
   void operator()(GstElement* element) const;
 };
-using Player = std::unique_ptr<GstElement, Ended>;
+using PlayBin = std::unique_ptr<GstElement, Ended>;
 
 // Plays the file into that sink, which it takes; null when GStreamer's player is missing.
-Player make_player(const std::filesystem::path& file, const SoundSetup& setup, GstElement* sink);
+PlayBin make_player(const std::filesystem::path& file, const SoundSetup& setup, GstElement* sink);
 // Paused and ready to sound; false when the file can't be decoded, or not within five seconds.
 bool preroll(GstElement* player);
 // Waits as long for what a player was told to do.

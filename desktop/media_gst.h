@@ -72,7 +72,7 @@ class GstTone : public Tone {
 
  private:
   const SoundSetup setup_;
-  const std::shared_ptr<Player> tone_ = std::make_shared<Player>();  // of the worker
+  const std::shared_ptr<PlayBin> tone_ = std::make_shared<PlayBin>();  // of the worker
   Worker worker_;
 };
 

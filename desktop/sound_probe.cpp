@@ -37,7 +37,7 @@ SoundProbe::SoundProbe(Locate locate, const SoundSetup& setup) {
 SoundProbe::Found SoundProbe::try_file(const Shared& shared, const fs::path& file) {
   Found found{file};
   if (!is_file(file)) return found;
-  const Player trial = make_player(file, shared.setup, fake_sink());
+  const PlayBin trial = make_player(file, shared.setup, fake_sink());
   if (!trial || !preroll(trial.get())) return found;
   const double own = length_by_bytes(file);
   found.length = at_most_a_day(own > 0 ? own : length_of(trial.get()));

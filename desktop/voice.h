@@ -66,7 +66,7 @@ class Voice {
   const SoundSetup setup_;
   const std::shared_ptr<Trouble> trouble_;
   double volume_, start_;
-  Player player_;  // holds the device
+  PlayBin player_;  // holds the device
   std::atomic<bool> ended_ = false;
   std::atomic<bool> stands_ = false;  // the position is the one told, not the device's
 
