@@ -258,6 +258,7 @@ TEST_F(Sound, ADeviceThatStallsHoldsNobodyUpAndIsTold) {
   put("a.wav", wave(0.3));
   const fs::path device = scratch.path / "device";
   ASSERT_EQ(::mkfifo(device.c_str(), 0600), 0);  // opening it waits for a reader
+  std::ifstream reader;                          // there until the last byte is written
   GstMedia stalled(probe, {"audioconvert ! filesink location=" + device.string(), ""}, 2s);
   stalled.set_file("a.wav");
   stalled.play();
@@ -267,7 +268,7 @@ TEST_F(Sound, ADeviceThatStallsHoldsNobodyUpAndIsTold) {
   stalled.play();
   EXPECT_TRUE(comes([&] { return stalled.trouble().starts_with("Сообщение не звучит"); }));
   EXPECT_EQ(stalled.duration(), 0.3);
-  std::ifstream reader(device);
+  reader.open(device);
   EXPECT_TRUE(comes([&] { return stalled.trouble().empty(); }));
 }
 
