@@ -242,7 +242,6 @@ TEST(Journal, ADiskErrorLosesTheEntryAndStopsNobody) {
   journal.JournalLine("Программа загружена");
   EXPECT_EQ(written, 0);
   // So does a folder that is gone; the rest of the day goes on in the file once it is back.
-  calendar.journal_day = date_of(machine.wall());
   Journal other(
       {.calendar = calendar, .settings = settings, .loop = machine.loop(), .files = machine.files()});
   other.written = [&](const std::string&) { ++written; };
