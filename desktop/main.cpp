@@ -5,6 +5,7 @@
 //   evac-console --rehearse DIR [--seconds N]
 //       a short run on the virtual rack, with pictures in DIR
 #include <signal.h>
+#include <sys/stat.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -138,6 +139,7 @@ int run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  ::umask(S_IRWXG | S_IRWXO);  // what it writes is for its own user alone
   EndSignals::hold_back();
   // What the toolkit has to say, such as a lost display, by which it ends the program.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { host_log(text); });
