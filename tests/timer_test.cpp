@@ -115,6 +115,9 @@ TEST(TimerRecord, FieldsEndWhereTheirMarksFirstStand) {
 // A data folder with the console's own files of the timer in it.
 struct TimerFiles : testing::Test, AlertRig {
   TimerFiles() { (void)machine.files().make_folder("C:\\ZEF_DAT\\timer"); }
+  void put(const std::string& name, const std::string& bytes) {
+    must(machine.files().replace("C:\\ZEF_DAT\\timer\\" + name, bytes));
+  }
   std::string bytes(const std::string& name) {
     return StoredData(machine.files()).bytes_of("timer\\" + name);
   }
@@ -232,6 +235,41 @@ TEST_F(TimerFiles, NamesThatNoProgrammeBears) {
        {"", " ", "a ", "a.", "a\\b", "a/b", "a:b", "a*", "a?", "a\"", "<", ">", "|", "a\tb", "日本",
         "Name_f.dat", "List_prog.dat", "NAME_F.DAT", "Ровно тридцать один знак, увы, !"})
     EXPECT_FALSE(is_programme_name(name)) << name;
+}
+
+TEST_F(TimerFiles, HandMadeProgrammesReadAsFarAsTheyGo) {
+  const std::string full = std::string("\3\0abc", 5) + std::string(123, '\xAA');
+  const struct {
+    std::string bytes;
+    Texts records;
+  } table[] = {
+      {"", {""}},
+      {std::string(1, '\3'), {""}},
+      {std::string("\3\0ab", 4), {"ab"}},
+      {full, {"abc", ""}},
+      {full + full.substr(0, 4), {"abc", "ab"}},
+      {std::string(128, '\0') + full, {"", "abc", ""}},
+      {std::string("\xFF\xFF") + std::string(126, 'x') + full, {std::string(126, 'x'), "abc", ""}},
+  };
+  for (const auto& row : table) {
+    put("Школа", row.bytes);
+    Texts records;
+    must(read_programme(data.folder, "Школа", records));
+    EXPECT_EQ(records, row.records) << row.bytes.size();
+  }
+  // Whatever a file holds, the console comes up and searches.
+  std::mt19937 random(11);
+  Texts records(20, record(kNoon, 127, "Сообщение", "bell.wav"));
+  programme("Школа", records);
+  const std::string good = bytes("Школа");
+  for (int i = 0; i < 60; ++i) {
+    put("Школа", damaged(good, 30, random));
+    start();
+    run(2s);
+    ASSERT_EQ(timer().events.size(), bytes("Школа").size() / 128 + 1);
+    for (const auto& event : timer().events)
+      ASSERT_TRUE(event.tm_time >= 0 && event.tm_time < kSecondsPerDay);
+  }
 }
 
 class TimerTicks : public TimerFiles {
