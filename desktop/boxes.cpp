@@ -15,6 +15,7 @@
 #include <chrono>
 
 #include "desktop/end_signals.h"
+#include "desktop/heartbeat.h"
 #include "desktop/view/screen.h"
 #include "desktop/view/watch_bar.h"
 
@@ -167,7 +168,9 @@ bool ask_host(WatchFeed& feed, QWidget* owner, const QString& text) {
   Box box(feed, owner, qt(kOwnTitle), QStyle::SP_MessageBoxWarning, text);
   box.add_button(kYes, true, false);
   box.add_button(kNo, false, true);
-  run_for(box, QtBoxes::kForPresses, kNo, [] { return false; });
+  Heartbeat heartbeat;
+  run_for(
+      box, QtBoxes::kForPresses, kNo, [] { return false; }, [&heartbeat] { heartbeat.beat(); });
   return box.result() == QDialog::Accepted;
 }
 
@@ -177,6 +180,11 @@ void show_fault(int number, const std::string& text) {
                   QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
   QTimer::singleShot(kFaultShown, &box, &QMessageBox::reject);
+  // The service manager must not take the reading of it for a hang.
+  Heartbeat heartbeat;
+  QTimer beats;
+  QObject::connect(&beats, &QTimer::timeout, &box, [&heartbeat] { heartbeat.beat(); });
+  beats.start(kFireCheck);
   box.exec();
 }
 

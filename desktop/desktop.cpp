@@ -63,7 +63,8 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       files_(disk_, [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
-      probe_([this](std::string_view path) { return disk_.locate(path); }, sound_),
+      // Files of its own: a look that is stuck outlives all the rest here.
+      probe_([disk = PosixFiles(setup.drives)](std::string_view path) { return disk.locate(path); }, sound_),
       mp_(probe_, sound_, kTrackPatience),
       mp1_(probe_, sound_, kMessagePatience),
       mp2_(probe_, sound_, kMessagePatience),
