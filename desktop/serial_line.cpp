@@ -151,11 +151,16 @@ void SerialLine::hand_over() {
   for (auto bytes = outbox_.ready(now); !bytes.empty(); bytes = outbox_.ready(now)) {
     const ssize_t taken = ::write(device_.handle(), bytes.data(), bytes.size());
     if (taken < 0 && errno == EINTR) continue;
-    if (taken < 0 && errno == EAGAIN) return writable_->setEnabled(true);  // a full buffer is no lost line
-    if (taken < 0)
-      return QMetaObject::invokeMethod(
-                 this, [this] { give_up(); }, Qt::QueuedConnection),
-             void();
+    // A full buffer is no lost line.
+    if (taken == 0 || (taken < 0 && errno == EAGAIN)) {
+      writable_->setEnabled(true);
+      return;
+    }
+    if (taken < 0) {
+      QMetaObject::invokeMethod(
+          this, [this] { give_up(); }, Qt::QueuedConnection);
+      return;
+    }
     outbox_.taken(static_cast<std::size_t>(taken), now);
     now = Outbox::Clock::now();
   }
