@@ -1,5 +1,6 @@
 #include "drill/words.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -11,6 +12,18 @@ namespace evac::drill {
 namespace {
 
 constexpr std::size_t kFileTextWord = 2;
+
+// What may be said several times in one line: behind how many words that stand for all, and how many each.
+struct Repeated {
+  std::string_view command, what;
+  std::size_t head, each;
+};
+constexpr Repeated kRepeated[] = {
+    {"click", "", 1, 1},     {"rclick", "", 1, 1},   {"shift-rclick", "", 1, 1}, {"dblclick", "", 1, 1},
+    {"set", "", 1, 2},       {"key", "", 2, 1},      {"frame", "", 1, 6},        {"expect", "box", 2, 1},
+    {"expect", "row", 4, 1}, {"expect", "tx", 2, 0}, {"expect", "heard", 2, 0},  {"expect", "watch", 4, 0},
+    {"expect", "no", 3, 0},  {"expect", "", 1, 2},
+};
 
 // Reads a quoted word from behind its opening quote; leaves `at` behind the closing one.
 std::string read_quoted(std::string_view line, std::size_t& at, bool line_ends) {
@@ -54,6 +67,30 @@ std::vector<Word> split_words(std::string_view line) {
     }
   }
   return words;
+}
+
+std::deque<std::vector<Word>> commands_of(const std::vector<Word>& line) {
+  const std::string& command = line[0].text;
+  if (command == "enter" && line.size() == 2)
+    return {{{"click"}, line[1]},
+            {{"set"}, {"FrmPsW.Txt1"}, {"x"}},
+            {{"set"}, {"FrmPsW.Txt1"}, {""}},
+            {{"click"}, {"FrmPsW.CmdVPsW"}}};
+  const auto form = std::ranges::find_if(kRepeated, [&](const Repeated& r) {
+    return r.command == command && (r.what.empty() || (line.size() > 1 && r.what == line[1].text));
+  });
+  if (form == std::end(kRepeated) || form->each == 0 || line.size() <= form->head + form->each ||
+      (line.size() - form->head) % form->each != 0)
+    return {line};
+  std::deque<std::vector<Word>> commands;
+  for (std::size_t at = form->head; at < line.size(); at += form->each) {
+    commands.emplace_back(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(form->head));
+    // A row behind the one that is named.
+    if (form->what == "row")
+      commands.back()[3].text = join(parse_int(line[3], "the row") + static_cast<int>(at - form->head));
+    for (std::size_t i = at; i < at + form->each; ++i) commands.back().push_back(line[i]);
+  }
+  return commands;
 }
 
 std::string path_of(const Word& word) {
