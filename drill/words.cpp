@@ -19,10 +19,11 @@ struct Repeated {
   std::size_t head, each;
 };
 constexpr Repeated kRepeated[] = {
-    {"click", "", 1, 1},     {"rclick", "", 1, 1},   {"shift-rclick", "", 1, 1}, {"dblclick", "", 1, 1},
-    {"set", "", 1, 2},       {"key", "", 2, 1},      {"frame", "", 1, 6},        {"expect", "box", 2, 1},
-    {"expect", "row", 4, 1}, {"expect", "tx", 2, 0}, {"expect", "heard", 2, 0},  {"expect", "watch", 4, 0},
-    {"expect", "no", 3, 0},  {"expect", "", 1, 2},
+    {"click", "", 1, 1},     {"rclick", "", 1, 1},      {"shift-rclick", "", 1, 1}, {"dblclick", "", 1, 1},
+    {"set", "", 1, 2},       {"key", "", 2, 1},         {"frame", "", 1, 6},        {"contact", "", 1, 2},
+    {"card", "", 1, 2},      {"sound", "", 1, 2},       {"nosound", "", 1, 1},      {"remove", "", 1, 1},
+    {"expect", "box", 2, 1}, {"expect", "row", 4, 1},   {"expect", "tx", 2, 0},     {"expect", "heard", 2, 0},
+    {"expect", "no", 3, 0},  {"expect", "watch", 2, 2}, {"expect", "", 1, 2},
 };
 
 // Reads a quoted word from behind its opening quote; leaves `at` behind the closing one.
