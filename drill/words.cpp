@@ -1,10 +1,12 @@
 #include "drill/words.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 #include "model/text.h"
 
@@ -12,6 +14,18 @@ namespace evac::drill {
 namespace {
 
 constexpr std::size_t kFileTextWord = 2;
+
+// What an operator does again and again; what is said behind it goes where a command ends in a blank.
+struct Deed {
+  std::string_view word, of;
+  std::array<std::string_view, 4> commands;
+};
+constexpr Deed kDeeds[] = {
+    {"enter", "M_n_z", {"click ", "set FrmPsW.Txt1 x", "set FrmPsW.Txt1 \"\"", "click FrmPsW.CmdVPsW"}},
+    {"yes", "click C", {"answer yes", " "}},
+    {"no", "click C", {"answer no", " "}},
+    {"quiet", "5s", {"wait ", "expect no tx"}},
+};
 
 // What may be said several times in one line: behind how many words that stand for all, and how many each.
 struct Repeated {
@@ -72,11 +86,23 @@ std::vector<Word> split_words(std::string_view line) {
 
 std::deque<std::vector<Word>> commands_of(const std::vector<Word>& line) {
   const std::string& command = line[0].text;
-  if (command == "enter" && line.size() == 2)
-    return {{{"click"}, line[1]},
-            {{"set"}, {"FrmPsW.Txt1"}, {"x"}},
-            {{"set"}, {"FrmPsW.Txt1"}, {""}},
-            {{"click"}, {"FrmPsW.CmdVPsW"}}};
+  if (const auto deed = std::ranges::find(kDeeds, command, &Deed::word); deed != std::end(kDeeds)) {
+    if (line.size() < 2) want(line, 2, join(command, " ", deed->of));
+    std::deque<std::vector<Word>> commands;
+    for (const std::string_view each : deed->commands) {
+      if (each.empty()) continue;
+      commands.push_back(split_words(each));
+      if (each.ends_with(' ')) std::copy(line.begin() + 1, line.end(), std::back_inserter(commands.back()));
+    }
+    return commands;
+  }
+  if (command == "expect" && line.size() > 3 && line[1].text == "only") {
+    std::vector<Word> these = line;
+    these.erase(these.begin() + 1);
+    auto commands = commands_of(these);
+    commands.push_back({line[0], {"no"}, line[2]});
+    return commands;
+  }
   const auto form = std::ranges::find_if(kRepeated, [&](const Repeated& r) {
     return r.command == command && (r.what.empty() || (line.size() > 1 && r.what == line[1].text));
   });

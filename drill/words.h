@@ -27,7 +27,7 @@ struct Word {
 // backslash stands for itself; in the text of a `file` command `\n` is a line end.
 std::vector<Word> split_words(std::string_view line);
 // The commands that a line stands for: one, or one for each of several controls, values, frames, boxes or
-// rows; and for `enter ITEM` those that open a window of the settings while no password is set.
+// rows; for what is done again and again, such as `enter ITEM`, those that it consists of.
 std::deque<std::vector<Word>> commands_of(const std::vector<Word>& line);
 // A path as it was meant: no path holds a tab, so that "C:\\ZEF_DAT\\timer" needs no doubled backslash
 // either.
