@@ -75,7 +75,7 @@ class Rules {
     std::optional<std::chrono::milliseconds> took;  // until its first zone was sent
     int resets = 0;                                 // stops of all since
   };
-  struct Poll {
+  struct Since {
     Instant came;
     std::chrono::milliseconds held;
   };
@@ -95,6 +95,7 @@ class Rules {
   void check_polls();
   void check_line(const rack::Network& heard);
   void check_watch(Console& console);
+  void check_alert(Console& console);
   void check_bounds();
   void note_saved(Console& console);
   void check_loaded(Console& console) const;
@@ -108,11 +109,12 @@ class Rules {
   const char* stack_base_ = nullptr;
   int names_edition_ = 0;
   Console* console_ = nullptr;
-  bool untouched_ = true;   // no operator since the start
-  bool first_fire_ = true;  // no contact since the start
-  bool sound_sure_ = true;  // every message can be opened since the start
+  std::optional<Since> left_over_;  // since when an alert runs whose bank has no contact closed
+  bool untouched_ = true;           // no operator since the start
+  bool first_fire_ = true;          // no contact since the start
+  bool sound_sure_ = true;          // every message can be opened since the start
   std::map<int, Contact> waited_for_;
-  std::deque<Poll> polls_;
+  std::deque<Since> polls_;
   std::deque<Answer> answers_;
   std::optional<Instant> garbled_;
   int uncertain_polls_ = 0;
