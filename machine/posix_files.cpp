@@ -146,6 +146,9 @@ FileError PosixFiles::read(std::string_view path, std::string& bytes) {
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
   if (const FileError error = check_regular(descriptor.get(), kLargestFile)) return error;
+  if (const off_t size = ::lseek(descriptor.get(), 0, SEEK_END); size > 0)
+    bytes.reserve(static_cast<std::size_t>(size));
+  ::lseek(descriptor.get(), 0, SEEK_SET);
   char block[65536];
   while (true) {
     const ssize_t got = ::read(descriptor.get(), block, sizeof block);
