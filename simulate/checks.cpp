@@ -121,10 +121,12 @@ void Rules::check_polls() {
   if (line->lost()) line_disturbed(line_works_);
   if (!line_works_ || machine_.now() - line_disturbed_ < 1s || answers_.empty()) return;
   const Answer& answer = answers_.front();
-  // Behind what the device holds, and a group of frames that goes together.
-  const milliseconds most = Outbox::kAhead + kFrame * static_cast<int>(answer.before + 4);
+  // Behind what the device holds; a group of up to three frames goes before it and each answer before it.
+  const milliseconds most = Outbox::kAhead + kFrame * 4 * static_cast<int>(answer.before + 1);
   if (working_since(answer.sent, answer.held) > most + 5ms)
-    throw Broken("an answer is stuck on a working line");
+    throw Broken(join("an answer is stuck on a working line: ",
+                      working_since(answer.sent, answer.held).count(), " ms, with ", answer.before,
+                      " before it and ", line->frames_waiting(machine_.now()), " frames waiting"));
 }
 
 void Rules::check_line(const rack::Network& heard) {
