@@ -13,6 +13,8 @@ using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
 constexpr int kAlgorithmZones = 96;
+constexpr std::string_view kStatusFile = "\\FNetKntrl";
+constexpr int kStatusCounts = 100;
 constexpr std::string_view kZoneEntry = "Зона - ";
 
 std::size_t card_of(int zone) {
@@ -42,6 +44,7 @@ void Rules::settling_since_now() {
 
 void Rules::process_ended(const rack::Network& heard_so_far) {
   console_ = nullptr;
+  status_phase_.reset();
   waited_for_.clear();
   polls_.clear();
   answers_.clear();
@@ -185,7 +188,23 @@ void Rules::journalled(std::string_view line) {
 void Rules::saved(std::string_view path, std::string_view bytes) {
   ++counts.saves;
   saved_[std::string(path)] = bytes;
+  if (path.ends_with(kStatusFile)) note_status(bytes);
   just_saved_.insert(std::string(path.substr(path.rfind('\\') + 1)));
+}
+
+// The counter moves once in each second of the wall clock, however the system's is stepped and held.
+void Rules::note_status(std::string_view line) {
+  const auto behind = [&](std::string_view mark) {
+    return Number(line.substr(line.find(mark) + mark.size()));
+  };
+  const auto time = line.substr(line.find(" # ") + 3);
+  const auto minutes = time.find(':') + 1, seconds = time.find(':', minutes) + 1;
+  const int second = Number(time) * 3600 + Number(time.substr(minutes)) * 60 + Number(time.substr(seconds));
+  const int phase = (second + kStatusCounts - behind(" $ ")) % kStatusCounts;
+  ++counts.seconds;
+  if (status_phase_.value_or(phase) != phase)
+    throw Broken(join("the status file has left out seconds or written them twice: ", line));
+  status_phase_ = phase;
 }
 
 void Rules::replaced_from_outside(std::string_view path, std::string_view bytes) {

@@ -46,6 +46,8 @@ class Rules {
   // The line or its device changes; from now on it takes no frame, or it works. The media change.
   void line_disturbed(bool works);
   void media_disturbed() { sound_sure_ = false; }
+  // The wall clock was set by more than it catches up with.
+  void wall_set() { status_phase_.reset(); }
 
   // Zones whose contact is closed.
   const std::set<int>& closed() const { return closed_; }
@@ -58,7 +60,7 @@ class Rules {
 
   struct {
     long contacts = 0, certain = 0, answered = 0, opened_early = 0, polls = 0, zones = 0, saves = 0,
-         journal_bytes = 0, silences = 0;
+         seconds = 0, journal_bytes = 0, silences = 0;
     std::map<std::string, long> excused;
     int most_frames = 0;
     std::ptrdiff_t deepest = 0;
@@ -97,6 +99,7 @@ class Rules {
   void check_watch(Console& console);
   void check_bounds();
   void note_saved(Console& console);
+  void note_status(std::string_view line);
   void check_loaded(Console& console) const;
   static std::string excuse_of(Console& console, int zone);
 
@@ -129,6 +132,9 @@ class Rules {
   std::set<std::string> just_saved_;  // since the last check
   // Of the model, when its file was saved by the console.
   std::optional<std::vector<std::string>> settings_lines_;
+  // By how much the time of day in the status file, in seconds, is ahead of its counter, modulo that one's
+  // range.
+  std::optional<int> status_phase_;
   std::optional<std::array<int, 8>> sources_;
   std::optional<std::vector<int>> zone_channels_;
 };

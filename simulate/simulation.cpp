@@ -76,6 +76,7 @@ Simulation::Simulation(std::filesystem::path root, unsigned seed)
   machine.faulty_files().replaced = [this](auto path, auto bytes) { rules_.saved(path, bytes); };
   machine.faulty_files().appended = [this](auto path, auto bytes) { rules_.appended(path, bytes); };
   machine.faulty_files().removed = [this](auto path) { rules_.removed(path); };
+  machine.steady_wall().stepped = [this](WallTime, WallTime) { rules_.wall_set(); };
   rack_.passed = [this](const rack::Passed& passed) {
     if (passed.from_console) rules_.heard(passed.frame, Instant(std::chrono::floor<milliseconds>(passed.at)));
   };
@@ -256,6 +257,8 @@ void Simulation::told(const std::string& line, bool result) {
   try {
     if (line.starts_with("tx AA AA")) {
       rules_.sent(frame_of(std::string_view(line).substr(3)));
+    } else if (line.starts_with("port open ")) {
+      rules_.line_disturbed(!line_stalled_);
     } else if (line.starts_with("journal ")) {
       rules_.journalled(unquoted(line));
     } else if (line.starts_with("fault ")) {
