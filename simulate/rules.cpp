@@ -203,7 +203,8 @@ void Rules::note_status(std::string_view line) {
   const int phase = (second + kStatusCounts - behind(" $ ")) % kStatusCounts;
   ++counts.seconds;
   if (status_phase_.value_or(phase) != phase)
-    throw Broken(join("the status file has left out seconds or written them twice: ", line));
+    throw Broken(join("the status file has left out seconds or written them twice: at ", time_text(second),
+                      " by ", phase - *status_phase_));
   status_phase_ = phase;
 }
 
