@@ -31,7 +31,10 @@ class Rules {
   // What happens, each at its own moment.
   void process_started(Console& console);
   void process_ended(const rack::Network& heard_so_far);
-  void operator_acted() { untouched_ = false; }
+  void operator_acted() {
+    untouched_ = false;
+    status_phase_.reset();  // the status file may be stopped, or go on
+  }
   void contact_set(int zone, bool closed);
   void card_set_failing(int card, bool failing);
   void poll_arrived();
