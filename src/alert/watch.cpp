@@ -139,8 +139,8 @@ void Watch::find_unanswered(Findings& f) const {
     f.fourth_bank = f.contacts & ~kFirstBanks;
     f.no_algorithm = f.contacts & kFirstBanks & ~with_steps_;
   }
-  f.mute &= ~f.no_algorithm;
-  f.restarting = restarting() & ~f.no_algorithm & ~f.mute;
+  f.mute &= ~(f.no_algorithm | f.fourth_bank);
+  f.restarting = restarting() & ~(f.no_algorithm | f.mute);
   const ZoneBits told = f.no_algorithm | f.mute | f.restarting;
   if (controller && f.blind == Blind::kNot)
     for (int bank = 1; bank < kBanks; ++bank) {
