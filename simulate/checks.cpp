@@ -22,6 +22,10 @@ constexpr int kMostFrames = 97 + 2 * (rack::Network::kZones + rack::Network::kTe
 constexpr std::ptrdiff_t kMostStack = 256 * 1024;
 constexpr int kMostReceived = 1024;
 
+// From the end of a file to its next play: a second more than its length, to the nearest second.
+constexpr milliseconds kBetweenPlays{3000};
+constexpr std::string_view kMute = "Сообщение не звучит";
+
 // Lines of the watch that tell why a closed contact starts no alert: for all zones, and before their numbers.
 // Alerts with the alarm mark that reset one another leave the later zones of a bank no turn.
 constexpr std::string_view kBlind[] = {"ОБНАРУЖЕНИЕ ПОЖАРА ОТКЛЮЧЕНО", "Контакты не включают оповещение",
@@ -75,6 +79,7 @@ void Rules::check(Console* console, const rack::Network& heard) {
   note_saved(*console);
   check_contacts();
   check_polls();
+  check_sound(*console);
   check_watch(*console);
   check_bounds();
 }
@@ -129,6 +134,17 @@ void Rules::check_polls() {
                       " before it and ", line->frames_waiting(machine_.now()), " frames waiting"));
 }
 
+void Rules::check_sound(Console& console) const {
+  const AlertState& alert = console.model().alert;
+  if (!alert.alg_running || !console.form1().Timer7.enabled() || alert.fire_stop || alert.msg_manual) return;
+  if (cut_off_) return;
+  if (machine_.wall() - sounds_until_ <= kBetweenPlays) return;
+  const auto& lines = console.watch().lines();
+  if (std::ranges::none_of(lines, [](const auto& line) { return line.text.starts_with(kMute); }))
+    throw Broken(join("an algorithm runs and its message is silent since ",
+                      (machine_.wall() - sounds_until_).count(), " ms, and the watch does not say so"));
+}
+
 void Rules::check_line(const rack::Network& heard) {
   const CarriedLine* line = machine_.carried();
   const int frames = line->frames_waiting(machine_.now());
@@ -166,7 +182,7 @@ void Rules::check_watch(Console& console) {
   std::string named;
   for (const WatchLine& line : console.watch().lines()) {
     if (line.rank == WatchRank::kFire && line.text.starts_with("ПОЖАР: зон")) named = line.text;
-    if (untouched_ && sound_sure_ && line.text.starts_with("Сообщение не звучит"))
+    if (untouched_ && sound_sure_ && line.text.starts_with(kMute))
       throw Broken("every message can be opened, and the watch says: " + line.text);
   }
   if (failing_[0] || failing_[1]) return;

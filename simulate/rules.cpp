@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "alert/alert_type.h"
+#include "drill/words.h"
 #include "model/text.h"
 #include "store/algorithm_record.h"
 
@@ -15,7 +16,7 @@ using std::chrono::milliseconds;
 constexpr int kAlgorithmZones = 96;
 constexpr std::string_view kStatusFile = "\\FNetKntrl";
 constexpr int kStatusCounts = 100;
-constexpr std::string_view kZoneEntry = "Зона - ";
+constexpr std::string_view kZoneEntry = "Зона - ", kPlayEntry = "Сообщение:  ";
 
 std::size_t card_of(int zone) {
   return zone <= 64 ? 0 : 1;
@@ -53,6 +54,20 @@ void Rules::process_ended(const rack::Network& heard_so_far) {
   // What waited has gone with the process.
   promised_ = heard_so_far;
   promise_open_ = false;
+}
+
+void Rules::wall_set() {
+  status_phase_.reset();
+  sounds_until_ = std::max(sounds_until_, machine_.wall());
+}
+
+void Rules::message_driven(std::string_view what) {
+  const std::string path = what.starts_with("file ") ? drill::split_words(what).back().text : "";
+  if (!path.empty()) message_ = path;
+  if (what == "play")
+    sounds_until_ =
+        machine_.wall() + milliseconds(static_cast<int>(1000 * machine_.sound_length(message_).value_or(0)));
+  cut_off_ |= !path.empty();
 }
 
 void Rules::contact_set(int zone, bool closed) {
@@ -175,6 +190,7 @@ void Rules::journalled(std::string_view line) {
   const auto entry = line.find(' ');
   if (entry == std::string_view::npos) return;
   line.remove_prefix(entry + 1);
+  if (line.starts_with(kPlayEntry)) cut_off_ = false;
   if (!line.starts_with(kZoneEntry)) return;
   const int zone = Number(line.substr(kZoneEntry.size()));
   ++counts.zones;

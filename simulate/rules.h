@@ -50,7 +50,9 @@ class Rules {
   void line_disturbed(bool works);
   void media_disturbed() { sound_sure_ = false; }
   // The wall clock was set by more than it catches up with.
-  void wall_set() { status_phase_.reset(); }
+  void wall_set();
+  // The media control of the alerts is driven: what stands behind its name.
+  void message_driven(std::string_view what);
 
   // Zones whose contact is closed.
   const std::set<int>& closed() const { return closed_; }
@@ -98,6 +100,7 @@ class Rules {
   void take_excuses(Console& console);
   void check_contacts();
   void check_polls();
+  void check_sound(Console& console) const;
   void check_line(const rack::Network& heard);
   void check_watch(Console& console);
   void check_bounds();
@@ -117,6 +120,10 @@ class Rules {
   bool untouched_ = true;   // no operator since the start
   bool first_fire_ = true;  // no contact since the start
   bool sound_sure_ = true;  // every message can be opened since the start
+  // The message that was given to the media last, and up to when it sounds.
+  std::string message_;
+  WallTime sounds_until_{};
+  bool cut_off_ = false;  // the settings of alerting have taken the media, until the alert's next play
   std::map<int, Contact> waited_for_;
   std::deque<Poll> polls_;
   std::deque<Answer> answers_;

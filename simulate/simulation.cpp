@@ -17,6 +17,7 @@ using std::chrono::milliseconds;
 constexpr std::string_view kSounds[] = {"sound \"C:\\ZEF_DAT\\message\\fire.wav\" 20",
                                         "sound \"C:\\ZEF_DAT\\message\\short.wav\" 3.5",
                                         "sound \"C:\\ZEF_DAT\\message\\long.wav\" 90"};
+constexpr std::string_view kMessageMedia = "media MP2 ";
 constexpr int kLastAlgorithm = 96, kTerminalsInUse = 12;
 
 std::string quoted_path(std::string_view path) {
@@ -259,6 +260,8 @@ void Simulation::told(const std::string& line, bool result) {
       rules_.sent(frame_of(std::string_view(line).substr(3)));
     } else if (line.starts_with("port open ")) {
       rules_.line_disturbed(!line_stalled_);
+    } else if (line.starts_with(kMessageMedia)) {
+      rules_.message_driven(std::string_view(line).substr(kMessageMedia.size()));
     } else if (line.starts_with("journal ")) {
       rules_.journalled(unquoted(line));
     } else if (line.starts_with("fault ")) {
