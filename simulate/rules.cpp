@@ -58,6 +58,7 @@ void Rules::process_ended(const rack::Network& heard_so_far) {
 
 void Rules::wall_set() {
   status_phase_.reset();
+  sound_sure_ = false;  // the end of a play may have been left out
   sounds_until_ = std::max(sounds_until_, machine_.wall());
 }
 
