@@ -116,18 +116,22 @@ fs::path PosixFiles::locate(std::string_view path) const {
   const char letter = static_cast<char>(std::toupper(static_cast<unsigned char>(path[0])));
   const auto drive = drives_.find(letter);
   if (drive == drives_.end()) return {};
-  fs::path place = drive->second;
   path.remove_prefix(2);
+  fs::path place = drive->second, way;
   while (!path.empty()) {
     const auto end = path.find('\\');
     const std::string part(path.substr(0, end));
     path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
     if (part.empty() || part == ".") continue;
     if (part == ".." || part.find('/') != std::string::npos) return {};  // nothing leads out of a drive
-    std::error_code error;
+    way /= part;
+  }
+  std::error_code error;
+  if (fs::exists(place / way, error)) return place / way;
+  for (const fs::path& part : way) {
     fs::path next = place / part;
     if (!fs::exists(next, error)) {
-      const std::string low = lower_case(part);
+      const std::string low = lower_case(part.string());
       for (fs::directory_iterator at(place, error), last; !error && at != last; at.increment(error))
         if (lower_case(at->path().filename().string()) == low) {
           next = at->path();
