@@ -24,6 +24,8 @@ constexpr int kMostReceived = 1024;
 
 // From the end of a file to its next play: a second more than its length, to the nearest second.
 constexpr milliseconds kBetweenPlays{3000};
+constexpr std::string_view kEventPast = "Недельный таймер: событие";
+constexpr int kEveryDay = 127;
 constexpr std::string_view kMute = "Сообщение не звучит";
 
 // Lines of the watch that tell why a closed contact starts no alert: for all zones, and before their numbers.
@@ -36,6 +38,14 @@ constexpr std::string_view kReasons[] = {"Алгоритм не указан: ",
                                          "Не включится до сброса: ",
                                          "Оповещение закончено, контакт замкнут: ",
                                          "До сброса не включит оповещение: "};
+
+// Each event comes again the next day. Of one weekday alone the timer goes on waiting for an event that is
+// past.
+bool goes_round(const TimerState& timer) {
+  return std::ranges::all_of(timer.events, [](const ProgrammeEvent& event) {
+    return event.tm_rec.empty() || event.tm_days == kEveryDay;
+  });
+}
 
 // Whether the number stands in the list behind the last colon, names left out.
 bool lists(std::string_view text, int number) {
@@ -182,6 +192,8 @@ void Rules::check_watch(Console& console) {
   std::string named;
   for (const WatchLine& line : console.watch().lines()) {
     if (line.rank == WatchRank::kFire && line.text.starts_with("ПОЖАР: зон")) named = line.text;
+    if (!clock_set_ && line.text.starts_with(kEventPast) && goes_round(console.model().timer))
+      throw Broken("no clock was set, and the timer has missed an event: " + line.text);
     if (untouched_ && sound_sure_ && line.text.starts_with(kMute))
       throw Broken("every message can be opened, and the watch says: " + line.text);
   }

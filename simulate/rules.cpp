@@ -29,6 +29,7 @@ void Rules::process_started(Console& console) {
   started_ = machine_.now();
   held_at_change_ = machine_.held_so_far();
   untouched_ = first_fire_ = sound_sure_ = true;
+  clock_set_ = false;
   check_loaded(console);
   console.watch().changed = [this, &console] { take_excuses(console); };
   const bool lone = closed_.size() == 1;
@@ -58,6 +59,7 @@ void Rules::process_ended(const rack::Network& heard_so_far) {
 
 void Rules::wall_set() {
   status_phase_.reset();
+  clock_set_ = true;
   sound_sure_ = false;  // the end of a play may have been left out
   sounds_until_ = std::max(sounds_until_, machine_.wall());
 }

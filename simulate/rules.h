@@ -117,6 +117,7 @@ class Rules {
   const char* stack_base_ = nullptr;
   int names_edition_ = 0;
   Console* console_ = nullptr;
+  bool clock_set_ = false;  // since the start
   bool untouched_ = true;   // no operator since the start
   bool first_fire_ = true;  // no contact since the start
   bool sound_sure_ = true;  // every message can be opened since the start
