@@ -16,7 +16,7 @@ using std::chrono::milliseconds;
 constexpr int kAlgorithmZones = 96;
 constexpr std::string_view kStatusFile = "\\FNetKntrl";
 constexpr int kStatusCounts = 100;
-constexpr std::string_view kZoneEntry = "Зона - ", kPlayEntry = "Сообщение:  ";
+constexpr std::string_view kZoneEntry = "Зона - ", kPlayEntry = " длина: ";
 
 std::size_t card_of(int zone) {
   return zone <= 64 ? 0 : 1;
@@ -193,7 +193,7 @@ void Rules::journalled(std::string_view line) {
   const auto entry = line.find(' ');
   if (entry == std::string_view::npos) return;
   line.remove_prefix(entry + 1);
-  if (line.starts_with(kPlayEntry)) cut_off_ = false;
+  if (line.find(kPlayEntry) != std::string_view::npos) cut_off_ = false;
   if (!line.starts_with(kZoneEntry)) return;
   const int zone = Number(line.substr(kZoneEntry.size()));
   ++counts.zones;
