@@ -23,6 +23,7 @@ constexpr const char* kUsage =
     "frame, of six bytes each; expect C.PROP VALUE C.PROP VALUE; expect box TEXT TEXT; expect watch RANK\n"
     "TEXT RANK TEXT; expect row LIST N TEXT TEXT, from row N on. And what stands for several commands:\n"
     "  enter M_n_z              a click on that entry of the menu, the gate passed without a password\n"
+    "  channel Lbl(7) 3 ...     a cell that is off switched on, and put on that channel by its menu\n"
     "  yes click C | no click C a click, rclick or dblclick whose question is answered so\n"
     "  quiet 5s                 wait 5s, and expect no tx behind it\n"
     "  expect only tx | box ... these, and no others behind them\n"

@@ -96,6 +96,15 @@ std::deque<std::vector<Word>> commands_of(const std::vector<Word>& line) {
     }
     return commands;
   }
+  if (command == "channel" && line.size() > 2 && line.size() % 2 == 1) {
+    std::deque<std::vector<Word>> commands;
+    for (std::size_t at = 1; at < line.size(); at += 2) {
+      commands.push_back({{"dblclick"}, line[at]});
+      commands.push_back({{"rclick"}, line[at]});
+      commands.push_back({{"click"}, {join("ch(", line[at + 1].text, ")")}});
+    }
+    return commands;
+  }
   if (command == "expect" && line.size() > 3 && line[1].text == "only") {
     std::vector<Word> these = line;
     these.erase(these.begin() + 1);
