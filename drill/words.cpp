@@ -13,8 +13,6 @@
 namespace evac::drill {
 namespace {
 
-constexpr std::size_t kFileTextWord = 2;
-
 // What an operator does again and again; what is said behind it goes where a command ends in a blank.
 struct Deed {
   std::string_view word, of;
@@ -37,7 +35,7 @@ constexpr Repeated kRepeated[] = {
     {"set", "", 1, 2},       {"key", "", 2, 1},         {"frame", "", 1, 6},        {"contact", "", 1, 2},
     {"card", "", 1, 2},      {"sound", "", 1, 2},       {"nosound", "", 1, 1},      {"remove", "", 1, 1},
     {"expect", "box", 2, 1}, {"expect", "row", 4, 1},   {"expect", "tx", 2, 0},     {"expect", "heard", 2, 0},
-    {"expect", "no", 3, 0},  {"expect", "watch", 2, 2}, {"expect", "", 1, 2},
+    {"expect", "no", 3, 0},  {"expect", "watch", 2, 2}, {"expect", "", 1, 2},       {"file", "", 1, 2},
 };
 
 // Reads a quoted word from behind its opening quote; leaves `at` behind the closing one.
@@ -73,7 +71,7 @@ std::vector<Word> split_words(std::string_view line) {
     if (line[at] == ' ' || line[at] == '\t') {
       ++at;
     } else if (line[at] == '"') {
-      const bool line_ends = words.size() == kFileTextWord && words[0].text == "file";
+      const bool line_ends = !words.empty() && words[0].text == "file" && words.size() % 2 == 0;
       words.push_back({read_quoted(line, ++at, line_ends), true});
     } else {
       const auto end = std::min(line.find_first_of(" \t", at), line.size());
