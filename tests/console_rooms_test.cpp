@@ -1,7 +1,6 @@
 // The settings and console rooms on a whole console: files that hold what no window would write.
 #include <gtest/gtest.h>
 
-
 #include "app/console.h"
 #include "drill/virtual_machine.h"
 #include "store/record_file.h"
