@@ -94,6 +94,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   for (const std::string_view folder : kWrittenFolders) disk_.remove_left_over(folder);
   host_.before_wait = [this] {
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
+    scan_.look();
     screen_.flush();
   };
   host_.steady_wall().changed = [this] { loop_.keep_phase(); };
