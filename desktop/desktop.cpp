@@ -38,6 +38,7 @@ std::map<int, QString> devices(const HostSetup& setup) {
 }
 
 QString disk_trouble(const BackgroundFiles::Health& health) {
+  if (health.stuck && health.waiting == 0) return QStringLiteral("Диск не отвечает");
   if (health.stuck) return QStringLiteral("Диск не отвечает, ждут записи: %1").arg(health.waiting);
   if (health.failing.empty()) return {};
   const auto name = health.failing.substr(health.failing.rfind('\\') + 1);
