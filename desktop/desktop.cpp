@@ -108,7 +108,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
   boxes_.fire_waits = [this] { return ending_ || console_->fire_waiting().now(); };
-  boxes_.while_up = [this] { heartbeat_.beat(); };
+  boxes_.while_up = windows_.while_busy = [this] { heartbeat_.beat(); };
   Cards& cards = simulated_cards_ ? static_cast<Cards&>(*simulated_cards_) : comedi_;
   console_ = std::make_unique<Console>(
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});

@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <fstream>
+#include <thread>
 
 #include "desktop/self_check.h"
 #include "training_desktop.h"
@@ -79,6 +80,17 @@ TEST_F(Supervised, ItBeatsWhileTheHostItselfAsks) {
   });
   EXPECT_FALSE(ask_host(desktop->feed(), nullptr, "Закрыть пульт?"));
   EXPECT_TRUE(under_box.contains("WATCHDOG=1"));
+}
+
+TEST_F(Supervised, ItBeatsInTheMidstOfWorkThatHoldsTheWindow) {
+  desktop->start();
+  (void)manager.heard();
+  desktop->windows().busy("Длительность списка", 1, 3);
+  std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+  (void)manager.heard();
+  desktop->windows().busy("Длительность списка", 2, 3);
+  EXPECT_EQ(manager.heard(), QStringList("WATCHDOG=1"));
+  desktop->windows().busy_over();
 }
 
 TEST_F(Supervised, ASignalEndsItInOrderFromUnderAWindow) {
