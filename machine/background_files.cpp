@@ -82,7 +82,14 @@ FileError BackgroundFiles::queue(std::shared_ptr<Write> write, std::chrono::mill
   bytes_waiting_ += write->bytes.size();
   writes_.push_back(write);
   work_.notify_one();
-  const bool known = !behind_ && written_.wait_for(lock, patience, [&] { return write->done; });
+  const auto begun = Clock::now();
+  if (write->append && begun - append_begun_ > kAppendsTogether) {
+    append_begun_ = begun;
+    append_wait_ = patience;
+  }
+  const auto most = write->append ? append_wait_ : Clock::duration(patience);
+  const bool known = !behind_ && written_.wait_for(lock, most, [&] { return write->done; });
+  if (write->append) append_wait_ -= std::min(append_wait_, Clock::now() - begun);
   if (!known) behind_ = write->overdue = true;
   const FileError result = known ? write->result : kNoError;
   if (result == kNoError) note_written(*write);

@@ -24,6 +24,8 @@ class BackgroundFiles : public Files {
   // How long a caller waits for its own write. One that takes longer counts as written, as long as nothing
   // else is known; behind one that takes longer nobody waits.
   static constexpr std::chrono::milliseconds kAppendWait{20}, kReplaceWait{80};
+  // The lines of one alert share that wait.
+  static constexpr std::chrono::milliseconds kAppendsTogether{100};
   // How long a caller waits for an answer that was given once before; the first time, for as long as it
   // takes.
   static constexpr std::chrono::milliseconds kAnswerWait{80};
@@ -113,6 +115,9 @@ class BackgroundFiles : public Files {
   std::condition_variable work_, written_, sync_work_, asked_, answered_;
   std::deque<std::shared_ptr<Write>> writes_;  // the first is being written
   std::size_t bytes_waiting_ = 0;
+  // When the last appends began that share their wait, and what is left of it.
+  std::chrono::steady_clock::time_point append_begun_{};
+  std::chrono::steady_clock::duration append_wait_{};
   bool behind_ = false;  // a write took too long, and there are still some that wait
   std::deque<std::shared_ptr<Question>> questions_;  // the first is being asked
   bool mute_ = false;                                // a question took too long, and there are still some

@@ -18,6 +18,7 @@ class Disk : public PosixFiles {
   using PosixFiles::PosixFiles;
   FileError append(std::string_view path, std::string_view bytes) override {
     hangs.wait(true);
+    std::this_thread::sleep_for(append_takes);
     return error != kNoError ? error : PosixFiles::append(path, bytes);
   }
   FileError read(std::string_view path, std::string& bytes) override {
@@ -38,6 +39,7 @@ class Disk : public PosixFiles {
     hangs.notify_all();
   }
   std::atomic<bool> hangs = false;
+  std::chrono::milliseconds append_takes{0};
   FileError error = kNoError;
 };
 
@@ -86,6 +88,13 @@ TEST_F(Behind, AWriteThatFailsIsToldToItsCallerAndKeptUntilTheFileCanBeWritten) 
   EXPECT_EQ(files.append("C:\\journal", "2"), kNoError);
   EXPECT_EQ(files.health().failing, "");
   EXPECT_EQ(text("C:\\journal"), "2");
+}
+
+TEST_F(Behind, TheLinesOfOneAlertWaitForASlowDiskNoLongerThanOne) {
+  disk.append_takes = BackgroundFiles::kAppendWait / 2;
+  for (int line = 0; line < 100; ++line) EXPECT_EQ(files.append("C:\\journal", "x"), kNoError);
+  EXPECT_GT(files.health().waiting, 90);
+  EXPECT_EQ(text("C:\\journal"), std::string(100, 'x'));
 }
 
 // Settings that read as empty while the disk is away would be saved as such, or leave zones unwatched.
