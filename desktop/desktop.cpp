@@ -130,13 +130,13 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   QObject::connect(&end_signals_, &EndSignals::end_wanted, this, [this](const QString& name) { end(name); });
   QObject::connect(&end_signals_, &EndSignals::window_wanted, this, [this] { bring_up(); });
   // A device that is playing is not opened a second time, only to see whether it can be.
-  self_check_ = std::make_unique<SelfCheck>(CheckSetup{.settings_file = disk_.locate(kSettingsFile),
-                                                       .state = setup.state,
-                                                       .sound = [this, last = QStringList()]() mutable {
-                                                         if (!sounding_)
-                                                           last = strings(missing_sound(sound_));
-                                                         return last;
-                                                       }});
+  self_check_ = std::make_unique<SelfCheck>(
+      CheckSetup{.settings_file = disk_.locate(kSettingsFile),
+                 .state = setup.state,
+                 .sound = [setup = sound_, sounding = sounding_, last = QStringList()]() mutable {
+                   if (!*sounding) last = strings(missing_sound(setup));
+                   return last;
+                 }});
   QObject::connect(
       self_check_.get(), &SelfCheck::looked, this, [this](const QString& data, const QStringList& sound) {
         if (!training_)
@@ -237,7 +237,7 @@ void Desktop::look_after_devices() {
     const QString trouble = QString::fromStdString(each->trouble());
     if (!trouble.isEmpty() && !sound.contains(trouble)) sound << trouble;
   }
-  sounding_ = std::any_of(media.begin(), media.end(), [](GstMedia* each) { return each->is_open(); });
+  *sounding_ = std::any_of(media.begin(), media.end(), [](GstMedia* each) { return each->is_open(); });
   notices_.tell(Notices::kSound, sound.join(QStringLiteral("; ")));
   notices_.tell(Notices::kDisk, disk_trouble(files_.health()));
   notices_.tell(Notices::kCards, QString::fromStdString(comedi_.trouble()));
