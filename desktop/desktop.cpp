@@ -87,6 +87,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
                 .timer_ahead = [this] { return timer_ahead(console_->model().timer, loop_.wall()); },
                 .stand_button = [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
+  mp2_.measure_aside();
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
         [this](int card, int port) { return training_->rack().contact_word(card, port); });

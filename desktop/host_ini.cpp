@@ -16,13 +16,19 @@ std::string trimmed(std::string_view text) {
   return std::string(text.substr(first, text.find_last_not_of(kBlank) - first + 1));
 }
 
+// One that can't be looked at is none.
+bool is_folder(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_directory(path, ignored);
+}
+
 class Reader {
  public:
   explicit Reader(const fs::path& file) : file_(file) {}
 
   HostSetup read() {
     std::ifstream in(file_);
-    if (!in || fs::is_directory(file_)) throw HostIniError(file_.string() + ": the file cannot be read");
+    if (!in || is_folder(file_)) throw HostIniError(file_.string() + ": the file cannot be read");
     for (std::string line; std::getline(in, line);) {
       ++line_;
       take(trimmed(line));
@@ -66,7 +72,7 @@ class Reader {
   void take_drive(const std::string& name, const std::string& value) {
     if (name.size() != 1 || !std::isalpha(static_cast<unsigned char>(name[0])))
       fail("a drive letter from A to Z", name);
-    if (!fs::is_directory(value)) fail("a directory that exists", value);
+    if (!is_folder(value)) fail("a directory that exists", value);
     const char letter = static_cast<char>(std::toupper(static_cast<unsigned char>(name[0])));
     if (!setup_.drives.emplace(letter, value).second) fail("each drive once", name);
   }

@@ -17,7 +17,10 @@ GstMedia::GstMedia(SoundProbe& probe, const SoundSetup& setup, std::chrono::mill
     : probe_(probe), setup_(setup), patience_(patience) {}
 
 void GstMedia::set_file(std::string_view path) {
+  if (measures_aside_ && voice_ && !held_) before_ = std::move(voice_);
+  const auto before = std::move(before_);
   stop();
+  before_ = before;
   trouble_->tell("");
   path_ = path;
   found_ = probe_.known(path_);
@@ -45,10 +48,11 @@ void GstMedia::settle() {
 }
 
 void GstMedia::play() {
-  starts_ = false;
+  starts_ = held_ = false;
   if (ready_state() == 0) return;
   // At its end it starts over, also when the news of the end is still on its way.
   if (position() >= duration()) stop();
+  close(before_);
   if (!voice_) voice_ = std::make_shared<Voice>(found_->file, setup_, volume_, rest_, trouble_);
   worker_.post([voice = voice_] { voice->play(); });
 }
@@ -56,14 +60,20 @@ void GstMedia::play() {
 void GstMedia::hold() {
   starts_ = false;
   if (!voice_) return;
+  held_ = true;
   voice_->stand_at(voice_->position());
   worker_.post([voice = voice_] { voice->pause(); });
 }
 
+void GstMedia::close(std::shared_ptr<Voice>& voice) {
+  if (voice) worker_.post([voice] { voice->close(); });
+  voice.reset();
+}
+
 void GstMedia::stop() {
-  starts_ = false;
-  if (voice_) worker_.post([voice = voice_] { voice->close(); });
-  voice_.reset();
+  starts_ = held_ = false;
+  close(voice_);
+  close(before_);
   ended_ = false;
   rest_ = 0;
 }
@@ -95,10 +105,10 @@ std::string GstMedia::trouble() const {
 }
 
 void GstMedia::release_when_ended() {
+  if (before_ && before_->ended()) close(before_);
   if (!voice_ || !voice_->ended()) return;
   ended_ = true;
-  worker_.post([voice = voice_] { voice->close(); });
-  voice_.reset();
+  close(voice_);
 }
 
 GstTone::~GstTone() {

@@ -22,6 +22,10 @@ class GstMedia : public Media {
   GstMedia(const GstMedia&) = delete;
   GstMedia& operator=(const GstMedia&) = delete;
 
+  // From here on a file that is set and held without a play, as it is measured, leaves what played before it
+  // sounding: no look at the settings cuts the message of an alert.
+  void measure_aside() { measures_aside_ = true; }
+
   // Stops what plays.
   void set_file(std::string_view path) override;
   // Tries the file, once.
@@ -35,7 +39,7 @@ class GstMedia : public Media {
   void set_volume(int hundredths) override;
 
   // Holds the sound device.
-  bool is_open() const { return voice_ != nullptr; }
+  bool is_open() const { return voice_ || before_; }
   // What went wrong with the sound since the file was set, in the operator's words; empty when nothing did.
   std::string trouble() const;
   // To be called at the end of an event: plays the file that was set in it and that nothing holds.
@@ -44,17 +48,22 @@ class GstMedia : public Media {
   void release_when_ended();
 
  private:
+  void close(std::shared_ptr<Voice>& voice);
+
   SoundProbe& probe_;
   const SoundSetup setup_;
   const std::chrono::milliseconds patience_;
+  bool measures_aside_ = false;
   std::string path_;                        // empty when there is none
   std::optional<SoundProbe::Found> found_;  // once it was tried
   std::optional<double> length_;            // once it is known
   bool starts_ = false;                     // plays at the end of the event
-  double volume_ = 1;                       // linear
-  std::shared_ptr<Voice> voice_;            // a new one each time
-  double rest_ = 0;                         // the position while there is none
-  bool ended_ = false;                      // the file has been played to its end
+  bool held_ = false;
+  double volume_ = 1;              // linear
+  std::shared_ptr<Voice> voice_;   // a new one each time
+  std::shared_ptr<Voice> before_;  // what sounds on while files are measured
+  double rest_ = 0;                // the position while there is none
+  bool ended_ = false;             // the file has been played to its end
   const std::shared_ptr<Trouble> trouble_ = std::make_shared<Trouble>();
   Worker worker_;
 };

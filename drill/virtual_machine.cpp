@@ -212,10 +212,8 @@ void VirtualMachine::release_card(std::int16_t) {}
 
 bool VirtualMachine::read_port(std::int16_t handle, int port, std::int32_t& word) {
   if (handle < 0) return false;
-  std::uint32_t bits = 0;
   const auto first = static_cast<std::size_t>(handle * 64 + port * 32);
-  for (std::size_t i = 0; i < 32; ++i) bits |= std::uint32_t{contacts_.test(first + i)} << i;
-  word = static_cast<std::int32_t>(bits);
+  word = static_cast<std::int32_t>((contacts_ >> first & decltype(contacts_)(0xFFFFFFFF)).to_ulong());
   return true;
 }
 

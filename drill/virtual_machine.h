@@ -71,6 +71,7 @@ class VirtualMachine : public LoopHost,
   // From here on the console sees the wall clock without a second left out; and the system's clock, stepped
   // behind it.
   void make_wall_steady() { steady_ = true; }
+  SteadyWall& steady_wall() { return steady_wall_; }
   void step_wall(std::chrono::milliseconds by) { set_wall(wall_at_zero_ + now_.time_since_epoch() + by); }
   // Forgets what a console that is gone left: its events and its grip on the port.
   void clear_process();

@@ -10,7 +10,9 @@
 #include "store/admin_files.h"
 #include "store/alert_store.h"
 #include "store/algorithm_record.h"
+#include "store/programme_files.h"
 #include "store/settings_files.h"
+#include "store/timer_record.h"
 
 namespace {
 
@@ -139,6 +141,38 @@ void check_admin(Disk& disk) {
           "the restart reads as it was saved");
 }
 
+void check_programme(Disk& disk) {
+  constexpr std::string_view kName = "Неделя";
+  disk.hold("timer\\Неделя");
+  std::vector<std::string> records, again;
+  must(read_programme(disk.folder, kName, records));
+  check(!records.empty(), "there is one record more than whole ones");
+  for (const std::string& record : records)
+    for (int n = kTmNumber; n <= kTmFields; ++n)
+      check(Len(TmField(record, n)) <= Len(record), "a field is a part of its record");
+  must(write_programme(disk.folder, kName, records));
+  must(read_programme(disk.folder, kName, again));
+  records.emplace_back();
+  check(records == again, "the programme reads as it was saved, and one record more");
+}
+
+void check_schedule(Disk& disk) {
+  disk.hold("timer\\List_prog.dat");
+  disk.hold("timer\\Name_f.dat");
+  const std::string name = read_last_programme(disk.folder);
+  must(write_last_programme(disk.folder, name));
+  check(read_last_programme(disk.folder) == name, "the name of the programme reads as it was saved");
+  const auto entries = read_schedule(disk.folder);
+  for (const std::string& text : entries) {
+    const ScheduleEntry entry = schedule_entry(text);
+    check(Len(entry.sch_name) + Len(entry.sch_from) <= 2 * Len(text) && Len(entry.sch_to) <= Len(text),
+          "an entry's parts are parts of it");
+    (void)short_date(entry.sch_from);
+  }
+  must(write_schedule(disk.folder, entries));
+  check(read_schedule(disk.folder) == entries, "the schedule reads as it was saved");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -146,7 +180,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   tally.take(size);
   if (size == 0) return 0;
   Disk disk({reinterpret_cast<const char*>(data) + 1, size - 1});
-  switch (data[0] % 7) {
+  switch (data[0] % 9) {
     case 0:
       check_equipment(disk);
       break;
@@ -164,6 +198,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       break;
     case 5:
       check_algorithms(disk);
+      break;
+    case 6:
+      check_programme(disk);
+      break;
+    case 7:
+      check_schedule(disk);
       break;
     default:
       check_admin(disk);

@@ -55,7 +55,19 @@ void Outbox::put(std::span<const std::uint8_t, 9> bytes, Moment now) {
   }
   frame.goes_on = continues_the_last(frame.subject);
   if (!frame.goes_on && backlog(now) > kLong) drop_overridden(frame.subject);
-  waiting_.push_back(frame);
+  waiting_.insert(place_behind_others(frame.goes_on), frame);
+}
+
+std::deque<Outbox::Waiting>::iterator Outbox::behind_last_other() {
+  return std::find_if_not(waiting_.rbegin(), waiting_.rend(), is_answer).base();
+}
+
+// Answers that heap up under polls faster than the line let it pass, but for one.
+std::deque<Outbox::Waiting>::iterator Outbox::place_behind_others(bool goes_on) {
+  auto place = behind_last_other();
+  if (goes_on || place == waiting_.end()) return place;
+  const bool one_is_due = place != waiting_.begin() || taken_of_first_ > 0 || !answered_last_;
+  return one_is_due ? place + 1 : place;
 }
 
 std::deque<Outbox::Waiting>::iterator Outbox::place_of_answer() {
@@ -76,11 +88,12 @@ std::deque<Outbox::Waiting>::iterator Outbox::place_of_answer() {
 }
 
 bool Outbox::continues_the_last(const Subject& subject) const {
-  if (subject.kind == Subject::kNone || subject.kind == Subject::kQuery || waiting_.empty() ||
-      waiting_.back().subject != subject)
+  auto frame = std::find_if_not(waiting_.rbegin(), waiting_.rend(), is_answer);
+  if (subject.kind == Subject::kNone || subject.kind == Subject::kQuery || frame == waiting_.rend() ||
+      frame->subject != subject)
     return false;
   int together = 1;
-  for (auto frame = waiting_.rbegin(); frame != waiting_.rend() && frame->goes_on; ++frame) ++together;
+  for (; frame != waiting_.rend() && frame->goes_on; ++frame) ++together;
   return together < (subject.kind == Subject::kAlertStart ? kAlertStartFrames : kPair);
 }
 

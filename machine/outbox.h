@@ -26,7 +26,8 @@ class Outbox {
   // The time of one character on the line; with none the device takes all at once.
   void set_character(std::chrono::nanoseconds time) { character_ = time; }
 
-  // One frame, to go behind those that wait; an answer to a poll passes them, but no two of them in a row.
+  // One frame, to go behind those that wait. An answer to a poll passes them, and no two answers go in a row
+  // while others wait, whichever came first.
   void put(std::span<const std::uint8_t, 9> bytes, Moment now);
   // What may go to the device now, the rest of one frame; nothing when none waits or the device has enough.
   std::span<const std::uint8_t> ready(Moment now) const;
@@ -76,6 +77,8 @@ class Outbox {
     return frame.subject.kind == Subject::kAnswer || frame.subject.kind == Subject::kClock;
   }
   std::deque<Waiting>::iterator place_of_answer();
+  std::deque<Waiting>::iterator behind_last_other();
+  std::deque<Waiting>::iterator place_behind_others(bool goes_on);
   static Subject subject_of(const rack::Frame& frame);
   bool continues_the_last(const Subject& subject) const;
   void drop_overridden(const Subject& by);

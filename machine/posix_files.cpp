@@ -74,8 +74,7 @@ class Descriptor {
 };
 
 // What settings and the journal may be: a regular file. A pipe or a device in its place is never waited for.
-FileError check_regular(int fd, off_t most = std::numeric_limits<off_t>::max()) {
-  struct stat status {};
+FileError check_regular(int fd, struct stat& status, off_t most = std::numeric_limits<off_t>::max()) {
   if (::fstat(fd, &status) != 0) return error_of(errno);
   if (S_ISDIR(status.st_mode)) return kPathFileAccess;
   return S_ISREG(status.st_mode) && status.st_size <= most ? kNoError : kBadFileMode;
@@ -145,7 +144,9 @@ FileError PosixFiles::read(std::string_view path, std::string& bytes) {
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
-  if (const FileError error = check_regular(descriptor.get(), kLargestFile)) return error;
+  struct stat status {};
+  if (const FileError error = check_regular(descriptor.get(), status, kLargestFile)) return error;
+  bytes.reserve(static_cast<std::size_t>(status.st_size));
   char block[65536];
   while (true) {
     const ssize_t got = ::read(descriptor.get(), block, sizeof block);
@@ -162,9 +163,9 @@ FileError PosixFiles::read_end(std::string_view path, std::size_t count, std::st
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_RDONLY);
   if (descriptor.get() < 0) return error_of(errno);
-  if (const FileError error = check_regular(descriptor.get())) return error;
-  const off_t size = ::lseek(descriptor.get(), 0, SEEK_END);
-  if (size < 0) return error_of(errno);
+  struct stat status {};
+  if (const FileError error = check_regular(descriptor.get(), status)) return error;
+  const off_t size = status.st_size;
   bytes.resize(std::min(count, static_cast<std::size_t>(size)));
   const ssize_t got =
       ::pread(descriptor.get(), bytes.data(), bytes.size(), size - static_cast<off_t>(bytes.size()));
@@ -194,13 +195,13 @@ FileError PosixFiles::append(std::string_view path, std::string_view bytes) {
   if (file.empty()) return kDriveNotReady;
   Descriptor descriptor(file, O_WRONLY | O_CREAT | O_APPEND);
   if (descriptor.get() < 0) return error_of(errno);
-  if (const FileError error = check_regular(descriptor.get())) return error;
+  struct stat status {};
+  if (const FileError error = check_regular(descriptor.get(), status)) return error;
   // One that was there before may be open to others. Who can't close it writes all the same.
-  (void)::fchmod(descriptor.get(), kFileMode);
-  const off_t before = ::lseek(descriptor.get(), 0, SEEK_END);
+  if ((status.st_mode & ALLPERMS) != kFileMode) (void)::fchmod(descriptor.get(), kFileMode);
   const FileError error = write_all(descriptor.get(), bytes);
   // Half a line would run into the next one. A disk that can't take it back leaves it.
-  if (error != kNoError && before >= 0) (void)!::ftruncate(descriptor.get(), before);
+  if (error != kNoError) (void)!::ftruncate(descriptor.get(), status.st_size);
   return error;
 }
 

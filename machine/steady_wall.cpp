@@ -10,7 +10,7 @@ using std::chrono::milliseconds;
 WallTime SteadyWall::look(Instant now, WallTime system) {
   const milliseconds gap = now - looked_;
   const milliseconds behind = system - shown_;
-  const bool was_even = system_ == shown_;
+  const bool set = std::chrono::abs((system - system_) - gap) > kJitter;
   const WallTime before = shown_;
   looked_ = now;
   system_ = system;
@@ -23,18 +23,16 @@ WallTime SteadyWall::look(Instant now, WallTime system) {
     }
     return shown_;
   }
-  if (!catching_up_ && behind > kHold) {
-    // Nothing of it is shown yet: the second that is due meanwhile comes first.
-    catching_up_ = true;
-    changed();
-  } else if (catching_up_) {
-    if (gap <= kHold) shown_ += std::min(behind, kCatchUpSpeed * gap);
+  const bool begins = !catching_up_ && behind > kHold;
+  if (begins)
+    catching_up_ = true;  // nothing of it is shown yet: the second that is due meanwhile comes first
+  else if (catching_up_) {
+    if (gap <= kHold) shown_ += std::clamp(behind, milliseconds{}, kCatchUpSpeed * gap);
     catching_up_ = shown_ < system_;
-    if (gap > kHold) changed();  // held up once more
-  } else {
+  } else
     shown_ = std::max(shown_, system_);
-    if (was_even && system_ < shown_) changed();
-  }
+  const bool held_once_more = catching_up_ && gap > kHold;
+  if (set || begins || held_once_more) changed();
   return shown_;
 }
 

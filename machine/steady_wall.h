@@ -16,6 +16,8 @@ class SteadyWall {
   static constexpr int kCatchUpSpeed = 10;
   // Looks that are further apart than this were held up: the time between is caught up with.
   static constexpr std::chrono::milliseconds kHold{250};
+  // The system's clock may be told by so much more or less than the time that has passed without being set.
+  static constexpr std::chrono::milliseconds kJitter{5};
 
   // The time to be shown now. To be called for each event: the steps that it sees depend on it.
   WallTime look(Instant now, WallTime system);

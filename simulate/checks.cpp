@@ -22,6 +22,12 @@ constexpr int kMostFrames = 97 + 2 * (rack::Network::kZones + rack::Network::kTe
 constexpr std::ptrdiff_t kMostStack = 256 * 1024;
 constexpr int kMostReceived = 1024;
 
+// From the end of a file to its next play: a second more than its length, to the nearest second.
+constexpr milliseconds kBetweenPlays{3000};
+constexpr std::string_view kEventPast = "Недельный таймер: событие";
+constexpr int kEveryDay = 127;
+constexpr std::string_view kMute = "Сообщение не звучит";
+
 // Lines of the watch that tell why a closed contact starts no alert: for all zones, and before their numbers.
 // Alerts with the alarm mark that reset one another leave the later zones of a bank no turn.
 constexpr std::string_view kBlind[] = {"ОБНАРУЖЕНИЕ ПОЖАРА ОТКЛЮЧЕНО", "Контакты не включают оповещение",
@@ -32,6 +38,14 @@ constexpr std::string_view kReasons[] = {"Алгоритм не указан: ",
                                          "Не включится до сброса: ",
                                          "Оповещение закончено, контакт замкнут: ",
                                          "До сброса не включит оповещение: "};
+
+// Each event comes again the next day. Of one weekday alone the timer goes on waiting for an event that is
+// past.
+bool goes_round(const TimerState& timer) {
+  return std::ranges::all_of(timer.events, [](const ProgrammeEvent& event) {
+    return event.tm_rec.empty() || event.tm_days == kEveryDay;
+  });
+}
 
 // Whether the number stands in the list behind the last colon, names left out.
 bool lists(std::string_view text, int number) {
@@ -75,6 +89,7 @@ void Rules::check(Console* console, const rack::Network& heard) {
   note_saved(*console);
   check_contacts();
   check_polls();
+  check_sound(*console);
   check_watch(*console);
   check_bounds();
 }
@@ -121,10 +136,23 @@ void Rules::check_polls() {
   if (line->lost()) line_disturbed(line_works_);
   if (!line_works_ || machine_.now() - line_disturbed_ < 1s || answers_.empty()) return;
   const Answer& answer = answers_.front();
-  // Behind what the device holds, and a group of frames that goes together.
-  const milliseconds most = Outbox::kAhead + kFrame * static_cast<int>(answer.before + 4);
+  // Behind what the device holds; a group of up to three frames goes before it and each answer before it.
+  const milliseconds most = Outbox::kAhead + kFrame * 4 * static_cast<int>(answer.before + 1);
   if (working_since(answer.sent, answer.held) > most + 5ms)
-    throw Broken("an answer is stuck on a working line");
+    throw Broken(join("an answer is stuck on a working line: ",
+                      working_since(answer.sent, answer.held).count(), " ms, with ", answer.before,
+                      " before it and ", line->frames_waiting(machine_.now()), " frames waiting"));
+}
+
+void Rules::check_sound(Console& console) const {
+  const AlertState& alert = console.model().alert;
+  if (!alert.alg_running || !console.form1().Timer7.enabled() || alert.fire_stop || alert.msg_manual) return;
+  if (cut_off_) return;
+  if (machine_.wall() - sounds_until_ <= kBetweenPlays) return;
+  const auto& lines = console.watch().lines();
+  if (std::ranges::none_of(lines, [](const auto& line) { return line.text.starts_with(kMute); }))
+    throw Broken(join("an algorithm runs and its message is silent since ",
+                      (machine_.wall() - sounds_until_).count(), " ms, and the watch does not say so"));
 }
 
 void Rules::check_line(const rack::Network& heard) {
@@ -164,7 +192,9 @@ void Rules::check_watch(Console& console) {
   std::string named;
   for (const WatchLine& line : console.watch().lines()) {
     if (line.rank == WatchRank::kFire && line.text.starts_with("ПОЖАР: зон")) named = line.text;
-    if (untouched_ && sound_sure_ && line.text.starts_with("Сообщение не звучит"))
+    if (!clock_set_ && line.text.starts_with(kEventPast) && goes_round(console.model().timer))
+      throw Broken("no clock was set, and the timer has missed an event: " + line.text);
+    if (untouched_ && sound_sure_ && line.text.starts_with(kMute))
       throw Broken("every message can be opened, and the watch says: " + line.text);
   }
   if (failing_[0] || failing_[1]) return;

@@ -64,12 +64,13 @@ bool live(unsigned seed, double days, const std::string& drill, Totals& totals) 
   std::printf(
       "seed %u, %.3f days: %ld starts, %ld kills, %ld presses, %ld fires, %ld restarts; faults: %ld line, "
       "%ld disk, %ld "
-      "others, %ld steps; %ld polls, %ld zones journalled, %ld saves, %ld contacts (%ld answered, %ld of "
+      "others, %ld steps; %ld polls, %ld zones journalled, %ld saves, %ld seconds of the status file, %ld "
+      "contacts (%ld answered, %ld of "
       "them "
       "certain, %ld opened early)",
       seed, simulation.days(), did.starts, did.kills, did.presses, did.fires, did.restarts, did.line_faults,
-      did.disk_faults, did.other_faults, did.steps, saw.polls, saw.zones, saw.saves, saw.contacts,
-      saw.answered, saw.certain, saw.opened_early);
+      did.disk_faults, did.other_faults, did.steps, saw.polls, saw.zones, saw.saves, saw.seconds,
+      saw.contacts, saw.answered, saw.certain, saw.opened_early);
   std::printf("; at most %d frames waiting, %td KiB of stack\n", saw.most_frames, saw.deepest / 1024);
   for (const auto& [excuse, times] : saw.excused)
     std::printf("  not answered, and told so, %ld times: %s\n", times, excuse.c_str());

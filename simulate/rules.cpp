@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "alert/alert_type.h"
+#include "drill/words.h"
 #include "model/text.h"
 #include "store/algorithm_record.h"
 
@@ -13,7 +14,9 @@ using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
 constexpr int kAlgorithmZones = 96;
-constexpr std::string_view kZoneEntry = "Зона - ";
+constexpr std::string_view kStatusFile = "\\FNetKntrl";
+constexpr int kStatusCounts = 100;
+constexpr std::string_view kZoneEntry = "Зона - ", kPlayEntry = " длина: ";
 
 std::size_t card_of(int zone) {
   return zone <= 64 ? 0 : 1;
@@ -26,6 +29,7 @@ void Rules::process_started(Console& console) {
   started_ = machine_.now();
   held_at_change_ = machine_.held_so_far();
   untouched_ = first_fire_ = sound_sure_ = true;
+  clock_set_ = false;
   check_loaded(console);
   console.watch().changed = [this, &console] { take_excuses(console); };
   const bool lone = closed_.size() == 1;
@@ -42,6 +46,7 @@ void Rules::settling_since_now() {
 
 void Rules::process_ended(const rack::Network& heard_so_far) {
   console_ = nullptr;
+  status_phase_.reset();
   waited_for_.clear();
   polls_.clear();
   answers_.clear();
@@ -50,6 +55,22 @@ void Rules::process_ended(const rack::Network& heard_so_far) {
   // What waited has gone with the process.
   promised_ = heard_so_far;
   promise_open_ = false;
+}
+
+void Rules::wall_set() {
+  status_phase_.reset();
+  clock_set_ = true;
+  sound_sure_ = false;  // the end of a play may have been left out
+  sounds_until_ = std::max(sounds_until_, machine_.wall());
+}
+
+void Rules::message_driven(std::string_view what) {
+  const std::string path = what.starts_with("file ") ? drill::split_words(what).back().text : "";
+  if (!path.empty()) message_ = path;
+  if (what == "play")
+    sounds_until_ =
+        machine_.wall() + milliseconds(static_cast<int>(1000 * machine_.sound_length(message_).value_or(0)));
+  cut_off_ |= !path.empty();
 }
 
 void Rules::contact_set(int zone, bool closed) {
@@ -172,6 +193,7 @@ void Rules::journalled(std::string_view line) {
   const auto entry = line.find(' ');
   if (entry == std::string_view::npos) return;
   line.remove_prefix(entry + 1);
+  if (line.find(kPlayEntry) != std::string_view::npos) cut_off_ = false;
   if (!line.starts_with(kZoneEntry)) return;
   const int zone = Number(line.substr(kZoneEntry.size()));
   ++counts.zones;
@@ -185,7 +207,24 @@ void Rules::journalled(std::string_view line) {
 void Rules::saved(std::string_view path, std::string_view bytes) {
   ++counts.saves;
   saved_[std::string(path)] = bytes;
+  if (path.ends_with(kStatusFile)) note_status(bytes);
   just_saved_.insert(std::string(path.substr(path.rfind('\\') + 1)));
+}
+
+// The counter moves once in each second of the wall clock, however the system's is stepped and held.
+void Rules::note_status(std::string_view line) {
+  const auto behind = [&](std::string_view mark) {
+    return Number(line.substr(line.find(mark) + mark.size()));
+  };
+  const auto time = line.substr(line.find(" # ") + 3);
+  const auto minutes = time.find(':') + 1, seconds = time.find(':', minutes) + 1;
+  const int second = Number(time) * 3600 + Number(time.substr(minutes)) * 60 + Number(time.substr(seconds));
+  const int phase = (second + kStatusCounts - behind(" $ ")) % kStatusCounts;
+  ++counts.seconds;
+  if (status_phase_.value_or(phase) != phase)
+    throw Broken(join("the status file has left out seconds or written them twice: at ", time_text(second),
+                      " by ", phase - *status_phase_));
+  status_phase_ = phase;
 }
 
 void Rules::replaced_from_outside(std::string_view path, std::string_view bytes) {

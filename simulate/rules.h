@@ -31,7 +31,10 @@ class Rules {
   // What happens, each at its own moment.
   void process_started(Console& console);
   void process_ended(const rack::Network& heard_so_far);
-  void operator_acted() { untouched_ = false; }
+  void operator_acted() {
+    untouched_ = false;
+    status_phase_.reset();  // the status file may be stopped, or go on
+  }
   void contact_set(int zone, bool closed);
   void card_set_failing(int card, bool failing);
   void poll_arrived();
@@ -46,6 +49,10 @@ class Rules {
   // The line or its device changes; from now on it takes no frame, or it works. The media change.
   void line_disturbed(bool works);
   void media_disturbed() { sound_sure_ = false; }
+  // The wall clock was set by more than it catches up with.
+  void wall_set();
+  // The media control of the alerts is driven: what stands behind its name.
+  void message_driven(std::string_view what);
 
   // Zones whose contact is closed.
   const std::set<int>& closed() const { return closed_; }
@@ -58,7 +65,7 @@ class Rules {
 
   struct {
     long contacts = 0, certain = 0, answered = 0, opened_early = 0, polls = 0, zones = 0, saves = 0,
-         journal_bytes = 0, silences = 0;
+         seconds = 0, journal_bytes = 0, silences = 0;
     std::map<std::string, long> excused;
     int most_frames = 0;
     std::ptrdiff_t deepest = 0;
@@ -93,10 +100,12 @@ class Rules {
   void take_excuses(Console& console);
   void check_contacts();
   void check_polls();
+  void check_sound(Console& console) const;
   void check_line(const rack::Network& heard);
   void check_watch(Console& console);
   void check_bounds();
   void note_saved(Console& console);
+  void note_status(std::string_view line);
   void check_loaded(Console& console) const;
   static std::string excuse_of(Console& console, int zone);
 
@@ -108,9 +117,14 @@ class Rules {
   const char* stack_base_ = nullptr;
   int names_edition_ = 0;
   Console* console_ = nullptr;
+  bool clock_set_ = false;  // since the start
   bool untouched_ = true;   // no operator since the start
   bool first_fire_ = true;  // no contact since the start
   bool sound_sure_ = true;  // every message can be opened since the start
+  // The message that was given to the media last, and up to when it sounds.
+  std::string message_;
+  WallTime sounds_until_{};
+  bool cut_off_ = false;  // the settings of alerting have taken the media, until the alert's next play
   std::map<int, Contact> waited_for_;
   std::deque<Poll> polls_;
   std::deque<Answer> answers_;
@@ -129,6 +143,9 @@ class Rules {
   std::set<std::string> just_saved_;  // since the last check
   // Of the model, when its file was saved by the console.
   std::optional<std::vector<std::string>> settings_lines_;
+  // By how much the time of day in the status file, in seconds, is ahead of its counter, modulo that one's
+  // range.
+  std::optional<int> status_phase_;
   std::optional<std::array<int, 8>> sources_;
   std::optional<std::vector<int>> zone_channels_;
 };

@@ -5,8 +5,10 @@
 
 #include "model/text.h"
 #include "store/algorithm_record.h"
+#include "store/programme_files.h"
 #include "store/record_file.h"
 #include "store/settings_files.h"
+#include "store/timer_record.h"
 
 namespace evac::simulate {
 namespace {
@@ -17,7 +19,9 @@ using std::chrono::milliseconds;
 constexpr std::string_view kSounds[] = {"sound \"C:\\ZEF_DAT\\message\\fire.wav\" 20",
                                         "sound \"C:\\ZEF_DAT\\message\\short.wav\" 3.5",
                                         "sound \"C:\\ZEF_DAT\\message\\long.wav\" 90"};
-constexpr int kLastAlgorithm = 96, kTerminalsInUse = 12;
+constexpr std::string_view kMessageMedia = "media MP2 ";
+constexpr int kLastAlgorithm = 96, kTerminalsInUse = 12, kEvents = 60;
+constexpr std::string_view kProgramme = "Неделя";
 
 std::string quoted_path(std::string_view path) {
   return join("\"", path, "\"");
@@ -76,6 +80,7 @@ Simulation::Simulation(std::filesystem::path root, unsigned seed)
   machine.faulty_files().replaced = [this](auto path, auto bytes) { rules_.saved(path, bytes); };
   machine.faulty_files().appended = [this](auto path, auto bytes) { rules_.appended(path, bytes); };
   machine.faulty_files().removed = [this](auto path) { rules_.removed(path); };
+  machine.steady_wall().stepped = [this](WallTime, WallTime) { rules_.wall_set(); };
   rack_.passed = [this](const rack::Passed& passed) {
     if (passed.from_console) rules_.heard(passed.frame, Instant(std::chrono::floor<milliseconds>(passed.at)));
   };
@@ -151,6 +156,17 @@ void Simulation::settle() {
   std::vector<std::string> labels;
   for (int t = 1; t <= kTerminalsInUse; ++t) labels.push_back(std::to_string(t));
   write("F_ustT1.dat", 256, labels);
+  std::vector<std::string> events;
+  constexpr std::array kFunctions = {"Сообщение",  "Сообщение", "№1CD-play", "№1CD-stop",
+                                     "№2MP3-play", "№1FM12",    "№пресета 2"};
+  for (int n = 1; n <= kEvents; ++n)
+    events.push_back(
+        timer_record({std::to_string(n), std::to_string(one_of(24)), std::to_string(one_of(60)),
+                      std::to_string(one_of(60)), "127", kFiles[static_cast<std::size_t>(one_of(3))], "1",
+                      std::to_string(1 + one_of(kTerminalsInUse)),
+                      kFunctions[static_cast<std::size_t>(one_of(kFunctions.size()))]}));
+  (void)write_programme(folder, kProgramme, events);
+  (void)write_last_programme(folder, kProgramme);
   for (const auto name :
        {"alarm\\f_al_str.dat", "alarm\\f_al.dat", "F_ust.dat", "F_ustZ.dat", "F_ustT1.dat"}) {
     std::string bytes;
@@ -256,6 +272,10 @@ void Simulation::told(const std::string& line, bool result) {
   try {
     if (line.starts_with("tx AA AA")) {
       rules_.sent(frame_of(std::string_view(line).substr(3)));
+    } else if (line.starts_with("port open ")) {
+      rules_.line_disturbed(!line_stalled_);
+    } else if (line.starts_with(kMessageMedia)) {
+      rules_.message_driven(std::string_view(line).substr(kMessageMedia.size()));
     } else if (line.starts_with("journal ")) {
       rules_.journalled(unquoted(line));
     } else if (line.starts_with("fault ")) {

@@ -47,8 +47,11 @@ void AlertEngine::reset() {
 }
 
 bool AlertEngine::scan_bank(int bank, const Words& words) {
-  const Bank& row = kBankTable[static_cast<std::size_t>(bank - 1)];
+  const auto at = static_cast<std::size_t>(bank - 1);
+  const Bank& row = kBankTable[at];
   std::int32_t sum = 0;
+  const bool all_open = (doors_.alert.fire_sim ? doors_.alert.fire_bits : words)[at] == 0;
+  if (all_open && !doors_.alert.al_bank[bank]) return true;
   for (int zone = row.first_zone; zone <= row.last_zone; ++zone) {
     const std::int32_t bit = masked_input(bank, zone, words);
     sum += bit;

@@ -25,13 +25,15 @@ class RestartLog {
     log.counted_reset = resets_;
     if (!after_reset) return;
     std::rotate(log.times.begin(), log.times.begin() + 1, log.times.end());
-    log.times.back() = now;
+    log.times.back() = last_counted_ = now;
   }
   // Whether the zone's alert was reset and then started so often within the time that just passed.
   bool restarting(int zone, Instant now) const {
     const auto& oldest = zones_[zone].times.front();
     return oldest && now - *oldest <= kWindow;
   }
+  // Whether no zone's is.
+  bool quiet(Instant now) const { return !last_counted_ || now - *last_counted_ > kWindow; }
 
  private:
   static constexpr std::size_t kOften = 3;
@@ -42,7 +44,7 @@ class RestartLog {
     int counted_reset = 0;
   };
   BoundedArray<Zone, 1, kZones> zones_;
-  std::optional<Instant> last_reset_;
+  std::optional<Instant> last_reset_, last_counted_;
   int resets_ = 0;
 };
 

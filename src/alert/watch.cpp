@@ -1,5 +1,7 @@
 #include "alert/watch.h"
 
+#include <algorithm>
+
 #include "alert/alert_type.h"
 #include "store/algorithm_record.h"
 
@@ -9,10 +11,11 @@ namespace {
 constexpr std::chrono::seconds kPollsMissed{5};
 constexpr int kEventPast = 2;        // seconds
 constexpr int kAlgorithmZones = 96;  // those whose contact starts an algorithm
+constexpr std::size_t kInputs = 32;  // of a bank
 
-std::size_t bit_of(int zone) {
-  return static_cast<std::size_t>(zone - 1);
-}
+constexpr std::array<std::int32_t, kContacts> kNoneSeen{};  // of a bank
+const ZoneBits kFirstBanks = ~ZoneBits{} >> (kContacts - kAlgorithmZones);
+const ZoneBits kBankBits = ~ZoneBits{} >> (kContacts - kInputs);  // of the first
 
 }  // namespace
 
@@ -74,8 +77,7 @@ void Watch::read_contacts(Findings& f) {
   const auto read = read_words(words_);
   f.card_fails = {!read[0], !read[1]};
   for (std::size_t bank = 0; bank < words_.size(); ++bank)
-    for (int input = 0; input < 32; ++input)
-      if (words_[bank] & input_bit(input)) f.contacts.set(bank * 32 + static_cast<std::size_t>(input));
+    f.contacts |= ZoneBits(static_cast<std::uint32_t>(words_[bank])) << bank * kInputs;
 }
 
 Watch::Blind Watch::blindness(int type) const {
@@ -94,11 +96,11 @@ void Watch::take_algorithms() {
   with_steps_.reset();
   several_marks_.reset();
   for (std::size_t bank = 0; bank < kBanks - 1; ++bank) {
-    Zones marked;
+    ZoneBits marked;
     for (int zone = kBankTable[bank].first_zone; zone <= kBankTable[bank].last_zone; ++zone) {
       const std::string& step = doors_.algorithms.AlgZoneTable[zone][1];
-      with_steps_[bit_of(zone)] = !step.empty();
-      marked[bit_of(zone)] = has_alarm_mark(step);
+      with_steps_[zone_bit(zone)] = !step.empty();
+      marked[zone_bit(zone)] = has_alarm_mark(step);
     }
     if (marked.count() > 1) several_marks_ |= marked;
   }
@@ -114,9 +116,9 @@ void Watch::find_alerts(Findings& f) {
   f.manual_message = alert.msg_manual && doors_.tab.Timer6.enabled();
   f.contacts_idle = type == kTypeBlock && f.contacts.any();
   if (alert.fire_sim && type == kTypeController) f.test_zone = alert.test_zone;
-  if (alert.alg_running && !f.contacts[bit_of(alert.alg_zone)] &&
+  if (alert.alg_running && !f.contacts[zone_bit(alert.alg_zone)] &&
       (f.test_zone != alert.alg_zone || alert.alg_by_contact))
-    f.alerted.set(bit_of(alert.alg_zone));
+    f.alerted.set(zone_bit(alert.alg_zone));
 
   const FollowedMessage& message = alert.alg_running ? doors_.algorithm.message() : doors_.block.message();
   const Timer& timer = alert.alg_running ? doors_.tab.Timer7 : doors_.tab.Timer5;
@@ -126,42 +128,52 @@ void Watch::find_alerts(Findings& f) {
   followed_ = &message;
   plays_ = message.plays();
   f.block_mute = mute_ && !alert.alg_running;
-  if (mute_ && alert.alg_running) f.mute.set(bit_of(alert.alg_zone));
+  if (mute_ && alert.alg_running) f.mute.set(zone_bit(alert.alg_zone));
 }
 
 // What becomes of each closed contact. A zone stands only in the first of these that holds.
 void Watch::find_unanswered(Findings& f) const {
   const AlertState& alert = doors_.alert;
   const bool controller = alert_type(doors_.settings) == kTypeController;
-  const bool detects = controller && f.blind == Blind::kNot;
-  const Instant now = doors_.loop.now();
-  f.alg_zone = 0;
-  for (int zone = 1; zone <= kContacts; ++zone) {
-    const std::size_t at = bit_of(zone);
-    const bool closed = f.contacts[at];
-    if (zone > kAlgorithmZones) {
-      f.fourth_bank[at] = controller && closed;
-      continue;
-    }
-    const bool mute = f.mute[at];
-    f.mute[at] = false;
-    const int bank = static_cast<int>(at) / 32 + 1;
-    const std::int32_t seen = alert.fire_seen[bank][at];
-    const bool answered = seen != 0;
-    const bool held_off = closed && !answered && alert.al_bank[bank] && !alert.al_alarm_zones;
-    const bool runs_on = alert.al_active && doors_.tab.Timer7.enabled();
-    if (controller && closed && !with_steps_[at])
-      f.no_algorithm.set(at);
-    else if (mute)
-      f.mute.set(at);
-    else if (doors_.engine.restarts().restarting(zone, now))
-      f.restarting.set(at);
-    else if (detects && held_off)
-      (runs_on ? f.waiting : f.not_until_reset).set(at);
-    else if (detects && answered && !alert.al_active)
-      (closed ? f.ended : f.answered).set(at);
+  if (controller) {
+    f.fourth_bank = f.contacts & ~kFirstBanks;
+    f.no_algorithm = f.contacts & kFirstBanks & ~with_steps_;
   }
-  if (f.waiting.any()) f.alg_zone = alert.alg_zone;
+  f.mute &= ~(f.no_algorithm | f.fourth_bank);
+  f.restarting = restarting() & ~(f.no_algorithm | f.mute);
+  const ZoneBits told = f.no_algorithm | f.mute | f.restarting;
+  if (controller && f.blind == Blind::kNot)
+    for (int bank = 1; bank < kBanks; ++bank) {
+      const ZoneBits zones = kBankBits << (kInputs * static_cast<std::size_t>(bank - 1)) & ~told;
+      const ZoneBits seen = seen_in(bank) & zones;
+      const bool runs_on = alert.al_active && doors_.tab.Timer7.enabled();
+      if (alert.al_bank[bank] && !alert.al_alarm_zones)
+        (runs_on ? f.waiting : f.not_until_reset) |= f.contacts & zones & ~seen;
+      if (alert.al_active) continue;
+      f.ended |= seen & f.contacts;
+      f.answered |= seen & ~f.contacts;
+    }
+  f.alg_zone = f.waiting.any() ? alert.alg_zone : 0;
+}
+
+// Zones whose contacts the engine has seen closed.
+ZoneBits Watch::seen_in(int bank) const {
+  const auto& seen = doors_.alert.fire_seen[bank];
+  if (seen == kNoneSeen) return {};
+  const std::size_t first = kInputs * static_cast<std::size_t>(bank - 1);
+  std::uint32_t inputs = 0;
+  for (std::size_t input = 0; input < kInputs; ++input)
+    inputs |= std::uint32_t{seen[first + input] != 0} << input;
+  return ZoneBits(inputs) << first;
+}
+
+ZoneBits Watch::restarting() const {
+  const RestartLog& restarts = doors_.engine.restarts();
+  const Instant now = doors_.loop.now();
+  ZoneBits zones;
+  for (int zone = 1; !restarts.quiet(now) && zone <= kAlgorithmZones; ++zone)
+    zones[zone_bit(zone)] = restarts.restarting(zone, now);
+  return zones;
 }
 
 // What is missing, whether or not anything burns.
@@ -172,8 +184,7 @@ void Watch::find_gaps(Findings& f) {
       f.no_sound = NoSound::kNoChannel;
     else if (doors_.sources.vol_computer == 0)
       f.no_sound = NoSound::kNoVolume;
-    for (int zone = 1; zone <= kAlgorithmZones; ++zone)
-      f.no_steps[bit_of(zone)] = doors_.zones.in_use[zone] && !with_steps_[bit_of(zone)];
+    f.no_steps = doors_.zones.in_use & ~with_steps_ & kFirstBanks;
     f.marked = several_marks_;
     f.card_missing = {alert.di_card0 < 0, alert.di_card1 < 0};
   }

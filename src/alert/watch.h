@@ -3,7 +3,6 @@
 // changes nothing; it is a list of lines. A look without news allocates nothing.
 #pragma once
 
-#include <bitset>
 #include <string>
 #include <vector>
 
@@ -20,8 +19,6 @@ struct WatchLine {
   std::string text;
   bool operator==(const WatchLine&) const = default;
 };
-
-inline constexpr int kContacts = 128;
 
 class Watch {
  public:
@@ -61,12 +58,9 @@ class Watch {
   // Whether a contact is closed now that was open at the last look. Changes nothing.
   bool new_contact() const;
   // Whether the fire contact of the zone, 1..128, is closed.
-  bool closed(int zone) const { return findings_.contacts[static_cast<std::size_t>(zone - 1)]; }
+  bool closed(int zone) const { return findings_.contacts[zone_bit(zone)]; }
 
  private:
-  // Bit z - 1 is zone z.
-  using Zones = std::bitset<kContacts>;
-
   // Why no contact starts an alert.
   enum class Blind { kNot, kStopped, kManualMessage, kTest, kManualType, kNoType, kNoCards };
   // What keeps an alert from being heard.
@@ -74,9 +68,9 @@ class Watch {
 
   // All that the lines are made of, but for texts.
   struct Findings {
-    Zones contacts, alerted, no_algorithm, fourth_bank, mute, restarting, waiting, not_until_reset, ended,
+    ZoneBits contacts, alerted, no_algorithm, fourth_bank, mute, restarting, waiting, not_until_reset, ended,
         answered;
-    Zones no_steps, marked;
+    ZoneBits no_steps, marked;
     int block_zone = 0, test_zone = 0, alg_zone = 0;
     bool alarm_zones = false, manual_message = false, contacts_idle = false, block_mute = false;
     Blind blind = Blind::kNot;
@@ -109,14 +103,16 @@ class Watch {
   void read_contacts(Findings& f);
   void find_alerts(Findings& f);
   void find_unanswered(Findings& f) const;
+  ZoneBits seen_in(int bank) const;
+  ZoneBits restarting() const;
   void find_gaps(Findings& f);
   void find_timer(Findings& f) const;
   Blind blindness(int type) const;
 
   // The lines of the findings.
   std::vector<WatchLine> told() const;
-  std::string zone_numbers(const Zones& zones) const;
-  std::string zones_text(const Zones& zones) const;
+  std::string zone_numbers(const ZoneBits& zones) const;
+  std::string zones_text(const ZoneBits& zones) const;
   std::string number_text(int zone) const;
 
   const Doors doors_;
@@ -134,7 +130,7 @@ class Watch {
   // By the table of the algorithms: zones with a first step, and those that share their alarm mark with
   // others of their bank.
   int edition_ = -1;
-  Zones with_steps_, several_marks_;
+  ZoneBits with_steps_, several_marks_;
   Silenced timer_, control_, player_;
 };
 

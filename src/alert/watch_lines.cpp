@@ -20,14 +20,14 @@ std::string Watch::number_text(int zone) const {
   return name == names.end() ? std::to_string(zone) : join(zone, " «", name->second, "»");
 }
 
-std::string Watch::zone_numbers(const Zones& zones) const {
+std::string Watch::zone_numbers(const ZoneBits& zones) const {
   std::string text;
   for (int zone = 1; zone <= kContacts; ++zone)
-    if (zones[static_cast<std::size_t>(zone - 1)]) add_joined(text, number_text(zone));
+    if (zones[zone_bit(zone)]) add_joined(text, number_text(zone));
   return text;
 }
 
-std::string Watch::zones_text(const Zones& zones) const {
+std::string Watch::zones_text(const ZoneBits& zones) const {
   return (zones.count() == 1 ? "зона " : "зоны ") + zone_numbers(zones);
 }
 
@@ -37,7 +37,7 @@ std::vector<WatchLine> Watch::told() const {
   const auto tell = [&lines](WatchRank rank, bool holds, auto&& text) {
     if (holds) lines.push_back({rank, std::string(text())});
   };
-  const auto tell_zones = [this, &tell](WatchRank rank, const Zones& zones, std::string_view what) {
+  const auto tell_zones = [this, &tell](WatchRank rank, const ZoneBits& zones, std::string_view what) {
     tell(rank, zones.any(), [&] { return join(what, zones_text(zones)); });
   };
   const auto plainly = [](std::string_view text) { return [text] { return text; }; };

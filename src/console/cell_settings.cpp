@@ -70,7 +70,7 @@ int CellSettings::load(std::string_view file) {
   for (const auto& record : records) {
     ++i;
     const bool on = !record.label.empty();
-    if (cells_.in_use) (*cells_.in_use)[i] = on;
+    if (cells_.in_use) cells_.in_use->set(zone_bit(i), on);
     if (cells_.buttons_follow_file) {
       cells_.buttons[i].set_enabled(on);
       cells_.buttons[i].set_caption(record.label);
@@ -95,7 +95,7 @@ int CellSettings::save(std::string_view file) {
     Button& button = cells_.buttons[i];
     cells_.used[i] = kNotSet;
     button.set_enabled(is_on(i));
-    if (cells_.in_use) (*cells_.in_use)[i] = is_on(i);
+    if (cells_.in_use) cells_.in_use->set(zone_bit(i), is_on(i));
     if (!is_on(i)) {
       button.set_caption("");
       button.set_back_color(kMainBackground);

@@ -35,8 +35,8 @@ class CellSettings {
     Channels used;     // what the rest of the system reads; 0 none
     Channels working;  // while the window is open: 0 not set, 255 switched off
     ControlArray<Button>& buttons;
-    BoundedArray<bool, 1, kZones>* in_use;  // kept as last loaded or saved; null for none
-    bool buttons_follow_file;               // not only a save, but a load too sets the buttons
+    ZoneBits* in_use;          // kept as last loaded or saved; null for none
+    bool buttons_follow_file;  // not only a save, but a load too sets the buttons
   };
 
   CellSettings(const Cells& cells, PaintState& paint, DataFolder& folder)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -17,6 +18,7 @@
 namespace evac {
 
 inline constexpr int kZones = 120;
+inline constexpr int kContacts = 128;  // fire inputs, each of the zone with its number
 inline constexpr int kTerminals = 255;
 inline constexpr int kChannels = 5;
 inline constexpr int kSequencers = 8;
@@ -42,6 +44,12 @@ struct LinkState {
   std::uint8_t status_line_count = 0;  // frames since the line of polling text was cleared
 };
 
+// Zones or their contacts.
+using ZoneBits = std::bitset<kContacts>;
+constexpr std::size_t zone_bit(int zone) {
+  return static_cast<std::size_t>(zone - 1);
+}
+
 // A list of names by the number of its line; the edition grows with each load or save.
 struct NumberedNames {
   std::map<int, std::string> by_number;
@@ -56,7 +64,7 @@ struct ZoneState {
   BoundedArray<std::int16_t, 1, kZones> ZoneChanScan;
   BoundedArray<std::int16_t, 1, kZones> ZoneVolScan;
   // As the settings of the zones and the list of their names were last loaded or saved.
-  BoundedArray<bool, 1, kZones> in_use;
+  ZoneBits in_use;
   NumberedNames names;
   bool AllZonesOn = false;
   bool ChosenZonesOn = false;
@@ -129,7 +137,6 @@ struct SettingsState {
 };
 
 inline constexpr int kBanks = 4;
-inline constexpr int kSeenEntries = 128;
 inline constexpr int kAlgorithmSteps = 120;
 
 struct AlertState {
@@ -149,7 +156,7 @@ struct AlertState {
   // How often an alert has switched each of them off.
   int timer_silenced = 0, control_silenced = 0, player_silenced = 0;
   std::array<std::int32_t, kBanks> fire_bits{};
-  BoundedArray<std::array<std::int32_t, kSeenEntries>, 1, kBanks> fire_seen;
+  BoundedArray<std::array<std::int32_t, kContacts>, 1, kBanks> fire_seen;
   std::int16_t di_card0 = -1, di_card1 = -1;
   std::int16_t alg_zone = 1;
   std::int32_t alg_step = 1;

@@ -30,7 +30,10 @@ Control::Control(const Place& place, Kind kind, std::string_view name, std::stri
 }
 
 Control::~Control() {
-  std::erase(form().controls_, this);
+  // Controls end from the last one back: it is found at once.
+  auto& all = form().controls_;
+  const auto found = std::find(all.rbegin(), all.rend(), this);
+  if (found != all.rend()) all.erase(std::next(found).base());
 }
 
 std::string Control::full_name() const {

@@ -199,6 +199,31 @@ TEST_F(Sound, ANewFileTakesThePlaceOfTheOneThatPlaysAndStartsWithTheEndOfTheEven
   EXPECT_EQ(media.position(), 0);
 }
 
+TEST_F(Sound, WhatIsMeasuredAsideLeavesTheMessageOfAnAlertSounding) {
+  media.measure_aside();
+  put("fire.wav", wave(1));
+  put("other.wav", wave(3));
+  media.set_file("fire.wav");
+  media.play();
+  for (int list = 0; list < 2; ++list) {
+    media.set_file("other.wav");
+    EXPECT_EQ(media.duration(), 3);
+    media.hold();
+    media.settle();
+    EXPECT_TRUE(media.is_open());
+  }
+  EXPECT_TRUE(comes([&] {
+    media.release_when_ended();
+    return !media.is_open();
+  })) << "the message has come to its end, and nothing was begun";
+  media.set_file("fire.wav");
+  media.play();
+  media.set_file("other.wav");
+  media.hold();
+  media.stop();
+  EXPECT_FALSE(media.is_open());
+}
+
 TEST_F(Sound, ASeekRightBehindThePlayIsNotLost) {
   put("a.wav", wave(20));
   for (int i = 0; i < 5; ++i) {
