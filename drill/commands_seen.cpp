@@ -71,9 +71,11 @@ void Drill::do_expect(const Words& words) {
       {"tx", &Drill::expect_frames},       {"no", &Drill::expect_no},       {"box", &Drill::expect_box},
       {"journal", &Drill::expect_journal}, {"row", &Drill::expect_row},     {"fault", &Drill::expect_fault},
       {"watch", &Drill::expect_watch},     {"heard", &Drill::expect_frames}};
-  // A fault has ended the process; all else is seen in one that runs.
-  if (!console_ && (words.size() < 2 || words[1].text != "fault"))
-    throw CommandError("the console has not been started");
+  // What a process sent, asked and wrote before it ended can still be expected; the rest is seen in one that
+  // runs.
+  constexpr std::string_view kStays[] = {"fault", "tx", "no", "box", "journal", "heard"};
+  const bool stays = words.size() > 1 && std::ranges::find(kStays, words[1].text) != std::end(kStays);
+  if (!console_ && !stays) throw CommandError("the console has not been started");
   if (words.size() < 3) want(words, 3, "expect CONTROL.PROPERTY VALUE");
   if (const auto found = expectations.find(words[1].text); found != expectations.end())
     return (this->*found->second)(words);
