@@ -26,6 +26,10 @@ class BusySign {
   // A box is up, and the user's time is not the work's; it goes on with the next call of show().
   void hold();
   void over();
+  // How long the work at hand has held the window.
+  std::chrono::steady_clock::duration lasted() const {
+    return pointer_ ? worked_ + (Clock::now() - since_) : worked_;
+  }
 
   // Shorter work is not shown and not spoken of.
   static constexpr std::chrono::milliseconds kUnseen{300};

@@ -38,6 +38,7 @@ std::map<int, QString> devices(const HostSetup& setup) {
 }
 
 QString disk_trouble(const BackgroundFiles::Health& health) {
+  if (health.stuck && health.waiting == 0) return QStringLiteral("Диск не отвечает");
   if (health.stuck) return QStringLiteral("Диск не отвечает, ждут записи: %1").arg(health.waiting);
   if (health.failing.empty()) return {};
   const auto name = health.failing.substr(health.failing.rfind('\\') + 1);
@@ -95,6 +96,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   for (const std::string_view folder : kWrittenFolders) disk_.remove_left_over(folder);
   host_.before_wait = [this] {
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
+    scan_.look();
     screen_.flush();
   };
   host_.steady_wall().changed = [this] { loop_.keep_phase(); };
@@ -107,7 +109,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
   boxes_.fire_waits = [this] { return ending_ || console_->fire_waiting().now(); };
-  boxes_.while_up = [this] { heartbeat_.beat(); };
+  boxes_.while_up = windows_.while_busy = [this] { heartbeat_.beat(); };
   Cards& cards = simulated_cards_ ? static_cast<Cards&>(*simulated_cards_) : comedi_;
   console_ = std::make_unique<Console>(
       Machine{loop_, windows_, line_, files_, {mp_, mp1_, mp2_, mp3_}, cards, boxes_, tone_, process_});
@@ -129,13 +131,13 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   QObject::connect(&end_signals_, &EndSignals::end_wanted, this, [this](const QString& name) { end(name); });
   QObject::connect(&end_signals_, &EndSignals::window_wanted, this, [this] { bring_up(); });
   // A device that is playing is not opened a second time, only to see whether it can be.
-  self_check_ = std::make_unique<SelfCheck>(CheckSetup{.settings_file = disk_.locate(kSettingsFile),
-                                                       .state = setup.state,
-                                                       .sound = [this, last = QStringList()]() mutable {
-                                                         if (!sounding_)
-                                                           last = strings(missing_sound(sound_));
-                                                         return last;
-                                                       }});
+  self_check_ = std::make_unique<SelfCheck>(
+      CheckSetup{.settings_file = disk_.locate(kSettingsFile),
+                 .state = setup.state,
+                 .sound = [setup = sound_, sounding = sounding_, last = QStringList()]() mutable {
+                   if (!*sounding) last = strings(missing_sound(setup));
+                   return last;
+                 }});
   QObject::connect(
       self_check_.get(), &SelfCheck::looked, this, [this](const QString& data, const QStringList& sound) {
         if (!training_)
@@ -236,7 +238,7 @@ void Desktop::look_after_devices() {
     const QString trouble = QString::fromStdString(each->trouble());
     if (!trouble.isEmpty() && !sound.contains(trouble)) sound << trouble;
   }
-  sounding_ = std::any_of(media.begin(), media.end(), [](GstMedia* each) { return each->is_open(); });
+  *sounding_ = std::any_of(media.begin(), media.end(), [](GstMedia* each) { return each->is_open(); });
   notices_.tell(Notices::kSound, sound.join(QStringLiteral("; ")));
   notices_.tell(Notices::kDisk, disk_trouble(files_.health()));
   notices_.tell(Notices::kCards, QString::fromStdString(comedi_.trouble()));

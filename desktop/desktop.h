@@ -81,8 +81,9 @@ class Desktop : private QObject {
   BackgroundFiles files_;
   SerialLine line_;
   const SoundSetup sound_;
-  std::atomic<bool> sounding_ = false;  // some media control has the device
-  QStringList missing_sound_;           // what this machine lacks to be heard
+  // Some media control has the device.
+  const std::shared_ptr<std::atomic<bool>> sounding_ = std::make_shared<std::atomic<bool>>(false);
+  QStringList missing_sound_;  // what this machine lacks to be heard
   SoundProbe probe_;
   GstMedia mp_, mp1_, mp2_, mp3_;
   ComediCards comedi_;

@@ -17,7 +17,8 @@
 namespace evac::desktop {
 namespace {
 
-constexpr QSize kLeastSize(1260, 650);  // of the main window, with all of it to be seen
+constexpr QSize kLeastSize(1260, 650);         // of the main window, with all of it to be seen
+constexpr std::chrono::seconds kMostWork{60};  // that may hold the console, as long as a box
 constexpr double kTwipsPerInch = 1440;
 constexpr double kPixelsPerInch = 96;  // of the system's own screen, which the positions are meant for
 
@@ -243,6 +244,7 @@ void FormWindows::popup_shown(PopupMenu& menu) {
 
 void FormWindows::busy(std::string_view what, int done, int total) {
   if (main_) busy_.show(window(*main_), qt(what), done, total);
+  if (busy_.lasted() < kMostWork) while_busy();
 }
 
 void FormWindows::popup_hidden(PopupMenu&) {

@@ -63,6 +63,8 @@ class FormWindows : public WindowHost {
   const WindowLayout& layout_of(const Form& form) const;
   // The window of the form, made now if it was not before.
   FormWindow& window(Form& form);
+  // Called again and again while work holds the window, for as long as it may hold the console.
+  std::function<void()> while_busy = [] {};
   // A box comes up in the middle of work.
   void hold_busy() { busy_.hold(); }
   // Gone before the controls are.

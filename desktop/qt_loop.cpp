@@ -5,25 +5,11 @@
 #include <ctime>
 
 namespace evac::desktop {
-namespace {
 
 using std::chrono::ceil;
 using std::chrono::floor;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
-
-WallTime system_wall() {
-  const auto now = floor<milliseconds>(std::chrono::system_clock::now());
-  const std::time_t seconds = std::chrono::system_clock::to_time_t(floor<std::chrono::seconds>(now));
-  std::tm local{};
-  localtime_r(&seconds, &local);
-  using namespace std::chrono;
-  const local_days day{year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday};
-  return day + hours(local.tm_hour) + minutes(local.tm_min) + std::chrono::seconds(local.tm_sec) +
-         now.time_since_epoch() % std::chrono::seconds(1);
-}
-
-}  // namespace
 
 QtLoop::QtLoop() {
   wake_.setSingleShot(true);
@@ -32,6 +18,18 @@ QtLoop::QtLoop() {
 
 Instant QtLoop::now() const {
   return Instant(floor<milliseconds>(steady_clock::now().time_since_epoch()));
+}
+
+WallTime QtLoop::system_wall() const {
+  const auto now = floor<milliseconds>(std::chrono::system_clock::now());
+  if (const auto minute = floor<std::chrono::minutes>(now); minute != minute_) {
+    minute_ = minute;
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(minute);
+    std::tm local{};
+    localtime_r(&seconds, &local);
+    offset_ = std::chrono::seconds(local.tm_gmtoff);
+  }
+  return WallTime(now.time_since_epoch() + offset_);
 }
 
 WallTime QtLoop::wall() const {
@@ -46,17 +44,23 @@ Instant QtLoop::moment_of(WallTime time) const {
 
 void QtLoop::idle(std::optional<Instant> next_due) {
   before_wait();
-  auto how = QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents;
-  if (next_due) {
-    const auto left =
-        ceil<milliseconds>(next_due->time_since_epoch() - steady_clock::now().time_since_epoch());
-    if (left.count() > 0)
-      wake_.start(left);
-    else
-      how = QEventLoop::AllEvents;
+  std::optional<ToolkitWait::Moment> end;
+  if (next_due) end.emplace(next_due->time_since_epoch());
+  if (waits_itself_) {
+    if (toolkit_.until(end) || steady_clock::now() - stepped_ >= kToolkitStep)
+      step_toolkit(QEventLoop::AllEvents);
+    return;
   }
-  QCoreApplication::processEvents(how);
+  const auto left = end ? ceil<milliseconds>(*end - steady_clock::now()) : milliseconds{};
+  if (left.count() > 0) wake_.start(left);
+  const bool waits = !end || left.count() > 0;
+  step_toolkit(waits ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
   wake_.stop();
+}
+
+void QtLoop::step_toolkit(QEventLoop::ProcessEventsFlags how) {
+  QCoreApplication::processEvents(how);
+  stepped_ = steady_clock::now();
   // No loop of the toolkit's own ever comes to an end here, so that its belated deletions need a call.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }

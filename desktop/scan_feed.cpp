@@ -15,21 +15,13 @@ constexpr int kPaceKnown = 3;  // terminals behind which the pace says something
 
 }  // namespace
 
-void ScanFeed::follow(Look look) {
-  look_ = std::move(look);
-  connect(&timer_, &QTimer::timeout, this, &ScanFeed::look);
-  timer_.start(kLook);
-}
-
-void ScanFeed::let_go() {
-  timer_.stop();
-  look_ = nullptr;
-}
-
 void ScanFeed::look() {
+  if (!look_) return;
   const std::optional<Pass> pass = look_();
   if (!pass && !pass_) return;
-  now_ = Clock::now();
+  const auto now = Clock::now();
+  if (pass && pass_ && now - now_ < kLook) return;
+  now_ = now;
   // A pass that asks an earlier terminal than the last look is another one.
   if (pass && (!pass_ || pass->asked < pass_->asked)) {
     begun_ = now_;

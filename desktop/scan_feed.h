@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
 #include <chrono>
 #include <functional>
 #include <optional>
@@ -19,10 +18,12 @@ class ScanFeed : public QObject {
   };
   using Look = std::function<std::optional<Pass>()>;
 
-  // Looks a few times a second from here on.
-  void follow(Look look);
+  void follow(Look look) { look_ = std::move(look); }
   // The console is gone.
-  void let_go();
+  void let_go() { look_ = nullptr; }
+  // To be called before each wait: tells of a pass that begins or ends, and a few times a second how far it
+  // is.
+  void look();
 
   const std::optional<Pass>& pass() const { return pass_; }
   // Seconds that the pass still takes; none before the pace is known.
@@ -34,11 +35,8 @@ class ScanFeed : public QObject {
   void changed();
 
  private:
-  void look();
-
   using Clock = std::chrono::steady_clock;
   Look look_;
-  QTimer timer_;
   std::optional<Pass> pass_;
   Clock::time_point begun_{}, now_{};
   int first_ = 0;  // the terminal that was asked when the pass was seen first

@@ -1,6 +1,7 @@
 // What the program looks at by itself, on a thread of its own, at start and every ten minutes: whether the
 // data folder is the one that it was, whether there is room, whether sound can be heard. The same thread
-// keeps the mark by which the next start knows that this one ended without a word.
+// keeps the mark by which the next start knows that this one ended without a word. A look that is stuck holds
+// neither the mark up nor the end of the program.
 #pragma once
 
 #include <QDateTime>
@@ -9,8 +10,10 @@
 #include <condition_variable>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <mutex>
-#include <thread>
+
+#include "desktop/worker.h"
 
 namespace evac::desktop {
 
@@ -40,17 +43,23 @@ class SelfCheck : public QObject {
   void looked(const QString& data, const QStringList& sound);
 
  private:
-  void work();
-  QString look_at_data();
-  std::filesystem::path mark() const { return setup_.state / "running"; }
+  // All that the thread uses, also when it is left to itself.
+  struct Work {
+    CheckSetup setup;
+    QString other_disk;  // told for the whole of this run
+    Worker sound;
+    std::mutex mutex;
+    std::condition_variable changed;
+    SelfCheck* owner;  // none: nobody listens any longer
+    bool over = false;
+    std::filesystem::path mark() const { return setup.state / "running"; }
+  };
+  static void run(const std::shared_ptr<Work>& work);
+  static QString look_at_data(Work& work);
+  static QStringList look_at_sound(Work& work);
 
-  const CheckSetup setup_;
+  const std::shared_ptr<Work> work_;
   QDateTime cut_off_;
-  QString other_disk_;  // told for the whole of this run
-  std::mutex mutex_;
-  std::condition_variable ended_;
-  bool done_ = false;
-  std::thread worker_;
 };
 
 }  // namespace evac::desktop

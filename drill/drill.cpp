@@ -94,6 +94,23 @@ int Drill::run() {
 void Drill::next_command() {
   print_result();
   std::string line;
+  if (waiting_.empty()) line = next_line();
+  result_ = "ok";
+  reported_ = false;
+  try {
+    if (waiting_.empty()) waiting_ = commands_of(split_words(line));
+    const Words command = std::move(waiting_.front());
+    waiting_.pop_front();
+    obey(command);
+  } catch (const CommandError& error) {
+    ++failures_;
+    result_ = join("error: ", error.what());
+    if (number_lines_) result_ += join(" (line ", command_line_, ")");
+  }
+}
+
+std::string Drill::next_line() {
+  std::string line;
   while (true) {
     if (!source_(line)) throw NoMoreCommands{};
     ++line_;
@@ -101,16 +118,8 @@ void Drill::next_command() {
     if (const auto first = line.find_first_not_of(" \t"); first != std::string::npos && line[first] != '#')
       break;
   }
-  result_ = "ok";
-  reported_ = false;
   command_line_ = line_;
-  try {
-    obey(split_words(line));
-  } catch (const CommandError& error) {
-    ++failures_;
-    result_ = join("error: ", error.what());
-    if (number_lines_) result_ += join(" (line ", command_line_, ")");
-  }
+  return line;
 }
 
 void Drill::print_result() {

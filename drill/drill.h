@@ -1,6 +1,7 @@
 // The drill: obeys one command a line on a whole console with a virtual clock, and prints what happened.
 #pragma once
 
+#include <deque>
 #include <filesystem>
 #include <functional>
 #include <istream>
@@ -48,6 +49,8 @@ class Drill {
   // Prints the result of the command before, then obeys the next one; what it sets off runs on top of what
   // waits.
   void next_command();
+  // The next line that holds commands.
+  std::string next_line();
   void print_result();
   void obey(const Words& words);
   void end_process();
@@ -119,6 +122,7 @@ class Drill {
   std::string result_;      // of the command before; empty when it is printed
   bool reported_ = true;
   int line_ = 0, command_line_ = 0;
+  std::deque<Words> waiting_;  // the other commands of that line
   int failures_ = 0;
   std::vector<int> faults_;
 };

@@ -143,6 +143,8 @@ std::string read_property(Windows& windows, std::string_view path) {
   if (target.empty()) throw CommandError(join("no property in ", path));
   if (property == "shown") return flag(find_form(windows, target).shown());
   if (property == "title") return find_form(windows, target).title();
+  if (const Form* form = windows.find(target); form && form->position && property == "left")
+    return join(form->position->first);
   const Control& control = find_control(windows, target);
   if (property.starts_with("cell(")) return cell_of(control, property);
   const auto reader = readers().find(property);

@@ -1,16 +1,42 @@
 #include "drill/words.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 #include "model/text.h"
 
 namespace evac::drill {
 namespace {
 
-constexpr std::size_t kFileTextWord = 2;
+// What an operator does again and again; what is said behind it goes where a command ends in a blank.
+struct Deed {
+  std::string_view word, of;
+  std::array<std::string_view, 4> commands;
+};
+constexpr Deed kDeeds[] = {
+    {"enter", "M_n_z", {"click ", "set FrmPsW.Txt1 x", "set FrmPsW.Txt1 \"\"", "click FrmPsW.CmdVPsW"}},
+    {"yes", "click C", {"answer yes", " "}},
+    {"no", "click C", {"answer no", " "}},
+    {"quiet", "5s", {"wait ", "expect no tx"}},
+};
+
+// What may be said several times in one line: behind how many words that stand for all, and how many each.
+struct Repeated {
+  std::string_view command, what;
+  std::size_t head, each;
+};
+constexpr Repeated kRepeated[] = {
+    {"click", "", 1, 1},     {"rclick", "", 1, 1},      {"shift-rclick", "", 1, 1}, {"dblclick", "", 1, 1},
+    {"set", "", 1, 2},       {"key", "", 2, 1},         {"frame", "", 1, 6},        {"contact", "", 1, 2},
+    {"card", "", 1, 2},      {"sound", "", 1, 2},       {"nosound", "", 1, 1},      {"remove", "", 1, 1},
+    {"expect", "box", 2, 1}, {"expect", "row", 4, 1},   {"expect", "tx", 2, 0},     {"expect", "heard", 2, 0},
+    {"expect", "no", 3, 0},  {"expect", "watch", 2, 2}, {"expect", "", 1, 2},       {"file", "", 1, 2},
+};
 
 // Reads a quoted word from behind its opening quote; leaves `at` behind the closing one.
 std::string read_quoted(std::string_view line, std::size_t& at, bool line_ends) {
@@ -45,7 +71,7 @@ std::vector<Word> split_words(std::string_view line) {
     if (line[at] == ' ' || line[at] == '\t') {
       ++at;
     } else if (line[at] == '"') {
-      const bool line_ends = words.size() == kFileTextWord && words[0].text == "file";
+      const bool line_ends = !words.empty() && words[0].text == "file" && words.size() % 2 == 0;
       words.push_back({read_quoted(line, ++at, line_ends), true});
     } else {
       const auto end = std::min(line.find_first_of(" \t", at), line.size());
@@ -54,6 +80,51 @@ std::vector<Word> split_words(std::string_view line) {
     }
   }
   return words;
+}
+
+std::deque<std::vector<Word>> commands_of(const std::vector<Word>& line) {
+  const std::string& command = line[0].text;
+  if (const auto deed = std::ranges::find(kDeeds, command, &Deed::word); deed != std::end(kDeeds)) {
+    if (line.size() < 2) want(line, 2, join(command, " ", deed->of));
+    std::deque<std::vector<Word>> commands;
+    for (const std::string_view each : deed->commands) {
+      if (each.empty()) continue;
+      commands.push_back(split_words(each));
+      if (each.ends_with(' ')) std::copy(line.begin() + 1, line.end(), std::back_inserter(commands.back()));
+    }
+    return commands;
+  }
+  if (command == "channel" && line.size() > 2 && line.size() % 2 == 1) {
+    std::deque<std::vector<Word>> commands;
+    for (std::size_t at = 1; at < line.size(); at += 2) {
+      commands.push_back({{"dblclick"}, line[at]});
+      commands.push_back({{"rclick"}, line[at]});
+      commands.push_back({{"click"}, {join("ch(", line[at + 1].text, ")")}});
+    }
+    return commands;
+  }
+  if (command == "expect" && line.size() > 3 && line[1].text == "only") {
+    std::vector<Word> these = line;
+    these.erase(these.begin() + 1);
+    auto commands = commands_of(these);
+    commands.push_back({line[0], {"no"}, line[2]});
+    return commands;
+  }
+  const auto form = std::ranges::find_if(kRepeated, [&](const Repeated& r) {
+    return r.command == command && (r.what.empty() || (line.size() > 1 && r.what == line[1].text));
+  });
+  if (form == std::end(kRepeated) || form->each == 0 || line.size() <= form->head + form->each ||
+      (line.size() - form->head) % form->each != 0)
+    return {line};
+  std::deque<std::vector<Word>> commands;
+  for (std::size_t at = form->head; at < line.size(); at += form->each) {
+    commands.emplace_back(line.begin(), line.begin() + static_cast<std::ptrdiff_t>(form->head));
+    // A row behind the one that is named.
+    if (form->what == "row")
+      commands.back()[3].text = join(parse_int(line[3], "the row") + static_cast<int>(at - form->head));
+    for (std::size_t i = at; i < at + form->each; ++i) commands.back().push_back(line[i]);
+  }
+  return commands;
 }
 
 std::string path_of(const Word& word) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <deque>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -25,6 +26,9 @@ struct Word {
 // Words are separated by blanks. In double quotes `\"` is a quote, `\\` a backslash, `\t` a tab, any other
 // backslash stands for itself; in the text of a `file` command `\n` is a line end.
 std::vector<Word> split_words(std::string_view line);
+// The commands that a line stands for: one, or one for each of several controls, values, frames, boxes or
+// rows; for what is done again and again, such as `enter ITEM`, those that it consists of.
+std::deque<std::vector<Word>> commands_of(const std::vector<Word>& line);
 // A path as it was meant: no path holds a tab, so that "C:\\ZEF_DAT\\timer" needs no doubled backslash
 // either.
 std::string path_of(const Word& word);

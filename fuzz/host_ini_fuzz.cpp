@@ -3,8 +3,6 @@
 #include <unistd.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <fstream>
 
 #include "desktop/host_ini.h"
@@ -13,12 +11,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-void check(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "%s\n", what);
-  std::abort();
-}
+using evac::check;
 
 }  // namespace
 

@@ -1,8 +1,6 @@
 // Any bytes as an audio file's end and as a play-list: a tag always has its widths, a list never has more
 // tracks than lines, and what is shown of either is whole characters.
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 #include "fuzz/tally.h"
 #include "model/text.h"
@@ -13,12 +11,6 @@
 namespace {
 
 using namespace evac;
-
-void check(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "%s\n", what);
-  std::abort();
-}
 
 void check_tag(std::string_view bytes) {
   const auto tag = parse_tag(bytes);

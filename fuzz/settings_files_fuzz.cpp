@@ -1,8 +1,6 @@
 // Any bytes as each file of the settings: no reader crashes, what it gives is within its ranges, and what is
 // read and saved reads the same again. The first byte says which file the others are.
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 #include "fuzz/memory_files.h"
 #include "fuzz/tally.h"
@@ -18,11 +16,6 @@ namespace {
 
 using namespace evac;
 
-void check(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "%s\n", what);
-  std::abort();
-}
 void must(FileError error) {
   check(error == kNoError, "a file in memory can be read and written");
 }

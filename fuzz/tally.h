@@ -1,10 +1,18 @@
-// Counts the bytes that a fuzz target was given, and tells them at its end.
+// What every fuzz target does: it counts its bytes and tells them at its end, and stops at what does not
+// hold.
 #pragma once
 
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 
 namespace evac {
+
+inline void check(bool holds, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "%s\n", what);
+  std::abort();
+}
 
 class Tally {
  public:

@@ -4,6 +4,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "alert/alert_type.h"
+#include "alert/banks.h"
 #include "model/text.h"
 #include "simulate/rules.h"
 
@@ -91,6 +93,7 @@ void Rules::check(Console* console, const rack::Network& heard) {
   check_polls();
   check_sound(*console);
   check_watch(*console);
+  check_alert(*console);
   check_bounds();
 }
 
@@ -180,6 +183,22 @@ void Rules::check_line(const rack::Network& heard) {
   if (promised_.alarm9() != heard.alarm9() || promised_.alarm10() != heard.alarm10() ||
       promised_.alert() != heard.alert())
     throw Broken("the alarm channels are not as they were set last");
+}
+
+void Rules::check_alert(Console& console) {
+  const AlertState& alert = console.model().alert;
+  const bool held = alert.fire_stop || alert.fire_sim || alert.msg_manual || failing_[0] || failing_[1] ||
+                    alert_type(console.model().settings) != kTypeController;
+  bool left = false;
+  for (int bank = 1; bank <= kBanks; ++bank) {
+    const Bank& zones = kBankTable[static_cast<std::size_t>(bank - 1)];
+    const auto closed = closed_.lower_bound(zones.first_zone);
+    left |= alert.al_bank[bank] && (closed == closed_.end() || *closed > zones.last_zone);
+  }
+  if (!left || held) return left_over_.reset();
+  if (!left_over_) left_over_ = {machine_.now(), machine_.held_so_far()};
+  if (working_since(left_over_->came, left_over_->held) > 3 * kTick)
+    throw Broken("an alert outlives the last contact of its bank");
 }
 
 void Rules::check_watch(Console& console) {

@@ -46,6 +46,7 @@ void Rules::settling_since_now() {
 
 void Rules::process_ended(const rack::Network& heard_so_far) {
   console_ = nullptr;
+  left_over_.reset();
   status_phase_.reset();
   waited_for_.clear();
   polls_.clear();

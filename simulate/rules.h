@@ -82,7 +82,7 @@ class Rules {
     std::optional<std::chrono::milliseconds> took;  // until its first zone was sent
     int resets = 0;                                 // stops of all since
   };
-  struct Poll {
+  struct Since {
     Instant came;
     std::chrono::milliseconds held;
   };
@@ -103,6 +103,7 @@ class Rules {
   void check_sound(Console& console) const;
   void check_line(const rack::Network& heard);
   void check_watch(Console& console);
+  void check_alert(Console& console);
   void check_bounds();
   void note_saved(Console& console);
   void note_status(std::string_view line);
@@ -117,16 +118,17 @@ class Rules {
   const char* stack_base_ = nullptr;
   int names_edition_ = 0;
   Console* console_ = nullptr;
-  bool clock_set_ = false;  // since the start
-  bool untouched_ = true;   // no operator since the start
-  bool first_fire_ = true;  // no contact since the start
-  bool sound_sure_ = true;  // every message can be opened since the start
+  std::optional<Since> left_over_;  // since when an alert runs whose bank has no contact closed
+  bool clock_set_ = false;          // since the start
+  bool untouched_ = true;           // no operator since the start
+  bool first_fire_ = true;          // no contact since the start
+  bool sound_sure_ = true;          // every message can be opened since the start
   // The message that was given to the media last, and up to when it sounds.
   std::string message_;
   WallTime sounds_until_{};
   bool cut_off_ = false;  // the settings of alerting have taken the media, until the alert's next play
   std::map<int, Contact> waited_for_;
-  std::deque<Poll> polls_;
+  std::deque<Since> polls_;
   std::deque<Answer> answers_;
   std::optional<Instant> garbled_;
   int uncertain_polls_ = 0;

@@ -14,15 +14,7 @@ using namespace std::chrono_literals;
 
 class Admin : public testing::Test, protected AlertRig {
  protected:
-  // One record as it must lie in a file: length, text, zero bytes.
-  static std::string record(const std::string& bytes) {
-    std::string record = std::string{static_cast<char>(bytes.size()), 0} + bytes;
-    record.resize(256);
-    return record;
-  }
-  void set_clock(std::chrono::milliseconds time_of_day) {
-    machine.set_wall(std::chrono::floor<std::chrono::days>(machine.wall()) + time_of_day);
-  }
+  static std::string record(const std::string& bytes) { return stored_record(bytes, 256); }
   // Times of day at which the machine was asked to restart, in that order.
   std::string restarts() const {
     std::string times;

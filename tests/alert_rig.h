@@ -55,6 +55,9 @@ struct AlertRig {
     machine.sent().clear();
     machine.raised().clear();
   }
+  void set_clock(std::chrono::milliseconds time_of_day) {
+    machine.set_wall(std::chrono::floor<std::chrono::days>(machine.wall()) + time_of_day);
+  }
   void run(std::chrono::milliseconds duration) { machine.run_for(duration); }
   // How often the log has a line with that in it.
   long logged(std::string_view part) const {

@@ -99,20 +99,6 @@ TEST_F(AlertFiles, ALowerNumberEndsTheReadingAndOneOutsideTheTableIsAFault) {
   }
 }
 
-// Four algorithms of which one was read: the save that writes the one does not lose the four.
-TEST_F(AlertFiles, WhatACutReadingLeftIsKept) {
-  settle_steps(
-      {step_record(2, 1, 1, 1), step_record(1, 1, 1, 1), step_record(3, 1, 1, 1), step_record(4, 1, 1, 1)});
-  const std::string four = data.bytes_of(kAlgorithmFile);
-  ASSERT_EQ(store.LoadAlgorithms(), kNoError);
-  AlertStore::AlgorithmLines lines;
-  lines[2] = {table(2, 1)};
-  ASSERT_EQ(store.SaveAlgorithms(lines), kNoError);
-  EXPECT_EQ(data.bytes_of(kAlgorithmFile), four.substr(0, 512));
-  EXPECT_EQ(data.bytes_of(kAlgorithmFile + ".bak"), four);
-  EXPECT_EQ(data.state.cut_files.at(0).name(), "f_al.dat");
-}
-
 // What the rooms make of it on a whole console.
 TEST_F(AlertFiles, OneThatCannotBeReadOrWrittenIsToldAndTheSaveGoesOn) {
   settle(controller_settings());

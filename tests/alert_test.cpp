@@ -54,24 +54,6 @@ TEST_F(Alerts, ABankWithAllItsContactsClosedIsNotSilent) {
   EXPECT_FALSE(alert().al_bank[2]);
 }
 
-TEST_F(Alerts, AMissingCardLeavesItsBanksSilentAndTheOtherWorks) {
-  settle_steps({step_record(40, 1, 1, 1), step_record(65, 1, 1, 2)});
-  machine.set_card(1, false);
-  start();
-  machine.set_contact(65, true);
-  run(1s);
-  EXPECT_TRUE(machine.sent().empty());
-  machine.set_contact(40, true);
-  run(100ms);
-  EXPECT_EQ(alert().alg_zone, 40);
-
-  machine.set_card(0, false);
-  machine.set_card(1, true);
-  start();
-  run(1s);
-  EXPECT_EQ(alert().alg_zone, 65);
-}
-
 TEST_F(Alerts, AnHourOfRepeatsStartsEachOnItsSecond) {
   sound("long.wav", 35);
   settle_steps({step_record(5, 1, 100, 5, "long.wav")});

@@ -1,8 +1,5 @@
-// The settings and console rooms on a whole console: files that hold what no window would write, the group
-// buttons over many zones, numbers past what a frame holds.
+// The settings and console rooms on a whole console: files that hold what no window would write.
 #include <gtest/gtest.h>
-
-#include <map>
 
 #include "app/console.h"
 #include "drill/virtual_machine.h"
@@ -27,11 +24,6 @@ class ConsoleRooms : public testing::Test {
     for (int z = 1; z <= kZones; ++z) zones[static_cast<std::size_t>(z - 1)] = {std::to_string(z), channel};
     ASSERT_EQ(write_cells(data.folder, kZoneFile, zones), kNoError);
   }
-  void write_computer(int volume) {
-    EquipmentRecords records;
-    records.rows[4] = {"Компьютер", volume, 1};
-    ASSERT_EQ(write_equipment(data.folder, records), kNoError);
-  }
   std::string last_box() {
     if (machine.raised().empty()) return "";
     const std::string text = machine.raised().back();
@@ -45,63 +37,6 @@ class ConsoleRooms : public testing::Test {
   StoredData data{machine.files()};
   std::optional<Console> console;
 };
-
-TEST_F(ConsoleRooms, TheGroupButtonsSwitchAllZonesTwiceEachAndStopEverything) {
-  write_zones(4);
-  write_computer(25);
-  Form1& form1 = start();
-  console->model().settings.SettingsLine[kBlockSource] = "1";
-  console->model().zones.ZoneChan[2] = 0;
-  console->model().zones.ZoneChan[3] = 1;
-
-  form1.CmdAG.click();
-  ASSERT_EQ(machine.sent().size(), 238u);
-  EXPECT_EQ(machine.sent()[0], (Frame9{0xAA, 0xAA, 4, 4, 25, 0xFD, 1, 0, 0x1F}));
-  EXPECT_EQ(machine.sent()[1], machine.sent()[0]);
-  EXPECT_EQ(machine.sent()[2][6], 3);  // a zone on another channel gets the computer's too
-  EXPECT_EQ(machine.sent().back()[6], 120);
-  EXPECT_EQ(form1.PctA[1].picture(), "PctD3");
-  EXPECT_EQ(form1.PctA[2].picture(), "PctD2");
-  EXPECT_EQ(form1.CmdAG.back_color(), Color::kOn);
-
-  // The other button serves only the zones on the computer's channel; stopping darkens every lamp.
-  machine.sent().clear();
-  form1.CmdTG.click();
-  EXPECT_EQ(machine.sent().size(), 236u);
-  EXPECT_EQ(machine.sent()[2][6], 4);
-  machine.sent().clear();
-  form1.CmdTG.click();
-  ASSERT_EQ(machine.sent().size(), 1u);
-  EXPECT_EQ(machine.sent()[0], (Frame9{0xAA, 0xAA, 9, 0, 0xFF, 0, 0, 0, 8}));
-  EXPECT_EQ(form1.PctA[3].picture(), "PctD2");
-  EXPECT_EQ(form1.CmdTG.back_color(), Color::kButtonFace);
-  EXPECT_EQ(form1.CmdAG.back_color(), Color::kOn);
-  form1.CmdAG.click();
-  EXPECT_EQ(machine.sent().size(), 2u);
-  EXPECT_EQ(form1.CmdAG.back_color(), Color::kButtonFace);
-}
-
-TEST_F(ConsoleRooms, TheGroupButtonsRefuseInTheirOrder) {
-  write_computer(0);
-  Form1& form1 = start();
-  auto& model = console->model();
-  model.sources.ch_computer = 0;
-  form1.CmdAG.click();
-  EXPECT_EQ(last_box(), "В настройках оповещения не выбран компьютер");
-  model.settings.SettingsLine[kBlockSource] = "1";
-  form1.CmdAG.click();
-  EXPECT_EQ(last_box(), "В настройках оборудования не выбран компьютер");
-  model.sources.ch_computer = 4;
-  form1.CmdTG.click();
-  EXPECT_EQ(last_box(), "Уровень звука в 4 канале =0");
-  EXPECT_FALSE(model.zones.ChosenZonesOn);
-  // With a volume but no zone settled it is on, and silent.
-  model.sources.vol_computer = 1;
-  form1.CmdAG.click();
-  EXPECT_EQ(last_box(), "");
-  EXPECT_EQ(form1.CmdAG.back_color(), Color::kOn);
-  EXPECT_TRUE(machine.sent().empty());
-}
 
 TEST_F(ConsoleRooms, AChannelThatIsNoneOfOursIsPassedOver) {
   write_zones(7);

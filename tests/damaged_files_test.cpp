@@ -70,6 +70,8 @@ TEST_F(DamagedFiles, LoadAndCanBeWorkedWith) {
     std::mt19937 random(seed);
     for (const auto& [name, bytes] : whole) must(data.folder.replace(name, damaged(bytes, 30, random)));
     ASSERT_NO_THROW(live());
+    for (const auto& event : console->model().timer.events)
+      ASSERT_TRUE(event.tm_time >= 0 && event.tm_time < kSecondsPerDay);
   }
 }
 

@@ -21,12 +21,14 @@ class Drills : public testing::Test {
     faults = drill.faults();
     std::string trace = out.str();
     const std::string started = "show Form1\nok\n";
+    line_was_set = trace.find("port settings 4800,o,8,1\n") != std::string::npos;
     if (const auto at = trace.rfind(started); at != std::string::npos) trace.erase(0, at + started.size());
     return trace;
   }
 
   Scratch scratch;
   int failures = 0;
+  bool line_was_set = false;
   std::vector<int> faults;
 };
 
@@ -38,6 +40,7 @@ TEST_F(Drills, AModalWindowLetsTheNextCommandsInAndItsCallerGoesOnUnderTheLineTh
             "hide Form2\nok\n"
             "= off\nok\n");
   EXPECT_EQ(failures, 1);
+  EXPECT_TRUE(line_was_set);
 }
 
 TEST_F(Drills, ABoxHeldUpPassesTimeUnderItWithNothingHandled) {
@@ -89,6 +92,21 @@ TEST_F(Drills, WordsQuotesAndNumbersOfLines) {
   EXPECT_EQ(run("contact 129 on\nrx 00\nfly\ncard 0 maybe\ncat \"C:\n"),
             "error: contacts are 1 to 128\nerror: the console has not been started\nerror: no command fly\n"
             "error: expected on or off, not maybe\nerror: a quote is not closed\n");
+}
+
+TEST_F(Drills, ALineWithSeveralControlsValuesOrDeedsIsSoManyCommands) {
+  EXPECT_EQ(
+      run("start\nforget\nclick CmdAZ(1) M_o_p CmdAZ(2)\nclose\nset VS_Z(1) 7 VS_Z(2) 8\nquiet 1s\n"
+          "expect VS_Z(1).value 7 VS_Z(2).value 9\nclick CmdAZ(2)\nexpect only tx 04 01 20 FD 01 00\n"
+          "no click CmdTW9\nexpect only box \"x\"\nenter M_n_z\nexpect Form33.shown on Lbl(1).tip ВКЛ\n"),
+      "ok\ntx AA AA 04 01 20 FD 01 00 23\nok\nshow Form2 modal\nok\n"
+      "error: CmdAZ(2) is on a window under a modal one\nhide Form2\nok\nok\nok\n"
+      "ok\nerror: a frame was sent: 04 01 20 FD 01 00\nok\nerror: it is \"8\"\n"
+      "tx AA AA 04 01 20 FD 02 00 24\nok\nok\nerror: a frame was sent: 04 01 20 FD 02 00\nok\n"
+      "box \"Включить аварийные каналы 9 и 10\" \"Power ON\" yesno -> no\nok\n"
+      "error: the box is \"Включить аварийные каналы 9 и 10\"\n"
+      "error: a box was up: \"Включить аварийные каналы 9 и 10\"\n"
+      "show FrmPsW modal\nok\nok\nok\nhide FrmPsW\nshow Form33 modal\nok\nok\nerror: it is \"ВЫКЛ\"\n");
 }
 
 TEST_F(Drills, AnExpectThatFailsUsesNothingUp) {

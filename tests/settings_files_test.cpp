@@ -21,12 +21,8 @@ struct ScratchDisk {
 class SettingsFiles : public testing::Test, protected ScratchDisk, protected StoredData {
  protected:
   SettingsFiles() : StoredData(disk) {}
-  // The record as it must lie in the file: length, text, zero bytes.
   static std::string record(const std::string& text, std::size_t length) {
-    const std::string encoded = to_code_page(text);
-    std::string bytes = std::string{static_cast<char>(encoded.size()), 0} + encoded;
-    bytes.resize(length);
-    return bytes;
+    return stored_record(to_code_page(text), length);
   }
 };
 

@@ -44,6 +44,13 @@ inline std::string damaged(std::string bytes, std::size_t most_blows, std::mt199
   return bytes;
 }
 
+// A record as it must lie in a file: length, text, zero bytes.
+inline std::string stored_record(const std::string& bytes, std::size_t length) {
+  std::string record = std::string{static_cast<char>(bytes.size()), 0} + bytes;
+  record.resize(length);
+  return record;
+}
+
 struct StoredData {
   explicit StoredData(Files& machine_files) : files(machine_files) {
     // The folders may be there already.

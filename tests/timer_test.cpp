@@ -1,12 +1,10 @@
-// The weekly timer where a table or the bytes of a file say it better than a drill: the nearest event, the
-// fields of a record, the schedule's dates, the seconds around an event.
+// The weekly timer where a table or the bytes of a file say it better than a drill: the fields of a record,
+// the schedule's dates, the seconds around an event.
 #include <gtest/gtest.h>
 
 #include "store/programme_files.h"
 #include "store/timer_record.h"
 #include "tests/alert_rig.h"
-#include "timer/nearest_event.h"
-#include "timer/week_ahead.h"
 
 namespace evac {
 namespace {
@@ -14,81 +12,13 @@ namespace {
 using namespace std::chrono_literals;
 using Texts = std::vector<std::string>;
 
-constexpr int kMonday = 1, kWednesday = 3, kSunday = 7;
 constexpr int kNoon = 12 * 3600;
-
-constexpr int days(std::initializer_list<int> list) {
-  int mask = 0;
-  for (const int day : list) mask |= 1 << (day - 1);
-  return mask;
-}
 
 std::string record(int second, int mask, const std::string& function, const std::string& message = "Вкл/Выкл",
                    int from = 1, int to = 1) {
   return timer_record({"1", std::to_string(second / 3600), std::to_string(second / 60 % 60),
                        std::to_string(second % 60), std::to_string(mask), message, std::to_string(from),
                        std::to_string(to), function});
-}
-
-TEST(NearestEvent, IsTheFirstBehindTheMoment) {
-  struct Event {
-    int second, days;
-  };
-  struct Row {
-    const char* what;
-    std::vector<Event> events;
-    int weekday, second;
-    std::optional<Nearest> expected;
-  };
-  const int every = 127;
-  const Row table[] = {
-      {"none", {}, kMonday, 0, {}},
-      {"an event without a day", {{kNoon, 0}}, kMonday, 0, {}},
-      {"later today", {{kNoon, every}}, kMonday, kNoon - 1, Nearest{0, 0, kNoon}},
-      {"tomorrow", {{kNoon, every}}, kMonday, kNoon + 1, Nearest{0, 1, kNoon}},
-      {"this very second is passed over", {{kNoon, every}}, kMonday, kNoon, Nearest{0, 1, kNoon}},
-      {"this second, once a week", {{kNoon, days({1})}}, kMonday, kNoon, {}},
-      {"once a week, past: today's own", {{kNoon, days({1})}}, kMonday, kNoon + 1, Nearest{0, 0, kNoon}},
-      {"once a week, the day before", {{kNoon, days({1})}}, kSunday, 0, Nearest{0, 1, kNoon}},
-      {"once a week, the day behind", {{kNoon, days({1})}}, 2, 0, Nearest{0, 6, kNoon}},
-      {"another day wins over the own one's wrap", {{5, days({3})}, {5, days({2})}}, 3, 6, Nearest{1, 6, 5}},
-      {"the sooner of two", {{kNoon, every}, {kNoon - 9, every}}, 4, 0, Nearest{1, 0, kNoon - 9}},
-      {"the first of two alike", {{kNoon, every}, {kNoon, every}}, 4, 0, Nearest{0, 0, kNoon}},
-      {"alike by the wrap", {{9, days({1})}, {9, days({1})}}, 2, 0, Nearest{0, 6, 9}},
-      {"a second on", {{kNoon, every}, {kNoon + 1, every}}, 4, kNoon, Nearest{1, 0, kNoon + 1}},
-      {"over the week's end", {{0, days({1})}, {86399, days({6})}}, kSunday, 86399, Nearest{0, 1, 0}},
-      {"midnight", {{0, every}}, kSunday, 0, Nearest{0, 1, 0}},
-      {"its last second", {{86399, days({7})}}, kSunday, 86398, Nearest{0, 0, 86399}},
-      {"bits above the week's count for nothing", {{kNoon, 0x7F80}}, kMonday, 0, {}},
-  };
-  for (const Row& row : table) {
-    std::vector<ProgrammeEvent> events;
-    for (const Event& event : row.events)
-      events.push_back({"x", event.second, static_cast<std::int16_t>(event.days)});
-    EXPECT_EQ(NearestEvent(events, row.weekday, row.second), row.expected) << row.what;
-  }
-}
-
-TEST(WeekAhead, KnowsWhichRowsNeverCome) {
-  const auto programme = [](std::initializer_list<std::pair<int, int>> rows) {
-    std::vector<ProgrammeEvent> events;
-    for (const auto& [second, days] : rows) events.push_back({"x", second, static_cast<std::int16_t>(days)});
-    return events;
-  };
-  const auto ahead = week_ahead(programme({{kNoon, 3}, {kNoon, 6}, {kNoon + 1, 4}, {kNoon + 2, 4}, {0, 0}}));
-  EXPECT_EQ(ahead.rows, (std::vector<PassedOver>{{0, 0}, {2, 0}, {0, 4}, {0, 0}, {0, 0}}));
-  EXPECT_FALSE(ahead.comes_once);
-  // The week's first second behind its last; and a day's behind the day's before.
-  EXPECT_EQ(week_ahead(programme({{0, 1}, {86399, 64}, {86399, 1}, {0, 2}})).rows,
-            (std::vector<PassedOver>{{0, 1}, {0, 0}, {0, 0}, {0, 2}}));
-  EXPECT_TRUE(week_ahead(programme({{kNoon, 8}, {9, 8}})).comes_once);
-  EXPECT_FALSE(week_ahead({}).comes_once);
-
-  // The next five: over the week's end, or until the timer waits for what is past.
-  EXPECT_EQ(NextEvents(programme({{kNoon, 1}, {86399, 64}}), kSunday, kNoon, 3),
-            (std::vector<Nearest>{{1, 0, 86399}, {0, 1, kNoon}, {1, 7, 86399}}));
-  EXPECT_EQ(NextEvents(programme({{9, 8}, {kNoon, 8}}), kWednesday, 0, 5),
-            (std::vector<Nearest>{{0, 1, 9}, {1, 1, kNoon}}));
 }
 
 TEST(TimerRecord, FieldsEndWhereTheirMarksFirstStand) {
@@ -165,9 +95,12 @@ TEST_F(TimerFiles, TheFirstMinuteStandsAtMidnightUntilItIsLoaded) {
   programme("Школа", {record(30, 127, "Остановка"), record(60, 127, "Остановка"), "",
                       "1|\t99 |\t-5  |\t7   |\t-1    |\t"});
   start();
-  std::vector<int> times;
-  for (const auto& event : timer().events) times.push_back(event.tm_time);
-  EXPECT_EQ(times, (std::vector{30, 60, 0, 23 * 3600 + 7, 0}));
+  const auto times = [this] {
+    std::vector<int> times;
+    for (const auto& event : timer().events) times.push_back(event.tm_time);
+    return times;
+  };
+  EXPECT_EQ(times(), (std::vector{30, 60, 0, 23 * 3600 + 7, 0}));
   EXPECT_EQ(timer().events[3].tm_days, 0);
   Texts rows = {timer().events[0].tm_rec, timer().events[1].tm_rec};
   console->forms().form3.CmbLstProg.set_text("Школа");
@@ -176,16 +109,10 @@ TEST_F(TimerFiles, TheFirstMinuteStandsAtMidnightUntilItIsLoaded) {
   timer().tm_scan = false;
   timer().tm_next_i = 3;
   console->forms().form3.CmdSave.click();
-  times.clear();
-  for (const auto& event : timer().events) times.push_back(event.tm_time);
-  EXPECT_EQ(times, (std::vector{0, 60}));
+  EXPECT_EQ(times(), (std::vector{0, 60}));
   EXPECT_TRUE(timer().tm_scan);
   EXPECT_EQ(timer().tm_next_i, 0);
-}
-
-TEST_F(TimerFiles, ANewDayBeginsWithNothing) {
-  programme("Школа", {record(30, 127, "Остановка")});
-  start();
+  // A new day begins with nothing.
   must(machine.files().remove("C:\\ZEF_DAT\\timer\\Name_f.dat"));
   machine.set_wall(machine.wall() + 24h);
   run(1100ms);
@@ -256,19 +183,6 @@ TEST_F(TimerFiles, HandMadeProgrammesReadAsFarAsTheyGo) {
     Texts records;
     must(read_programme(data.folder, "Школа", records));
     EXPECT_EQ(records, row.records) << row.bytes.size();
-  }
-  // Whatever a file holds, the console comes up and searches.
-  std::mt19937 random(11);
-  Texts records(20, record(kNoon, 127, "Сообщение", "bell.wav"));
-  programme("Школа", records);
-  const std::string good = bytes("Школа");
-  for (int i = 0; i < 60; ++i) {
-    put("Школа", damaged(good, 30, random));
-    start();
-    run(2s);
-    ASSERT_EQ(timer().events.size(), bytes("Школа").size() / 128 + 1);
-    for (const auto& event : timer().events)
-      ASSERT_TRUE(event.tm_time >= 0 && event.tm_time < kSecondsPerDay);
   }
 }
 
@@ -367,7 +281,7 @@ TEST_F(TimerTicks, AMessageOverAMessageIsFollowedToTheLaterEnd) {
 }
 
 TEST_F(TimerTicks, AnEventOfOneWeekdayFiresOnceAndWaitsForASearch) {
-  begin({record(kEight, days({1}), "Сообщение", "bell.wav")});
+  begin({record(kEight, 1, "Сообщение", "bell.wav")});
   run(12900ms);
   EXPECT_EQ(frames().size(), 2U);
   EXPECT_EQ(form().LblTm.caption(), "8:00:00   ПОНЕДЕЛЬНИК");

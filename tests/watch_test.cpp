@@ -47,9 +47,6 @@ class WatchLines : public testing::Test, protected AlertRig {
     console->form1().CmdStF.click();
     console->form1().CmdStF.click();
   }
-  void set_clock(std::chrono::seconds time_of_day) {
-    machine.set_wall(std::chrono::floor<std::chrono::days>(machine.wall()) + time_of_day);
-  }
 };
 
 TEST_F(WatchLines, NoLineLivesForOneTickOnly) {

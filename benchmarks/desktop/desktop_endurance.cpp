@@ -1,20 +1,18 @@
-// desktop-endurance DIR SECONDS POLL_MS: the desktop on its virtual rack, with the training set under DIR.
-// Prints its memory and its share of a core, ten times over the time given.
+// desktop-endurance DIR SECONDS POLL_MS: the desktop with the training set under DIR, its rack beside it.
+// Prints its memory and its share of a core without the rack's, ten times over the time given.
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <QApplication>
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 
-#include "desktop/desktop.h"
+#include "measured_desktop.h"
+#include "rack_apart.h"
 
 namespace {
 
 using namespace evac::desktop;
-using Clock = std::chrono::steady_clock;
 
 double processor_seconds() {
   rusage usage{};
@@ -31,30 +29,27 @@ long resident_kib() {
   return resident * sysconf(_SC_PAGESIZE) / 1024;
 }
 
+void endure(const std::filesystem::path& folder, std::chrono::seconds part, std::chrono::milliseconds poll) {
+  const HostSetup setup = silent_training(folder);
+  RackApart rack(setup.ports.at(1));
+  MeasuredDesktop measured(setup, false);
+  rack.change([poll](evac::rack::Rack& far) { far.set_poll_period(poll); });
+  const auto used = [&rack] { return processor_seconds() - rack.processor_seconds(); };
+  for (int i = 1; i <= 10; ++i) {
+    const double before = used();
+    const auto start = MeasureClock::now();
+    measured.pass(part);
+    std::printf("%5lld s: %ld KiB resident, %.2f %% of a core\n", static_cast<long long>(part.count()) * i,
+                resident_kib(), 100 * (used() - before) / (ms_since(start) / 1000));
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  if (argc != 4) {
-    std::fprintf(stderr, "usage: desktop-endurance DIR SECONDS POLL_MS\n");
-    return 2;
-  }
-  const std::chrono::seconds part(std::max(1, std::atoi(argv[2]) / 10));
-  const std::chrono::milliseconds poll(std::atoi(argv[3]));
-  HostSetup setup = training_setup(argv[1]);
-  setup.sound_sink = "fake";
-  auto owned = std::make_unique<TrainingLine>(setup.ports.at(1));
-  TrainingLine& line = *owned;
-  Desktop desktop(setup, std::move(owned));
-  desktop.start();
-  line.change([poll](evac::rack::Rack& rack) { rack.set_poll_period(poll); });
-  for (int i = 1; i <= 10; ++i) {
-    const double before = processor_seconds();
-    const auto start = Clock::now();
-    while (Clock::now() < start + part) desktop.pump();
-    const std::chrono::duration<double> taken = Clock::now() - start;
-    std::printf("%5lld s: %ld KiB resident, %.2f %% of a core\n", static_cast<long long>(part.count()) * i,
-                resident_kib(), 100 * (processor_seconds() - before) / taken.count());
-    std::fflush(stdout);
-  }
+  return measure(argc, argv, 3, "desktop-endurance DIR SECONDS POLL_MS",
+                 [](const std::vector<std::string>& arguments) {
+                   endure(arguments[0], std::chrono::seconds(std::max(1, std::stoi(arguments[1]) / 10)),
+                          std::chrono::milliseconds(std::stoi(arguments[2])));
+                 });
 }

@@ -1,8 +1,8 @@
-// desktop-player [list|walks|follow|changes|scan]: the player's tab and the scan of the terminals on the
-// desktop, with real files under a sink that keeps time, in a folder of its own. Prints how long each press
-// on a list of 10,000 tracks holds the window until it is painted, how long a search and the durations of
-// 1,000 files take, the longest silence between tracks of two seconds that follow one another for a minute,
-// the memory over 500 changes of track, and the pace of a scan of 255 terminals on a line of 4800 baud.
+// desktop-player [list|walks|follow|changes]: the player's tab on the desktop, with real files under a sink
+// that keeps time, in a folder of its own. Prints how long each press on a list of 10,000 tracks holds the
+// window until it is painted, how long a search and the durations of 1,000 files take, the longest silence
+// between tracks of two seconds that follow one another for a minute, and the memory over 500 changes of
+// track.
 #include <QApplication>
 #include <QDialog>
 #include <QTemporaryDir>
@@ -10,8 +10,7 @@
 #include <cstdio>
 #include <fstream>
 
-#include "desktop/desktop.h"
-#include "desktop/view/dress.h"
+#include "measured_desktop.h"
 #include "model/text.h"
 #include "platform/user.h"
 
@@ -19,16 +18,10 @@ namespace {
 
 using namespace evac;
 using namespace evac::desktop;
-using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 namespace fs = std::filesystem;
 
-constexpr int kTracks = 10000, kFiles = 1000, kShort = 20, kChanges = 500, kTerminals = 255;
-constexpr double kFrame = 9 * 11 / 4800.0;  // seconds of a frame on the line
-
-double ms_since(Clock::time_point start) {
-  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
+constexpr int kTracks = 10000, kFiles = 1000, kShort = 20, kChanges = 500;
 
 // One channel of 8 bits, 8000 samples a second.
 void write_wave(const fs::path& file, double seconds) {
@@ -48,14 +41,9 @@ class Player {
  public:
   Player() {
     const fs::path folder = folder_.path().toStdString();
-    HostSetup setup = training_setup(folder);
-    setup.sound_sink = "fake";
     fs::create_directories(folder / "c/ZEF/PlayList");
     make_lists(folder / "c");
-    auto line = std::make_unique<TrainingLine>(setup.ports.at(1));
-    line_ = line.get();
-    desktop_ = std::make_unique<Desktop>(setup, std::move(line));
-    desktop_->start();
+    measured_ = std::make_unique<MeasuredDesktop>(silent_training(folder));
     window().showNormal();
     window().resize(1280, 800);
     form().SSTab1.set_value(3);
@@ -86,7 +74,7 @@ class Player {
     press("opening the search", form().CmdSeek);
     form().TxtSeek.set_text("нет такого");
     press("a search through 1,000 files", form().CmdSeekOk);
-    std::printf("  says: %s\n", desktop_->notices().message(Notices::kWork).toStdString().c_str());
+    std::printf("  says: %s\n", desktop().notices().message(Notices::kWork).toStdString().c_str());
   }
 
   // A minute of tracks of two seconds: the longest time in which the position did not move.
@@ -96,19 +84,19 @@ class Player {
     pass(milliseconds(100));
     user::pick(form().LstPtreckMP, 0);
     user::click(form().CmdPlayMP);
-    const auto end = Clock::now() + std::chrono::seconds(60);
-    auto moved = Clock::now();
+    const auto end = MeasureClock::now() + std::chrono::seconds(60);
+    auto moved = MeasureClock::now();
     double last = 0, longest = 0;
-    int track = desktop_->console().model().player.mp_trk, changes = 0;
-    while (Clock::now() < end) {
-      desktop_->pump();
-      const double position = desktop_->player_position();
+    int track = desktop().console().model().player.mp_trk, changes = 0;
+    while (MeasureClock::now() < end) {
+      desktop().pump();
+      const double position = desktop().player_position();
       if (position != last) {
         longest = std::max(longest, ms_since(moved));
-        moved = Clock::now();
+        moved = MeasureClock::now();
         last = position;
       }
-      if (const int now = desktop_->console().model().player.mp_trk; now != track) ++changes, track = now;
+      if (const int now = desktop().console().model().player.mp_trk; now != track) ++changes, track = now;
     }
     std::printf("%d tracks of 2 s in a minute: longest silence %.0f ms\n", changes + 1, longest);
   }
@@ -127,21 +115,6 @@ class Player {
     user::click(form().CmdStopMP);
   }
 
-  void scan() {
-    desktop_->console().model().terminals.term_count = kTerminals;
-    line_->change([](rack::Rack& rack) {
-      rack.set_paced(true);
-      rack.set_answer_delay(milliseconds(0));
-    });
-    form().SSTab1.set_value(5);
-    pass(milliseconds(300));
-    const auto start = Clock::now();
-    form().CmdSkan.click();
-    const double seconds = ms_since(start) / 1000, limit = kTerminals * 2 * kFrame;
-    std::printf("scan of %d terminals: %d rows in %.2f s, %.3f of the line's own limit\n", kTerminals,
-                form().MSF2.row_count(), seconds, seconds / limit);
-  }
-
  private:
   void make_lists(const fs::path& drive) {
     for (const auto& [name, files, seconds] :
@@ -156,12 +129,10 @@ class Player {
       std::ofstream(drive / "ZEF" / join("Play-list", ++lists_), std::ios::binary) << lines;
     }
   }
-  Form1& form() { return desktop_->console().form1(); }
-  FormWindow& window() { return desktop_->windows().window(form()); }
-  void pass(milliseconds time) {
-    const auto end = Clock::now() + time;
-    while (Clock::now() < end) desktop_->pump();
-  }
+  Desktop& desktop() { return measured_->desktop(); }
+  Form1& form() { return measured_->form(); }
+  FormWindow& window() { return measured_->window(); }
+  void pass(milliseconds time) { measured_->pass(time); }
   void load(int list) {
     if (!form().LstPll.visible()) user::click(form().CmdLpl);
     user::pick(form().LstPll, list - 1);
@@ -172,9 +143,9 @@ class Player {
   // A press with all that it changes painted; the questions are answered within five milliseconds.
   void held(const char* what, const std::function<void()>& deed) {
     pass(milliseconds(50));
-    const auto start = Clock::now();
+    const auto start = MeasureClock::now();
     deed();
-    desktop_->screen().flush();
+    desktop().screen().flush();
     window().repaint();
     std::printf("%-32s %7.1f ms\n", what, ms_since(start));
   }
@@ -187,25 +158,21 @@ class Player {
 
   QTemporaryDir folder_;
   int lists_ = 0;
-  TrainingLine* line_ = nullptr;
-  std::unique_ptr<Desktop> desktop_;
+  std::unique_ptr<MeasuredDesktop> measured_;
   QTimer answers_;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  dress_application();
-  std::setvbuf(stdout, nullptr, _IOLBF, 0);
-  Player player;
-  const std::string_view only = argc > 1 ? argv[1] : "";
-  const std::pair<std::string_view, void (Player::*)()> parts[] = {{"list", &Player::long_list},
-                                                                   {"walks", &Player::walks},
-                                                                   {"follow", &Player::follow},
-                                                                   {"changes", &Player::changes},
-                                                                   {"scan", &Player::scan}};
-  for (const auto& [name, part] : parts)
-    if (only.empty() || only == name) (player.*part)();
+  return measure(argc, argv, 0, "desktop-player [PART]", [](const std::vector<std::string>& arguments) {
+    Player player;
+    const std::string only = arguments.empty() ? "" : arguments[0];
+    const std::pair<std::string_view, void (Player::*)()> parts[] = {{"list", &Player::long_list},
+                                                                     {"walks", &Player::walks},
+                                                                     {"follow", &Player::follow},
+                                                                     {"changes", &Player::changes}};
+    for (const auto& [name, part] : parts)
+      if (only.empty() || only == name) (player.*part)();
+  });
 }

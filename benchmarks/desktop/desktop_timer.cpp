@@ -1,15 +1,12 @@
 // desktop-timer DIR [EVENTS]: the desktop on its virtual rack, with the training set under DIR. Rings the
 // bell every four seconds, at rest and at work, and prints how far into its own second the first frame of
 // each event has reached the rack.
-#include <QApplication>
 #include <QTime>
 #include <algorithm>
 #include <cstdio>
-#include <iostream>
 
-#include "desktop/desktop.h"
 #include "desktop/frame_log.h"
-#include "desktop/view/dress.h"
+#include "measured_desktop.h"
 #include "store/timer_record.h"
 
 namespace {
@@ -19,7 +16,6 @@ using namespace evac::desktop;
 using std::chrono::milliseconds;
 
 constexpr int kApart = 4;  // seconds
-constexpr milliseconds kFrameOfDrag{16};
 
 struct Scene {
   const char* what;
@@ -29,25 +25,20 @@ struct Scene {
 
 class Bells {
  public:
-  explicit Bells(const std::filesystem::path& folder) {
-    HostSetup setup = training_setup(folder);
-    setup.sound_sink = "fake";
-    auto line = std::make_unique<TrainingLine>(setup.ports.at(1));
-    line_ = line.get();
-    desktop_ = std::make_unique<Desktop>(setup, std::move(line));
-    desktop_->start();
-    QObject::connect(line_, &TrainingLine::passed, line_, [this](const rack::Passed& frame) {
+  explicit Bells(const std::filesystem::path& folder) : measured_(silent_training(folder)) {
+    TrainingLine& line = measured_.line();
+    QObject::connect(&line, &TrainingLine::passed, &line, [this](const rack::Passed& frame) {
       if (frame.from_console && !FrameLog::is_poll(frame)) heard_.push_back(milliseconds_of_day());
     });
   }
 
   void ring(const Scene& scene, int events) {
     // Unpaced, the rack hears a frame when it comes, and not when its last bit would have passed.
-    line_->change([&scene](rack::Rack& rack) {
+    measured_.line().change([&scene](rack::Rack& rack) {
       rack.set_paced(false);
       rack.set_poll_period(scene.polls);
     });
-    TimerState& timer = desktop_->console().model().timer;
+    TimerState& timer = measured_.desktop().console().model().timer;
     const int first = milliseconds_of_day() / 1000 + kApart;
     timer.events.clear();
     for (int i = 0; i < events; ++i)
@@ -56,15 +47,10 @@ class Bells {
                               first + i * kApart, 127});
     timer.tm_scan = true;
     heard_.clear();
-    FormWindow& window = desktop_->windows().window(desktop_->console().form1());
-    QTimer drag;
-    int wide = 0;
-    QObject::connect(&drag, &QTimer::timeout, &drag, [&] {
-      wide = (wide + 7) % 140;
-      window.resize(1280 + wide, 760 + wide / 3);
-    });
-    if (scene.resizing) drag.start(kFrameOfDrag);
-    while (milliseconds_of_day() < (first + events * kApart) * 1000) desktop_->pump();
+    while (milliseconds_of_day() < (first + events * kApart) * 1000) {
+      if (scene.resizing) measured_.drag();
+      measured_.desktop().pump();
+    }
     report(scene, first, events);
   }
 
@@ -88,24 +74,17 @@ class Bells {
     std::printf("\n");
   }
 
-  TrainingLine* line_ = nullptr;
-  std::unique_ptr<Desktop> desktop_;
+  MeasuredDesktop measured_;
   std::vector<int> heard_;  // when frames of the console came, but for answers to polls
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  QApplication::setQuitOnLastWindowClosed(false);
-  dress_application();
-  if (argc < 2) {
-    std::cerr << "usage: desktop-timer DIR [EVENTS]\n";
-    return 2;
-  }
-  std::setvbuf(stdout, nullptr, _IOLBF, 0);
-  Bells bells(argv[1]);
-  const int events = argc > 2 ? std::atoi(argv[2]) : 20;
-  bells.ring({"at rest", milliseconds(500), false}, events);
-  bells.ring({"polls every 100 ms, window being resized", milliseconds(100), true}, events);
+  return measure(argc, argv, 1, "desktop-timer DIR [EVENTS]", [](const std::vector<std::string>& arguments) {
+    Bells bells(arguments[0]);
+    const int events = arguments.size() > 1 ? std::stoi(arguments[1]) : 20;
+    bells.ring({"at rest", milliseconds(500), false}, events);
+    bells.ring({"polls every 100 ms, window being resized", milliseconds(100), true}, events);
+  });
 }

@@ -76,21 +76,6 @@ TEST_F(Line, ALineThatComesAndGoesIsTakenUpEachTimeAndBringsWhatWasSentMeanwhile
   }
 }
 
-TEST_F(Line, ALineThatBlinksWhileAllZonesAreSwitchedOnLosesNoZone) {
-  line_->change([](Rack& rack) { rack.set_paced(true); });
-  desktop->start();
-  ASSERT_TRUE(until([&] { return heard.size() == 8; }));
-  for (int frame = 0; frame < 240; ++frame)
-    desktop->line().write(
-        rack::make_frame(0x04, {1, 0x20, 0xFD, static_cast<std::uint8_t>(frame / 2 + 1), 0}));
-  for (const std::size_t frames : {60u, 150u}) {
-    ASSERT_TRUE(until([&] { return heard.size() > frames; }));
-    line_->unplug();
-    line_->plug();
-  }
-  EXPECT_TRUE(until([&] { return rack().network().zones_on() == 120; })) << rack().network().zones_on();
-}
-
 TEST_F(Line, SettingsOpenedWhileTheLineIsLostLeaveItLostAndItComesBack) {
   desktop->start();
   const auto press = [this](Control& control) {

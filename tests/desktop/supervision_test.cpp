@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <fstream>
+#include <thread>
 
 #include "desktop/self_check.h"
 #include "training_desktop.h"
@@ -81,6 +82,17 @@ TEST_F(Supervised, ItBeatsWhileTheHostItselfAsks) {
   EXPECT_TRUE(under_box.contains("WATCHDOG=1"));
 }
 
+TEST_F(Supervised, ItBeatsInTheMidstOfWorkThatHoldsTheWindow) {
+  desktop->start();
+  (void)manager.heard();
+  desktop->windows().busy("Длительность списка", 1, 3);
+  std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+  (void)manager.heard();
+  desktop->windows().busy("Длительность списка", 2, 3);
+  EXPECT_EQ(manager.heard(), QStringList("WATCHDOG=1"));
+  desktop->windows().busy_over();
+}
+
 TEST_F(Supervised, ASignalEndsItInOrderFromUnderAWindow) {
   desktop->start();
   QTimer::singleShot(300, [] { ::kill(::getpid(), SIGTERM); });
@@ -123,6 +135,26 @@ TEST(DataCheck, TellsOfADataFolderWithoutSettings) {
   std::ofstream(path / "state/file-system") << "0815";
   EXPECT_TRUE(look().contains(QStringLiteral("не на том диске"))) << "and is the known one from then on";
   EXPECT_EQ(look(), "");
+}
+
+TEST(DataCheck, ASoundDeviceThatStallsHoldsNeitherTheLookNorTheEnd) {
+  QTemporaryDir folder;
+  const std::filesystem::path path = folder.path().toStdString();
+  const auto stalls = std::make_shared<std::atomic<bool>>(true);
+  QStringList told;
+  {
+    SelfCheck check({path / "F_ust.dat", path / "state", [stalls] {
+                       stalls->wait(true);
+                       return QStringList();
+                     }});
+    QObject::connect(&check, &SelfCheck::looked, &check,
+                     [&](const QString&, const QStringList& sound) { told = sound; });
+    check.start();
+    while (told.isEmpty()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  EXPECT_EQ(told, QStringList("Звуковое устройство не отвечает"));
+  *stalls = false;
+  stalls->notify_all();
 }
 
 }  // namespace
