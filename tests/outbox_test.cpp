@@ -141,6 +141,30 @@ TEST_F(OnTheLine, ALongQueueDropsWhatIsOverriddenAndPairsStayPairs) {
   for (int z = 1; z <= 60; ++z) EXPECT_EQ(network.zone(z).times_set % 2, 0) << z;
 }
 
+TEST_F(OnTheLine, WhatTheDeviceHasBegunStaysAPairAndAShortQueueStaysWhole) {
+  zone(1, 1);
+  zone(1, 2);
+  carry(1s);
+  EXPECT_EQ(heard.size(), 4u) << "less than two seconds: nothing is dropped";
+  heard.clear();
+  zone(1, 3);
+  carry(1ms, 5);  // five bytes of its first frame
+  for (int z = 2; z <= 100; ++z) zone(z, 1);
+  zone(1, 4);
+  carry(5s);
+  ASSERT_EQ(heard.size(), 2u + 2 * 99 + 2);
+  EXPECT_EQ(heard[0], heard[1]);
+  EXPECT_NE(heard[0], heard.back());
+
+  heard.clear();
+  zone(1, 1);
+  carry(1ms, 5);
+  outbox.line_lost(now);
+  reader.reset();
+  carry(1s);
+  EXPECT_EQ(heard.size(), 2u) << "from a frame's boundary";
+}
+
 TEST_F(OnTheLine, TheStopOfAllIsNeverFarAwayAndNothingBehindItIsLost) {
   for (int z = 1; z <= 120; ++z) zone(z, 1);
   for (int outlets = 0; outlets < 8; ++outlets)
