@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "drill/drill.h"
+#include "model/system_model.h"
 #include "model/text.h"
 #include "platform/listers.h"
 #include "store/code_page.h"
@@ -13,7 +14,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr int kContacts = 128;
 constexpr std::size_t kDumpWidth = 16;
 
 milliseconds parse_time_of_day(const std::string& text) {

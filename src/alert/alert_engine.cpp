@@ -47,13 +47,11 @@ void AlertEngine::reset() {
 }
 
 bool AlertEngine::scan_bank(int bank, const Words& words) {
-  const auto at = static_cast<std::size_t>(bank - 1);
-  const Bank& row = kBankTable[at];
+  if (inputs_of(bank, words) == 0 && !doors_.alert.al_bank[bank]) return true;
+  const Bank& row = kBankTable[static_cast<std::size_t>(bank - 1)];
   std::int32_t sum = 0;
-  const bool all_open = (doors_.alert.fire_sim ? doors_.alert.fire_bits : words)[at] == 0;
-  if (all_open && !doors_.alert.al_bank[bank]) return true;
   for (int zone = row.first_zone; zone <= row.last_zone; ++zone) {
-    const std::int32_t bit = masked_input(bank, zone, words);
+    const std::int32_t bit = input_bit(zone - row.first_zone) & inputs_of(bank, words);
     sum += bit;
     auto& seen = doors_.alert.fire_seen[bank][static_cast<std::size_t>(zone - 1)];
     if (seen == bit || bit == 0 || (doors_.alert.al_bank[bank] && !doors_.alert.al_alarm_zones)) continue;
@@ -74,11 +72,8 @@ bool AlertEngine::scan_bank(int bank, const Words& words) {
   return true;
 }
 
-// Simulated inputs are taken as they stand at this moment: a reset inside the scan clears them.
-std::int32_t AlertEngine::masked_input(int bank, int zone, const Words& words) const {
-  const auto at = static_cast<std::size_t>(bank - 1);
-  const int input = zone - kBankTable[at].first_zone;
-  return input_bit(input) & (doors_.alert.fire_sim ? doors_.alert.fire_bits : words)[at];
+std::int32_t AlertEngine::inputs_of(int bank, const Words& words) const {
+  return (doors_.alert.fire_sim ? doors_.alert.fire_bits : words)[static_cast<std::size_t>(bank - 1)];
 }
 
 }  // namespace evac

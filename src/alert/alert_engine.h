@@ -42,7 +42,8 @@ class AlertEngine {
   void reset();
   // False when a zone of fire has no algorithm: the tick ends there.
   bool scan_bank(int bank, const Words& words);
-  std::int32_t masked_input(int bank, int zone, const Words& words) const;
+  // The bank's inputs as they stand at this moment: a reset inside the scan clears the simulated ones.
+  std::int32_t inputs_of(int bank, const Words& words) const;
 
   const Doors doors_;
   RestartLog restarts_;

@@ -1,7 +1,5 @@
 #include "alert/watch.h"
 
-#include <algorithm>
-
 #include "alert/alert_type.h"
 #include "store/algorithm_record.h"
 
