@@ -1,8 +1,9 @@
-// The loop's promises: order, phase, late ticks, waiting inside a handler, boxes that hold everything.
-// do not.
+// The loop's promises: order, phase, late ticks, timers that rest, waiting inside a handler,
+// boxes that hold everything.
 #include <gtest/gtest.h>
 
 #include "drill/virtual_machine.h"
+#include "model/text.h"
 #include "platform/user.h"
 #include "tests/scratch.h"
 
@@ -97,6 +98,25 @@ TEST_F(Loop, ALateTickIsTakenOnceAndBoxesHoldEverything) {
   EXPECT_EQ(posted, 1);
   machine.run_for(60ms);
   EXPECT_EQ(fast_ticks, 4);
+}
+
+TEST_F(Loop, NobodyIsWokenForATimerThatRestsAndItKeepsItsPhase) {
+  Timer counter(form.place(), "C", 20), look(form.place(), "L", 100);
+  std::string log;
+  bool rests = true;
+  const auto note = [&](std::string_view what) { log += join(what, machine.now().time_since_epoch() / 1ms, " "); };
+  counter.tick = [&] { note("c"); };
+  counter.rests = [&] { return rests; };
+  look.tick = [&] { note("l"); };
+  counter.set_enabled(true);
+  look.set_enabled(true);
+  machine.run_for(170ms);
+  machine.loop().post([&] {
+    note("e");
+    rests = false;
+  });
+  machine.run_for(30ms);
+  EXPECT_EQ(log, "c100 l100 c170 e170 c180 c200 l200 ");
 }
 
 TEST_F(Loop, AHandlerThatWaitsLetsEvenItsOwnTimerIn) {
