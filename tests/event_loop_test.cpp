@@ -104,7 +104,9 @@ TEST_F(Loop, NobodyIsWokenForATimerThatRestsAndItKeepsItsPhase) {
   Timer counter(form.place(), "C", 20), look(form.place(), "L", 100);
   std::string log;
   bool rests = true;
-  const auto note = [&](std::string_view what) { log += join(what, machine.now().time_since_epoch() / 1ms, " "); };
+  const auto note = [&](std::string_view what) {
+    log += join(what, machine.now().time_since_epoch() / 1ms, " ");
+  };
   counter.tick = [&] { note("c"); };
   counter.rests = [&] { return rests; };
   look.tick = [&] { note("l"); };
