@@ -117,11 +117,16 @@ class Contacts {
       closed = MeasureClock::now();
       measured_.line().change([zone](rack::Rack& rack) { rack.set_contact(zone, true); });
     });
+    const auto over = [&] {
+      return sent_ || (closed && MeasureClock::now() >= *closed + milliseconds(1000));
+    };
     // A modal window holds its opener, so that it too is closed by such a timer.
-    if (scene_.close)
-      QTimer::singleShot(milliseconds(1400),
-                         [&] { desktop().screen().act([&] { scene_.close(desktop()); }); });
-    while (!sent_ && (!closed || MeasureClock::now() < *closed + milliseconds(1000))) step();
+    QTimer put_away;
+    QObject::connect(&put_away, &QTimer::timeout, &put_away, [&] {
+      if (over()) desktop().screen().act([this] { scene_.close(desktop()); });
+    });
+    if (scene_.close) put_away.start(milliseconds(20));
+    while (!over()) step();
     if (sent_) times_.push_back(std::chrono::duration<double, std::milli>(*sent_ - *closed).count());
     measured_.line().change([zone](rack::Rack& rack) { rack.set_contact(zone, false); });
     const auto end = MeasureClock::now() + milliseconds(300);
