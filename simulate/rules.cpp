@@ -14,7 +14,6 @@ using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
 constexpr int kAlgorithmZones = 96;
-constexpr std::string_view kStatusFile = "\\FNetKntrl";
 constexpr int kStatusCounts = 100;
 constexpr std::string_view kZoneEntry = "Зона - ", kPlayEntry = " длина: ";
 
@@ -207,7 +206,7 @@ void Rules::journalled(std::string_view line) {
 
 void Rules::saved(std::string_view path, std::string_view bytes) {
   ++counts.saves;
-  saved_[std::string(path)] = bytes;
+  if (!machine_.faulty_files().kept_off(path)) saved_[std::string(path)] = bytes;
   if (path.ends_with(kStatusFile)) note_status(bytes);
   just_saved_.insert(std::string(path.substr(path.rfind('\\') + 1)));
 }
