@@ -164,69 +164,17 @@ TEST_F(TimerFiles, NamesThatNoProgrammeBears) {
     EXPECT_FALSE(is_programme_name(name)) << name;
 }
 
-TEST_F(TimerFiles, HandMadeProgrammesReadAsFarAsTheyGo) {
-  const std::string full = std::string("\3\0abc", 5) + std::string(123, '\xAA');
-  const struct {
-    std::string bytes;
-    Texts records;
-  } table[] = {
-      {"", {""}},
-      {std::string(1, '\3'), {""}},
-      {std::string("\3\0ab", 4), {"ab"}},
-      {full, {"abc", ""}},
-      {full + full.substr(0, 4), {"abc", "ab"}},
-      {std::string(128, '\0') + full, {"", "abc", ""}},
-      {std::string("\xFF\xFF") + std::string(126, 'x') + full, {std::string(126, 'x'), "abc", ""}},
-  };
-  for (const auto& row : table) {
-    put("Школа", row.bytes);
-    Texts records;
-    must(read_programme(data.folder, "Школа", records));
-    EXPECT_EQ(records, row.records) << row.bytes.size();
-  }
-}
-
 class TimerTicks : public TimerFiles {
  protected:
-  // Monday 7:59:50, terminals 1 to 255 all on channel 3.
+  // Monday 7:59:50.
   void begin(const Texts& records) {
     sound("bell.wav", 5);
     programme("Школа", records);
     machine.set_wall(std::chrono::local_days(std::chrono::January / 5 / 2026) + 8h - 10s);
     start();
-    console->model().terminals.TermChan.fill(3);
-  }
-  // The next seven days, by the seconds around midnight, eight o'clock and noon.
-  void live_through_week() {
-    const Instant began = machine.now();
-    const auto first = std::chrono::floor<std::chrono::days>(machine.wall() - 1h);
-    for (int day = 1; day <= 7; ++day)
-      for (const auto hour : {0h, 8h, 12h}) {
-        machine.set_wall(first + std::chrono::days(day) + hour - 5s);
-        run(12s);
-      }
-    ASSERT_LT(machine.now() - began, 24h);
-  }
-  // The frames since the last call, without their sync and checksum.
-  Texts frames() {
-    Texts texts;
-    for (const auto& line : log)
-      if (const auto at = line.find("tx AA AA "); at != std::string::npos)
-        texts.push_back(line.substr(at + 9, 17));
-    log.clear();
-    return texts;
   }
 };
 constexpr int kEight = 8 * 3600;
-
-TEST_F(TimerTicks, TerminalsOutsideTheirRangeArePassedOver) {
-  begin({record(kEight, 127, "Сообщение", "bell.wav", -5, 999),
-         record(kEight + 5, 127, "Сообщение", "bell.wav", 9, 8)});
-  run(11s);
-  EXPECT_EQ(frames().size(), 2U * kTerminals);
-  run(6s);
-  EXPECT_EQ(frames().size(), 0U);
-}
 
 // How the player makes way: its level before, at each of the last seconds, and back at the operator's.
 TEST_F(TimerTicks, TheFadesStepByTheLevel) {
@@ -234,9 +182,11 @@ TEST_F(TimerTicks, TheFadesStepByTheLevel) {
     float level;
     std::array<float, 3> down, up;
   } table[] = {
-      {10, {8, 6, 4}, {2, 4, 6}},        {6, {4, 3, 2}, {2, 3, 4}},
-      {5, {3, 2, 1}, {2, 3, 4}},         {4.5, {3.5, 2.5, 1.5}, {1, 2, 3}},
-      {2, {1, 0.5, 0.5}, {1, 1.5, 1.5}}, {1, {0.5, 0.5, 0.5}, {0.5, 0.5, 0.5}},
+      {10, {8, 6, 4}, {2, 4, 6}},
+      {6, {4, 3, 2}, {2, 3, 4}},
+      {5, {3, 2, 1}, {2, 3, 4}},
+      {2, {1, 0.5, 0.5}, {1, 1.5, 1.5}},
+      {1, {0.5, 0.5, 0.5}, {0.5, 0.5, 0.5}},
       {0.5, {0.5, 0.5, 0.5}, {0, 0, 0}},
   };
   for (const auto& row : table) {
@@ -266,48 +216,6 @@ TEST_F(TimerTicks, TheFadesStepByTheLevel) {
     EXPECT_EQ(player.mp_lvl, row.level);
     EXPECT_FALSE(form().Timer11.enabled());
   }
-}
-
-TEST_F(TimerTicks, AMessageOverAMessageIsFollowedToTheLaterEnd) {
-  begin({record(kEight, 127, "Сообщение", "bell.wav"), record(kEight + 3, 127, "Сообщение", "bell.wav")});
-  // The player is off: it does not rise before the end.
-  console->model().player.mp_lvl = 0;
-  console->model().player.mp_lvl0 = 7;
-  run(16500ms);
-  EXPECT_EQ(logged("volume"), 0);
-  run(3s);
-  EXPECT_EQ(logged("MP volume -81"), 1);
-  EXPECT_FALSE(form().Timer11.enabled());
-}
-
-TEST_F(TimerTicks, AnEventOfOneWeekdayFiresOnceAndWaitsForASearch) {
-  begin({record(kEight, 1, "Сообщение", "bell.wav")});
-  run(12900ms);
-  EXPECT_EQ(frames().size(), 2U);
-  EXPECT_EQ(form().LblTm.caption(), "8:00:00   ПОНЕДЕЛЬНИК");
-  const auto past = WatchLine{WatchRank::kWarning, "Недельный таймер: событие 8:00:00 прошло"};
-  const auto told = [&] { return std::ranges::count(console->watch().lines(), past); };
-  EXPECT_EQ(told(), 0);
-  run(500ms);
-  EXPECT_EQ(told(), 1);
-  // With a search to come it is not told: here the search finds nothing else.
-  form().CmdTV.click();
-  form().CmdTV.click();
-  run(200ms);
-  EXPECT_EQ(told(), 0);
-  run(1s);
-  EXPECT_EQ(told(), 1);
-  for (int week = 0; week < 2; ++week) {
-    live_through_week();
-    EXPECT_EQ(frames().size(), 0U);
-    EXPECT_EQ(told(), 0);
-  }
-  // Switched off and on on another day, it is found for the next week.
-  machine.set_wall(machine.wall() + 24h);
-  form().CmdTV.click();
-  form().CmdTV.click();
-  live_through_week();
-  EXPECT_EQ(frames().size(), 2U);
 }
 
 TEST_F(TimerTicks, AProgrammeThatIsChosenKeepsTheMomentAndBeginsWithItsFirstRecord) {
