@@ -99,34 +99,5 @@ TEST_F(AlertFiles, ALowerNumberEndsTheReadingAndOneOutsideTheTableIsAFault) {
   }
 }
 
-// What the rooms make of it on a whole console.
-TEST_F(AlertFiles, OneThatCannotBeReadOrWrittenIsToldAndTheSaveGoesOn) {
-  settle(controller_settings());
-  settle_steps({step_record(1, 1, 1, 1)});
-  start();
-  const auto block = [&](const std::string& file) {
-    std::filesystem::remove(machine.files().locate(data.folder.path(file)));
-    ASSERT_EQ(machine.files().make_folder(data.folder.path(file)), kNoError);
-  };
-  block(kSettingsFile);
-  block(kAlgorithmFile);
-  auto& form5 = console->forms().form5;
-  run(1s);
-  form5.Opt1[2].set_value(true);
-  form5.ChkM.set_value(true);
-  form5.VSM.set_value(30);
-  form5.CmdSave.click();
-  EXPECT_EQ(boxes(), (Texts{"Ошибка записи в файл f_al.dat 75", "Ошибка записи f_al_str.dat 75"}));
-  EXPECT_EQ(console->model().supervision.NextCheck, 8 * 3600 + 30 * 60 + 1);
-  EXPECT_NE(console->model().algorithms.AlgZoneTable[1][1], "");
-
-  console.reset();
-  machine.clear_process();
-  console = std::make_unique<Console>(machine.machine());
-  console->load();
-  EXPECT_EQ(boxes(), (Texts{"Ошибка чтения файла f_al.dat 75", "Ошибка чтения файла f_al_str,dat 75"}));
-  EXPECT_EQ(console->model().settings.SettingsLine[kScanCycles], "1");
-}
-
 }  // namespace
 }  // namespace evac

@@ -54,22 +54,6 @@ TEST_F(Alerts, ABankWithAllItsContactsClosedIsNotSilent) {
   EXPECT_FALSE(alert().al_bank[2]);
 }
 
-TEST_F(Alerts, AnHourOfRepeatsStartsEachOnItsSecond) {
-  sound("long.wav", 35);
-  settle_steps({step_record(5, 1, 100, 5, "long.wav")});
-  start();
-  run(40ms);
-  machine.set_contact(5, true);
-  run(3601s);
-  std::vector<std::string> plays;
-  for (const auto& line : log)
-    if (line.ends_with("media MP2 play")) plays.push_back(line);
-  ASSERT_EQ(plays.size(), 100u);
-  for (std::size_t i = 0; i < plays.size(); ++i)
-    EXPECT_EQ(plays[i], time_text(8 * 3600 + static_cast<int>(i) * 36) + " media MP2 play");
-  EXPECT_FALSE(alert().al_active);
-}
-
 TEST_F(Alerts, AStepOfNoPlaysPlaysOnceWhenItIsTheFirstAndEndsTheAlgorithmLater) {
   settle_steps({step_record(1, 1, 0, 1), step_record(1, 2, 5, 2), step_record(2, 1, 1, 3),
                 step_record(2, 2, 0, 4), step_record(2, 3, 1, 5)});
@@ -109,21 +93,6 @@ TEST_F(Alerts, AnAlgorithmOf119StepsRunsThroughAndOneOf120FaultsAtItsEnd) {
       }
     }
   }
-}
-
-TEST_F(Alerts, TheAlarmMarkOfALaterStepIsNoMoreThanItsOtherZones) {
-  const std::string all = "7" + std::string(kZones - 1, '1');
-  settle_steps({step_record(3, 1, 1, 3), algorithm_record("3", 2, "fire.wav", "1", all)});
-  start();
-  machine.set_contact(3, true);
-  run(2s);
-  forget();
-  run(11s);
-  // Zones 2 to 120, twice each; no alarm frames.
-  ASSERT_EQ(machine.sent().size(), 2u * (kZones - 1));
-  EXPECT_EQ(machine.sent().front()[6], 2);
-  EXPECT_FALSE(alert().al_alarm_zones);
-  EXPECT_EQ(console->form1().PctA[1].picture(), "PctD2");
 }
 
 TEST_F(Alerts, ReleasingAllZonesSilencesTheMessagesOfBothPlayers) {

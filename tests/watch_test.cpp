@@ -153,24 +153,6 @@ TEST_F(WatchLines, AMessageIsMissedByTheCalendarAndTheClock) {
   EXPECT_FALSE(told(missed));
 }
 
-TEST_F(WatchLines, AlertsThatTheirContactsDoNotExplain) {
-  start();
-  console->form1().VSFD.set_value(7);
-  // A contact starts it, a test of the same zone takes over, the contact opens.
-  machine.set_contact(7, true);
-  pass(100ms);
-  say_yes(console->form1().CmdDem);
-  machine.set_contact(7, false);
-  pass(100ms);
-  const std::string blind = "ОБНАРУЖЕНИЕ ПОЖАРА ОТКЛЮЧЕНО: проверка";
-  EXPECT_EQ(lines(), (Lines{"ОПОВЕЩЕНИЕ: зона 7", "ПРОВЕРКА: зона 7", blind}));
-  // Started by the test, it is the test.
-  reset_by_hand();
-  say_yes(console->form1().CmdDem);
-  pass(100ms);
-  EXPECT_EQ(lines(), (Lines{"ПРОВЕРКА: зона 7", blind}));
-}
-
 TEST_F(WatchLines, WhatAnAlertSwitchedOffIsToldUntilItHasBeenOn) {
   start();
   auto& form = console->form1();
