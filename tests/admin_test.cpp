@@ -104,26 +104,6 @@ TEST_F(Admin, ATimeThatCantBeReadIsMidnightAndEndsTheReading) {
   EXPECT_EQ(restarts(), "");
 }
 
-TEST_F(Admin, AMarkHoldsAtOnceAndAKeyAloneArmsIt) {
-  start();
-  for (const bool key : {false, true}) {
-    int asked = 0;
-    machine.out_of_time = [&] {
-      FrmRez& form = console->forms().frm_rez;
-      if (++asked == 1) return machine.allow(200ms);
-      if (key)
-        user::press_key(form.TxtTper[3], "0");
-      else
-        user::set_checked(form.Chk1[3], true);
-      user::close(form);
-    };
-    user::click(console->form1().M_perez);
-    set_clock(24h - 2s);
-    run(4s);
-    EXPECT_EQ(restarts(), key ? "0:00:00 " : "") << "at midnight, without a time";
-  }
-}
-
 TEST_F(Admin, TheWindowWritesWhatItSetsAndTheRestKeepsItsBytes) {
   start_with({"1", "1", "0", "", "1", "1:00", "2:00", "3:00", "", "never"});
   EXPECT_EQ(console->model().restart.unread, 5);
