@@ -22,24 +22,6 @@ class Controls : public testing::Test {
   Form form;
 };
 
-TEST_F(Controls, OptionGroupRaisesOneClickAndTurnsTheOthersOffSilently) {
-  OptionGroup group;
-  OptionButton a(form.place(), group, "A"), b(form.place(), group, "B");
-  std::string clicks;
-  a.click = [&] { clicks += 'a'; };
-  b.click = [&] { clicks += 'b'; };
-  a.set_value(true);
-  a.set_value(true);
-  b.set_value(true);
-  EXPECT_EQ(clicks, "ab");
-  EXPECT_EQ(group.chosen(), &b);
-  b.set_value(false);
-  EXPECT_EQ(group.chosen(), nullptr);
-  user::click(a);
-  user::click(a);
-  EXPECT_EQ(clicks, "abaa");
-}
-
 TEST_F(Controls, EventsOfValuesComeOnChangeOnly) {
   ScrollBar bar(form.place(), "Bar", 1, 100, 1);
   CheckBox box(form.place(), "Box");
@@ -97,22 +79,6 @@ TEST_F(Controls, AHandReachesNothingDisabledHiddenOrInSuchAFrameButCodeDoes) {
   EXPECT_FALSE(user::click(button));
   button.click();
   EXPECT_EQ(clicks, 2);
-}
-
-TEST_F(Controls, ARightPressCountsWithoutShiftOnlyAndALeftOneIsHeldUntilItIsLetGo) {
-  Button button(form.place(), "Cmd");
-  std::string events;
-  button.mouse_down = [&](MousePress press) {
-    events += press.plain_right() ? 'r' : press.button == 1 ? 'd' : '-';
-  };
-  button.mouse_up = [&] { events += 'u'; };
-  button.click = [&] { events += 'c'; };
-  user::right_press(button);
-  user::right_press(button, true);
-  user::press(button);
-  user::release(button);
-  user::click(button);
-  EXPECT_EQ(events, "r-duc");
 }
 
 TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {
@@ -178,24 +144,6 @@ TEST_F(Controls, TheCaretOfAMaskedInputJumpsTheMasksOwnCharacters) {
   user::set_text(time, "1");
   user::press_key(time, "9");
   EXPECT_EQ(time.text(), "19");
-}
-
-TEST_F(Controls, TheListOfDrivesFollowsTheDrivesAndKeepsTheChosenOne) {
-  machine.mount_drive('D');
-  DriveLister drives(form.place(), "Drive1", machine.files());
-  int clicks = 0;
-  user::pick(drives, 1);
-  drives.click = [&] { ++clicks; };
-  machine.mount_drive('E');
-  machine.mount_drive('B');
-  drives.refresh();
-  EXPECT_EQ(drives.rows(), (std::vector<std::string>{"B:", "C:", "D:", "E:"}));
-  EXPECT_EQ(drives.row(drives.selected()), "D:");
-  machine.unmount_drive('D');
-  drives.refresh();
-  EXPECT_EQ(drives.rows(), (std::vector<std::string>{"B:", "C:", "E:"}));
-  EXPECT_EQ(drives.selected(), -1);
-  EXPECT_EQ(clicks, 0);
 }
 
 }  // namespace

@@ -99,36 +99,5 @@ TEST_F(Loop, ALateTickIsTakenOnceAndBoxesHoldEverything) {
   EXPECT_EQ(fast_ticks, 4);
 }
 
-TEST_F(Loop, AHandlerThatWaitsLetsEvenItsOwnTimerIn) {
-  Timer timer(form.place(), "T", 20);
-  std::string order;
-  int depth = 0;
-  timer.tick = [&] {
-    const int mine = ++depth;
-    order += "(";
-    if (mine < 3)
-      while (depth < 3) machine.loop().pump();
-    order += ")";
-  };
-  timer.set_enabled(true);
-  machine.run_for(60ms);
-  EXPECT_EQ(order, "((()))");
-}
-
-TEST_F(Loop, EventsRunInTheOrderOfTheirMoments) {
-  Timer a(form.place(), "A", 100), b(form.place(), "B", 100);
-  std::string order;
-  a.tick = [&] { order += 'a'; };
-  b.tick = [&] { order += 'b'; };
-  b.set_enabled(true);
-  a.set_enabled(true);
-  machine.loop().post([&] {
-    order += '1';
-    machine.loop().post([&] { order += '2'; });
-  });
-  machine.run_for(250ms);
-  EXPECT_EQ(order, "12baba");
-}
-
 }  // namespace
 }  // namespace evac
