@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QMenu>
 #include <QMenuBar>
-#include <QTabBar>
 #include <QTest>
 
 #include "platform/user.h"
@@ -122,57 +121,6 @@ TEST_F(SpokenDesktop, KeysReachTabsMenusAndChiefButtons) {
   press(Qt::Key_F10);
   ASSERT_TRUE(bar->activeAction());
   EXPECT_EQ(bar->activeAction()->text(), "&Настройка");
-}
-
-TEST_F(SpokenDesktop, MenuEntriesHaveLettersOfTheirOwnAndLeavingStandsApart) {
-  QMenu* menu = main_window().findChild<QMenuBar*>()->actions().front()->menu();
-  QSet<QChar> letters;
-  for (QAction* entry : menu->actions()) {
-    if (entry->isSeparator()) continue;
-    const QChar letter = entry->text()[entry->text().indexOf('&') + 1].toUpper();
-    EXPECT_FALSE(letters.contains(letter)) << entry->text().toStdString();
-    letters << letter;
-  }
-  EXPECT_EQ(menu->actions().last()->objectName(), "Form1.M_ex");
-  EXPECT_TRUE(menu->actions().at(menu->actions().size() - 2)->isSeparator());
-}
-
-struct Bench : Form {
-  explicit Bench(Windows& windows) : Form(windows, "Bench", "") {
-    works.click = [] {};
-  }
-  OptionGroup group;
-  Frame idle{place(), "idle"}, working{place(), "working"}, lone{place(), "lone"};
-  Button sleeps{idle.inside(), "sleeps", "Нет"}, works{working.inside(), "works", "Есть"};
-  OptionButton asleep{idle.inside(), group, "asleep"}, awake{working.inside(), group, "awake"};
-  OptionButton kept{lone.inside(), group, "kept"};
-  ScrollBar bar{place(), "bar", 1, 9, 1};
-};
-
-TEST_F(SpokenDesktop, WhatNoRoomStandsBehindIsOffAndSaysSo) {
-  Bench bench(desktop->console().windows());
-  const HostParts host{.notices = desktop->notices(),
-                       .feed = desktop->feed(),
-                       .scan = desktop->scan(),
-                       .stand_button = [](QWidget*) { return nullptr; }};
-  QWidget parent;
-  LayoutBuilder builder(desktop->screen(), host);
-  const auto made = [&](Control& control) { return builder.build(use(control), &parent); };
-  for (Control* control : {static_cast<Control*>(&bench.sleeps), static_cast<Control*>(&bench.asleep)}) {
-    const QWidget* widget = made(*control);
-    EXPECT_FALSE(widget->isEnabled()) << control->name();
-    EXPECT_EQ(widget->toolTip(), "не подключено") << control->name();
-  }
-  // Buttons with a handler, choices beside them, choices that are read when something is saved.
-  for (Control* control : {static_cast<Control*>(&bench.works), static_cast<Control*>(&bench.awake),
-                           static_cast<Control*>(&bench.kept), static_cast<Control*>(&bench.bar)})
-    EXPECT_TRUE(made(*control)->isEnabled()) << control->name();
-  // A room that comes in wakes its controls at their next change.
-  QWidget* sleeper = made(bench.sleeps);
-  bench.sleeps.click = [] {};
-  bench.sleeps.set_caption("Есть");
-  desktop->screen().flush();
-  EXPECT_TRUE(sleeper->isEnabled());
 }
 
 }  // namespace

@@ -70,18 +70,6 @@ TEST_F(Supervised, TheDetectionItselfBeatsAndAlsoABoxThatIsUp) {
   EXPECT_TRUE(manager.heard().isEmpty()) << "a console that does not detect does not live";
 }
 
-TEST_F(Supervised, ItBeatsWhileTheHostItselfAsks) {
-  desktop->start();
-  (void)manager.heard();
-  QStringList under_box;
-  QTimer::singleShot(1500, [&] {
-    under_box = manager.heard();
-    dynamic_cast<QDialog&>(*QApplication::activeModalWidget()).reject();
-  });
-  EXPECT_FALSE(ask_host(desktop->feed(), nullptr, "Закрыть пульт?"));
-  EXPECT_TRUE(under_box.contains("WATCHDOG=1"));
-}
-
 TEST_F(Supervised, ItBeatsInTheMidstOfWorkThatHoldsTheWindow) {
   desktop->start();
   (void)manager.heard();
