@@ -45,9 +45,6 @@ TEST(TimerRecord, FieldsEndWhereTheirMarksFirstStand) {
 // A data folder with the console's own files of the timer in it.
 struct TimerFiles : testing::Test, AlertRig {
   TimerFiles() { (void)machine.files().make_folder("C:\\ZEF_DAT\\timer"); }
-  void put(const std::string& name, const std::string& bytes) {
-    must(machine.files().replace("C:\\ZEF_DAT\\timer\\" + name, bytes));
-  }
   std::string bytes(const std::string& name) {
     return StoredData(machine.files()).bytes_of("timer\\" + name);
   }
@@ -80,44 +77,7 @@ TEST_F(TimerFiles, LieInRecordsOfTheirOwnLength) {
   EXPECT_EQ(read_schedule(data.folder), Texts{"A\tс 1 по 2"});
   const ScheduleEntry entry = schedule_entry("A\tс 1 по 2");
   EXPECT_EQ(entry.sch_name + entry.sch_from + entry.sch_to, "A 1 2");
-  must(write_schedule(data.folder, {}));
-  must(write_programme(data.folder, "Школа", {}));
-  EXPECT_EQ(bytes("List_prog.dat") + bytes("Школа"), "");
-  // A missing name of the last programme is made, a missing programme is not.
-  must(machine.files().remove("C:\\ZEF_DAT\\timer\\Name_f.dat"));
-  EXPECT_EQ(read_last_programme(data.folder), "");
-  EXPECT_TRUE(data.folder.has("timer\\Name_f.dat"));
-  EXPECT_FALSE(has_programme(data.folder, "Другая"));
   EXPECT_EQ(programme_names(data.folder), Texts{"Школа"});
-}
-
-TEST_F(TimerFiles, TheFirstMinuteStandsAtMidnightUntilItIsLoaded) {
-  programme("Школа", {record(30, 127, "Остановка"), record(60, 127, "Остановка"), "",
-                      "1|\t99 |\t-5  |\t7   |\t-1    |\t"});
-  start();
-  const auto times = [this] {
-    std::vector<int> times;
-    for (const auto& event : timer().events) times.push_back(event.tm_time);
-    return times;
-  };
-  EXPECT_EQ(times(), (std::vector{30, 60, 0, 23 * 3600 + 7, 0}));
-  EXPECT_EQ(timer().events[3].tm_days, 0);
-  Texts rows = {timer().events[0].tm_rec, timer().events[1].tm_rec};
-  console->forms().form3.CmbLstProg.set_text("Школа");
-  for (const auto& row : rows) console->forms().form3.Lst1.add(row);
-  run(2s);
-  timer().tm_scan = false;
-  timer().tm_next_i = 3;
-  console->forms().form3.CmdSave.click();
-  EXPECT_EQ(times(), (std::vector{0, 60}));
-  EXPECT_TRUE(timer().tm_scan);
-  EXPECT_EQ(timer().tm_next_i, 0);
-  // A new day begins with nothing.
-  must(machine.files().remove("C:\\ZEF_DAT\\timer\\Name_f.dat"));
-  machine.set_wall(machine.wall() + 24h);
-  run(1100ms);
-  EXPECT_TRUE(timer().events.empty());
-  EXPECT_FALSE(timer().tm_none);
 }
 
 TEST_F(TimerFiles, TheScheduleKnowsTodaysProgramme) {
@@ -152,16 +112,6 @@ TEST_F(TimerFiles, TheScheduleKnowsTodaysProgramme) {
     start();
     EXPECT_EQ(timer().prog_today, row.today) << row.what;
   }
-}
-
-TEST_F(TimerFiles, NamesThatNoProgrammeBears) {
-  for (const char* name :
-       {"Школа", "Школа 2", ".x", "a.b", "Name_f", "Ровно тридцать знаков, не боле", "ё№«»"})
-    EXPECT_TRUE(is_programme_name(name)) << name;
-  for (const char* name :
-       {"", " ", "a ", "a.", "a\\b", "a/b", "a:b", "a*", "a?", "a\"", "<", ">", "|", "a\tb", "日本",
-        "Name_f.dat", "List_prog.dat", "NAME_F.DAT", "Ровно тридцать один знак, увы, !"})
-    EXPECT_FALSE(is_programme_name(name)) << name;
 }
 
 class TimerTicks : public TimerFiles {
@@ -216,21 +166,6 @@ TEST_F(TimerTicks, TheFadesStepByTheLevel) {
     EXPECT_EQ(player.mp_lvl, row.level);
     EXPECT_FALSE(form().Timer11.enabled());
   }
-}
-
-TEST_F(TimerTicks, AProgrammeThatIsChosenKeepsTheMomentAndBeginsWithItsFirstRecord) {
-  begin({record(kNoon, 127, "Остановка"), record(kEight, 127, "Сообщение", "bell.wav")});
-  sound("other.wav", 5);
-  write("timer\\Другая", 128,
-        {record(kNoon, 127, "Сообщение", "other.wav"), record(kNoon, 127, "Остановка")});
-  run(5s);
-  EXPECT_EQ(timer().tm_next_i, 1);
-  ComboBox& names = console->forms().form3.CmbLstProg;
-  names.add("Другая");
-  names.pick(0);
-  run(6s);
-  EXPECT_EQ(logged("other.wav\""), 1);
-  EXPECT_EQ(logged("bell.wav\""), 0);
 }
 
 }  // namespace
