@@ -27,11 +27,6 @@ class AlertFiles : public testing::Test, protected AlertRig {
   void SetUp() override { sound("fire.wav", 3); }
   const std::string& table(int zone, int step) { return algorithms.AlgZoneTable[zone][step]; }
   using Texts = std::vector<std::string>;
-  Texts boxes() {
-    const Texts texts(machine.raised().begin(), machine.raised().end());
-    machine.raised().clear();
-    return texts;
-  }
 
   AlgorithmState algorithms;
   AlertStore store{{.settings = data.settings, .algorithms = algorithms, .folder = data.folder}};

@@ -103,34 +103,5 @@ TEST_F(Alerts, ReleasingAllZonesSilencesTheMessagesOfBothPlayers) {
   EXPECT_EQ(logged("media MP1 stop") + logged("media MP2 stop"), 2);
 }
 
-// Switches that later rooms work are pressed where they are on: after a type 3 alert even when its message
-// can't be opened, after a block's alert only when it plays.
-TEST_F(Alerts, AnAlertSilencesThePlayerTheTimerAndAutomaticControl) {
-  settle_steps({step_record(1, 1, 1, 1, "gone.wav")});
-  start();
-  int player = 0, timer = 0, control = 0;
-  auto& form = console->form1();
-  form.CmdPMP.click = [&] { ++player; };
-  form.CmdTV.click = [&] { timer += player; };
-  form.CmdZ.click = [&] { control += timer; };
-  auto& model = console->model();
-  model.player.mp_pow = model.timer.tm_on = model.supervision.auto_mode = true;
-  machine.set_contact(1, true);
-  run(100ms);
-  EXPECT_EQ(machine.raised(), std::deque<std::string>{"Ошибка открытия файла gone.wav"});
-  EXPECT_EQ(control, 1);
-
-  model.settings.SettingsLine[kAlertType] = "1";
-  model.settings.SettingsLine[kBlockMessage] = "gone.wav";
-  model.player.mp_pow = false;
-  console->form1().CmdStF.click();
-  console->form1().CmdStF.click();
-  const std::array<std::uint8_t, 9> report = {0xAA, 0xAA, 0x41, 0, 15, 4, 0, 0, 0};
-  machine.receive(report);
-  run(200ms);
-  EXPECT_TRUE(alert().al_active);
-  EXPECT_EQ(control, 1);
-}
-
 }  // namespace
 }  // namespace evac

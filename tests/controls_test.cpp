@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "drill/virtual_machine.h"
-#include "platform/listers.h"
 #include "platform/user.h"
 #include "tests/scratch.h"
 
@@ -61,24 +60,6 @@ TEST_F(Controls, EventsOfValuesComeOnChangeOnly) {
   combo.select(0);
   EXPECT_EQ(combo.text(), "a.wav");
   EXPECT_EQ(changes, 6);
-}
-
-TEST_F(Controls, AHandReachesNothingDisabledHiddenOrInSuchAFrameButCodeDoes) {
-  Frame outer(form.place(), "Outer"), inner(outer.inside(), "Inner");
-  Button button(inner.inside(), "Cmd");
-  int clicks = 0;
-  button.click = [&] { ++clicks; };
-  EXPECT_TRUE(user::click(button));
-  outer.set_enabled(false);
-  EXPECT_FALSE(user::click(button));
-  outer.set_enabled(true);
-  inner.set_visible(false);
-  EXPECT_FALSE(user::right_press(button));
-  inner.set_visible(true);
-  button.set_enabled(false);
-  EXPECT_FALSE(user::click(button));
-  button.click();
-  EXPECT_EQ(clicks, 2);
 }
 
 TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {

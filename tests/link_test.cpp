@@ -38,21 +38,6 @@ TEST_F(LinkFrames, TheAlarmZonesAreOnUntilAStopHasGoneOut) {
   EXPECT_FALSE(state.alarm_zones_on);
 }
 
-TEST_F(LinkFrames, WhatDoesNotFitItsByteIsAnOverflowAndNothingGoesOut) {
-  const auto number_of = [](auto&& send) {
-    try {
-      send();
-    } catch (const Fault& fault) {
-      return fault.number();
-    }
-    return 0;
-  };
-  EXPECT_EQ(number_of([&] { link.SendSource(Link::kSourceCommand, Link::kCdDeck, 0, 4, 100); }), 6);
-  EXPECT_EQ(number_of([&] { link.SendZoneSet(256, 1, 1); }), 6);
-  EXPECT_EQ(number_of([&] { link.SendZoneSet(1, -1, 1); }), 6);
-  EXPECT_TRUE(host.sent().empty());
-}
-
 TEST_F(LinkFrames, TheLastFrameStandsInBothBuffers) {
   int frames = 0;
   link.frame_received = [&] { ++frames; };

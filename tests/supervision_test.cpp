@@ -65,20 +65,5 @@ TEST_F(Supervision, WithALimitOfNothingEveryNumberIsLostOnEachReport) {
   EXPECT_EQ(rig.logged("beep 1500 100"), 3 * kTerminals);
 }
 
-// Both set the picture in the same second: the alarm has the last word. Every second tick sounds.
-TEST_F(Supervision, TheAlarmTicksBehindTheCountdownAndSoundsEverySecondTick) {
-  start("1");
-  rig.run(3995ms);
-  // At this moment the alarm's first tick comes just before the countdown's.
-  form().Timer9.set_enabled(true);
-  rig.forget();
-  for (int second = 0; second < 6; ++second) {
-    rig.run(1s);
-    EXPECT_EQ(form().PctM.picture(), picture::kPause);
-  }
-  EXPECT_EQ(rig.logged("beep 1500 100"), 3);
-  EXPECT_EQ(rig.log.front().substr(0, 7), "8:00:05") << "the second tick is the first to sound";
-}
-
 }  // namespace
 }  // namespace evac
