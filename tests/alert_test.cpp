@@ -95,6 +95,21 @@ TEST_F(Alerts, AnAlgorithmOf119StepsRunsThroughAndOneOf120FaultsAtItsEnd) {
   }
 }
 
+TEST_F(Alerts, TheAlarmMarkOfALaterStepIsNoMoreThanItsOtherZones) {
+  const std::string all = "7" + std::string(kZones - 1, '1');
+  settle_steps({step_record(3, 1, 1, 3), algorithm_record("3", 2, "fire.wav", "1", all)});
+  start();
+  machine.set_contact(3, true);
+  run(2s);
+  forget();
+  run(11s);
+  // Zones 2 to 120, twice each; no alarm frames.
+  ASSERT_EQ(machine.sent().size(), 2u * (kZones - 1));
+  EXPECT_EQ(machine.sent().front()[6], 2);
+  EXPECT_FALSE(alert().al_alarm_zones);
+  EXPECT_EQ(console->form1().PctA[1].picture(), "PctD2");
+}
+
 TEST_F(Alerts, ReleasingAllZonesSilencesTheMessagesOfBothPlayers) {
   start();
   console->form1().CmdAlAl.click();

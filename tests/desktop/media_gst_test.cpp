@@ -309,5 +309,25 @@ TEST_F(Sound, VolumeIsInHundredthsOfADecibel) {
   }
 }
 
+TEST_F(Sound, AToneHasItsPitchAndItsLength) {
+  const fs::path heard = scratch.path / "tone";
+  GstTone tone(
+      {"audioconvert ! audio/x-raw,format=S16LE,channels=1 ! filesink location=" + heard.string(), ""});
+  tone.beep(1500, 50);
+  // A second one takes the first one's place.
+  tone.beep(1500, 100);
+  const auto samples = [&] {
+    std::error_code error;
+    const auto size = fs::file_size(heard, error);
+    return error ? 0 : size / 2;
+  };
+  ASSERT_TRUE(comes([&] { return samples() == 4410; }));
+  std::ifstream in(heard, std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(in), {}};
+  int rises = 0;
+  for (std::size_t i = 3; i < bytes.size(); i += 2) rises += bytes[i] >= 0 && bytes[i - 2] < 0;
+  EXPECT_NEAR(rises, 150, 1);
+}
+
 }  // namespace
 }  // namespace evac::desktop
