@@ -80,6 +80,22 @@ TEST_F(TimerFiles, LieInRecordsOfTheirOwnLength) {
   EXPECT_EQ(programme_names(data.folder), Texts{"Школа"});
 }
 
+TEST_F(TimerFiles, ASaveIsSearchedFromItsFirstRecordAndADayWithoutAProgrammeBeginsWithNothing) {
+  programme("Школа", {record(30, 127, "Остановка"), record(60, 127, "Остановка")});
+  start();
+  console->forms().form3.CmbLstProg.set_text("Школа");
+  console->forms().form3.Lst1.add(record(60, 127, "Остановка"));
+  timer().tm_scan = false;
+  timer().tm_next_i = 1;
+  console->forms().form3.CmdSave.click();
+  EXPECT_TRUE(timer().tm_scan);
+  EXPECT_EQ(timer().tm_next_i, 0);
+  must(machine.files().remove("C:\\ZEF_DAT\\timer\\Name_f.dat"));
+  machine.set_wall(machine.wall() + 24h);
+  run(1100ms);
+  EXPECT_TRUE(timer().events.empty());
+}
+
 TEST_F(TimerFiles, TheScheduleKnowsTodaysProgramme) {
   const struct {
     const char* what;
