@@ -78,6 +78,10 @@ TEST_F(TimerFiles, LieInRecordsOfTheirOwnLength) {
   const ScheduleEntry entry = schedule_entry("A\tс 1 по 2");
   EXPECT_EQ(entry.sch_name + entry.sch_from + entry.sch_to, "A 1 2");
   EXPECT_EQ(programme_names(data.folder), Texts{"Школа"});
+  // One that is cut off is read as far as it goes.
+  must(data.folder.replace("timer\\Школа", bytes("Школа").substr(0, 133)));
+  must(read_programme(data.folder, "Школа", records));
+  EXPECT_EQ(records, (Texts{"1|\tа", "2|\t"}));
 }
 
 TEST_F(TimerFiles, ASaveIsSearchedFromItsFirstRecordAndADayWithoutAProgrammeBeginsWithNothing) {
@@ -141,6 +145,13 @@ class TimerTicks : public TimerFiles {
   }
 };
 constexpr int kEight = 8 * 3600;
+
+TEST_F(TimerTicks, TerminalsOutsideTheirRangeArePassedOver) {
+  begin({record(kEight, 127, "Сообщение", "bell.wav", -5, 999)});
+  console->model().terminals.TermChan.fill(3);
+  run(11s);
+  EXPECT_EQ(logged("tx AA AA 04"), 2 * kTerminals);
+}
 
 // How the player makes way: its level before, at each of the last seconds, and back at the operator's.
 TEST_F(TimerTicks, TheFadesStepByTheLevel) {
