@@ -1,5 +1,5 @@
-// The rules of the widget layer: which settings raise events, what a user's hand reaches, what a view is
-// told.
+// The rules of the widget layer: which settings raise events, what a pop-up menu takes, where the caret of a
+// masked input goes.
 #include <gtest/gtest.h>
 
 #include "drill/virtual_machine.h"
@@ -84,24 +84,6 @@ TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {
   };
   windows.show_modal(dialog);
   EXPECT_EQ(clicks, 2);
-}
-
-TEST_F(Controls, AViewIsToldOfChangesAndOfNothingElse) {
-  struct View : ControlView {
-    void control_changed(Control&) override { ++changes; }
-    void focus_wanted(Control&) override { ++focuses; }
-    int changes = 0, focuses = 0;
-  } view;
-  Label label(form.place(), "Lbl", "a");
-  label.attach(&view);
-  label.set_caption("a");
-  label.set_enabled(true);
-  EXPECT_EQ(view.changes, 0);
-  label.set_caption("b");
-  label.set_back_color(Color::kOn);
-  label.set_focus();
-  EXPECT_EQ(view.changes, 2);
-  EXPECT_EQ(view.focuses, 1);
 }
 
 TEST_F(Controls, TheCaretOfAMaskedInputJumpsTheMasksOwnCharacters) {
