@@ -26,8 +26,10 @@ TEST_F(Controls, EventsOfValuesComeOnChangeOnly) {
   CheckBox box(form.place(), "Box");
   ListBox list(form.place(), "List");
   ComboBox combo(form.place(), "Combo");
+  OptionGroup group;
+  OptionButton option(form.place(), group, "A");
   int changes = 0;
-  bar.change = box.click = list.click = combo.click = [&] { ++changes; };
+  bar.change = box.click = list.click = combo.click = option.click = [&] { ++changes; };
   bar.set_value(1);
   bar.set_value(-5);
   EXPECT_EQ(changes, 0);
@@ -60,6 +62,27 @@ TEST_F(Controls, EventsOfValuesComeOnChangeOnly) {
   combo.select(0);
   EXPECT_EQ(combo.text(), "a.wav");
   EXPECT_EQ(changes, 6);
+  option.set_value(true);
+  option.set_value(true);
+  EXPECT_EQ(changes, 7);
+}
+
+TEST_F(Controls, AHandReachesNothingDisabledHiddenOrInSuchAFrameButCodeDoes) {
+  Frame outer(form.place(), "Outer"), inner(outer.inside(), "Inner");
+  Button button(inner.inside(), "Cmd");
+  int clicks = 0;
+  button.click = [&] { ++clicks; };
+  EXPECT_TRUE(user::click(button));
+  outer.set_enabled(false);
+  EXPECT_FALSE(user::click(button));
+  outer.set_enabled(true);
+  inner.set_visible(false);
+  EXPECT_FALSE(user::right_press(button));
+  inner.set_visible(true);
+  button.set_enabled(false);
+  EXPECT_FALSE(user::click(button));
+  button.click();
+  EXPECT_EQ(clicks, 2);
 }
 
 TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {

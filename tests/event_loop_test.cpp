@@ -99,5 +99,14 @@ TEST_F(Loop, ALateTickIsTakenOnceAndBoxesHoldEverything) {
   EXPECT_EQ(fast_ticks, 4);
 }
 
+TEST_F(Loop, EventsRunInTheOrderOfTheirMoments) {
+  std::string order;
+  machine.loop().post_after(20ms, [&] { order += 'c'; });
+  machine.loop().post_after(10ms, [&] { order += 'b'; });
+  machine.loop().post([&] { order += 'a'; });
+  machine.run_for(30ms);
+  EXPECT_EQ(order, "abc");
+}
+
 }  // namespace
 }  // namespace evac

@@ -135,25 +135,6 @@ TEST_F(RackTest, TakesTheTimeOfTheLineWhenPaced) {
   EXPECT_EQ(rack.network().zones_on(), 120);
 }
 
-TEST_F(RackTest, FindsFramesInNoise) {
-  const auto good = make_frame(0x04, {1, 1, 0xFD, 9, 0});
-  rack.receive(std::vector<std::uint8_t>{0xAA, 0x55, 0xAA, 0xAA, 0xAA});
-  rack.receive(good);
-  auto bad = good;
-  bad[8] ^= 1;
-  rack.receive(bad);
-  rack.receive(good);
-  EXPECT_EQ(rack.network().zone(9).times_set, 2);
-  EXPECT_EQ(rack.bytes_dropped(), 5 + 9);
-
-  // What was on its way when the line was pulled out is gone.
-  rack.receive(std::span(good).first(5));
-  rack.lose_line();
-  rack.receive(std::span(good).subspan(5));
-  rack.receive(good);
-  EXPECT_EQ(rack.network().zone(9).times_set, 3);
-}
-
 TEST_F(RackTest, HasTheContactsOfBothCards) {
   rack.set_contact(1, true);
   rack.set_contact(32, true);

@@ -65,5 +65,16 @@ TEST_F(Supervision, WithALimitOfNothingEveryNumberIsLostOnEachReport) {
   EXPECT_EQ(rig.logged("beep 1500 100"), 3 * kTerminals);
 }
 
+TEST_F(Supervision, YearsOfLostPassesOverflowNothing) {
+  start("1");
+  form().CmdAT[5].set_caption("5");
+  auto& missed = rig.console->model().supervision.TermMissCount[5];
+  missed = 32766;
+  for (int i = 0; i < 32765; ++i) form().List4.add("Терминал 5 не отвечает");
+  for (int i = 0; i < 6; ++i) form().CmdArm.click();
+  EXPECT_EQ(missed, 32767);
+  EXPECT_EQ(form().List4.count(), 32767);
+}
+
 }  // namespace
 }  // namespace evac

@@ -134,6 +134,16 @@ TEST_F(TimerFiles, TheScheduleKnowsTodaysProgramme) {
   }
 }
 
+TEST_F(TimerFiles, NamesThatNoProgrammeBears) {
+  for (const char* name :
+       {"Школа", "Школа 2", ".x", "a.b", "Name_f", "Ровно тридцать знаков, не боле", "ё№«»"})
+    EXPECT_TRUE(is_programme_name(name)) << name;
+  for (const char* name :
+       {"", " ", "a ", "a.", "a\\b", "a/b", "a:b", "a*", "a?", "a\"", "<", ">", "|", "a\tb", "日本",
+        "Name_f.dat", "List_prog.dat", "NAME_F.DAT", "Ровно тридцать один знак, увы, !"})
+    EXPECT_FALSE(is_programme_name(name)) << name;
+}
+
 class TimerTicks : public TimerFiles {
  protected:
   // Monday 7:59:50.

@@ -125,25 +125,5 @@ TEST(DataCheck, TellsOfADataFolderWithoutSettings) {
   EXPECT_EQ(look(), "");
 }
 
-TEST(DataCheck, ASoundDeviceThatStallsHoldsNeitherTheLookNorTheEnd) {
-  QTemporaryDir folder;
-  const std::filesystem::path path = folder.path().toStdString();
-  const auto stalls = std::make_shared<std::atomic<bool>>(true);
-  QStringList told;
-  {
-    SelfCheck check({path / "F_ust.dat", path / "state", [stalls] {
-                       stalls->wait(true);
-                       return QStringList();
-                     }});
-    QObject::connect(&check, &SelfCheck::looked, &check,
-                     [&](const QString&, const QStringList& sound) { told = sound; });
-    check.start();
-    while (told.isEmpty()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-  EXPECT_EQ(told, QStringList("Звуковое устройство не отвечает"));
-  *stalls = false;
-  stalls->notify_all();
-}
-
 }  // namespace
 }  // namespace evac::desktop
