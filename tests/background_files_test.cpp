@@ -90,6 +90,13 @@ TEST_F(Behind, AWriteThatFailsIsToldToItsCallerAndKeptUntilTheFileCanBeWritten) 
   EXPECT_EQ(text("C:\\journal"), "2");
 }
 
+TEST_F(Behind, TheLinesOfOneAlertWaitForASlowDiskNoLongerThanOne) {
+  disk.append_takes = BackgroundFiles::kAppendWait / 2;
+  for (int line = 0; line < 100; ++line) EXPECT_EQ(files.append("C:\\journal", "x"), kNoError);
+  EXPECT_GT(files.health().waiting, 90);
+  EXPECT_EQ(text("C:\\journal"), std::string(100, 'x'));
+}
+
 // Settings that read as empty while the disk is away would be saved as such, or leave zones unwatched.
 TEST_F(Behind, WhileTheDiskDoesNotAnswerItsLastWordHoldsAndWhatWasWrittenSince) {
   ASSERT_EQ(disk.replace("C:\\old.dat", "old"), kNoError);

