@@ -1,9 +1,7 @@
-// The loop's promises: order, phase, late ticks, waiting inside a handler, boxes that hold everything.
-// do not.
+// The loop's promises: order, phase, late ticks, boxes that hold everything.
 #include <gtest/gtest.h>
 
 #include "drill/virtual_machine.h"
-#include "platform/user.h"
 #include "tests/scratch.h"
 
 namespace evac {

@@ -12,8 +12,6 @@ namespace {
 using namespace std::chrono_literals;
 using Texts = std::vector<std::string>;
 
-constexpr int kNoon = 12 * 3600;
-
 std::string record(int second, int mask, const std::string& function, const std::string& message = "Вкл/Выкл",
                    int from = 1, int to = 1) {
   return timer_record({"1", std::to_string(second / 3600), std::to_string(second / 60 % 60),

@@ -1,11 +1,8 @@
 // The desktop without eyes and without a mouse: what assistive technology is told, and what the keys do.
-#include <QAbstractButton>
 #include <QAccessible>
-#include <QMenu>
 #include <QMenuBar>
 #include <QTest>
 
-#include "platform/user.h"
 #include "training_desktop.h"
 
 namespace evac::desktop {

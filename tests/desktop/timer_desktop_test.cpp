@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QListView>
-#include <QListWidget>
 #include <QTest>
 
 #include "desktop/timer_ahead.h"

@@ -1,12 +1,8 @@
 // The settings windows as an engineer works them, through their real widgets; and what the host does besides.
 #include <QAbstractButton>
-#include <QLineEdit>
-#include <QListView>
 #include <QMenu>
 #include <QTest>
 
-#include "platform/user.h"
-#include "store/algorithm_record.h"
 #include "training_desktop.h"
 
 namespace evac::desktop {
