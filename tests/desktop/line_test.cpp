@@ -29,7 +29,7 @@ TEST_F(Line, APollIsAnsweredUnderAModalWindowButHeldByABox) {
   bool seen = false, reached_below = true;
   const auto poll_and_look = [&](std::function<void()> close) {
     QTimer::singleShot(100, [this] { line_->change([](Rack& rack) { rack.send_poll(); }); });
-    QTimer::singleShot(600, [this, &answered_inside, close] {
+    QTimer::singleShot(1500, [this, &answered_inside, close] {
       answered_inside = rack().polls_answered();
       close();
     });
