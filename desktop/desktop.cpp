@@ -16,6 +16,9 @@
 #include "desktop/training_music.h"
 #include "desktop/view/pictures.h"
 #include "model/text.h"
+#include "platform/listers.h"
+#include "store/admin_files.h"
+#include "store/play_list_file.h"
 
 namespace evac::desktop {
 namespace {
@@ -28,7 +31,9 @@ constexpr std::chrono::milliseconds kMessagePatience{90}, kTrackPatience{2000};
 constexpr std::string_view kMessageFolder = "C:\\ZEF_DAT\\message";
 constexpr int kLooksPerProbe = 5;
 constexpr int kAlarmTab = 0;
-constexpr std::string_view kWrittenFolders[] = {kProgramFolder, "C:\\ZEF_DAT"};
+constexpr std::string_view kDataFolder = "C:\\ZEF_DAT";
+constexpr std::string_view kWrittenFolders[] = {kProgramFolder, kDataFolder};
+constexpr std::string_view kSettingsFolders[] = {kDataFolder, "C:\\ZEF_DAT\\alarm", "C:\\ZEF_DAT\\timer"};
 constexpr std::string_view kSettingsFile = "C:\\ZEF_DAT\\F_ust.dat";
 
 std::map<int, QString> devices(const HostSetup& setup) {
@@ -61,7 +66,8 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     : training_(std::move(training)),
       disk_(setup.drives),
       // Nobody waits for a sync, and the next line tries again.
-      files_(disk_, [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
+      files_(disk_, patience_,
+             [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
       // Files of its own: a look that is stuck outlives all the rest here.
@@ -95,6 +101,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   (void)files_.make_folder(kProgramFolder);
   for (const std::string_view folder : kWrittenFolders) disk_.remove_left_over(folder);
   host_.before_wait = [this] {
+    patience_.renew();
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
     scan_.look();
     screen_.flush();
@@ -104,9 +111,11 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
   };
   boxes_.before_box = [this] {
+    patience_.renew();
     windows_.hold_busy();
     screen_.flush();
   };
+  windows_.work_goes_on = [this] { patience_.renew(); };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
   boxes_.fire_waits = [this] { return ending_ || console_->fire_waiting().now(); };
   boxes_.while_up = windows_.while_busy = [this] { heartbeat_.beat(); };
@@ -192,8 +201,24 @@ void Desktop::start() {
     notices_.keep_box(text);
     host_log(text);
   }
+  read_settings_ahead();
   console_->load();
+  patience_.end_start();
   heartbeat_.ready();
+}
+
+void Desktop::read_settings_ahead() {
+  std::string bytes;
+  // What can't be read says so to who needs it.
+  const auto read = [&](std::string_view folder, std::string_view name) {
+    (void)files_.read(path_in(folder, name), bytes);
+  };
+  for (const std::string_view folder : kSettingsFolders)
+    for (const std::string& name : files_.files(folder)) read(folder, name);
+  for (const std::string& name : files_.files(kProgramFolder))
+    if (is_play_list(name)) read(kProgramFolder, name);
+  // Without it nobody would get into the settings; often there is none.
+  read(kDataFolder, kPasswordFile);
 }
 
 void Desktop::end(const QString& why) {

@@ -65,6 +65,8 @@ class Desktop : private QObject {
   // Ends the program in order, whatever is open.
   void end(const QString& why);
   void bring_up();
+  // All files of the settings once, so that a disk that falls silent later has had its word on each.
+  void read_settings_ahead();
   // What the watch and the line know better than the pictures that the console gave: lamps of closed contacts
   // burn, and nothing is known of a controller that is not heard.
   void show_signs();
@@ -78,6 +80,7 @@ class Desktop : private QObject {
   EventLoop loop_{host_};
   std::unique_ptr<TrainingLine> training_;
   PosixFiles disk_;
+  Patience patience_;
   BackgroundFiles files_;
   SerialLine line_;
   const SoundSetup sound_;
