@@ -26,8 +26,8 @@ namespace {
 constexpr const char* kTrainingTitle = " — учебный режим";
 
 constexpr std::chrono::seconds kDeviceWatch{1};
-// Messages are looked at ahead, tracks when they are chosen.
-constexpr std::chrono::milliseconds kMessagePatience{90}, kTrackPatience{2000};
+// For what was not looked at ahead; a length that is only summed up may take longer.
+constexpr std::chrono::milliseconds kSoundPatience = Patience::kAnEvent, kSumPatience{500};
 constexpr std::string_view kMessageFolder = "C:\\ZEF_DAT\\message";
 constexpr int kLooksPerProbe = 5;
 constexpr int kAlarmTab = 0;
@@ -71,11 +71,13 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
       // Files of its own: a look that is stuck outlives all the rest here.
-      probe_([disk = PosixFiles(setup.drives)](std::string_view path) { return disk.locate(path); }, sound_),
-      mp_(probe_, sound_, kTrackPatience),
-      mp1_(probe_, sound_, kMessagePatience),
-      mp2_(probe_, sound_, kMessagePatience),
-      mp3_(probe_, sound_, kTrackPatience),
+      messages_([disk = PosixFiles(setup.drives)](std::string_view path) { return disk.locate(path); },
+                sound_),
+      tracks_([disk = PosixFiles(setup.drives)](std::string_view path) { return disk.locate(path); }, sound_),
+      mp_(tracks_, sound_, kSoundPatience, &patience_),
+      mp1_(messages_, sound_, kSoundPatience, &patience_),
+      mp2_(messages_, sound_, kSoundPatience, &patience_),
+      mp3_(tracks_, sound_, kSumPatience),
       comedi_(setup.cards),
       tone_(sound_),
       process_(setup.restart_armed, notices_, feed_,
@@ -93,6 +95,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
                 .timer_ahead = [this] { return timer_ahead(console_->model().timer, loop_.wall()); },
                 .stand_button = [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
+  mp_.presume_unknown();
   mp2_.measure_aside();
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
@@ -104,6 +107,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     patience_.renew();
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
     scan_.look();
+    look_at_tracks_ahead();
     screen_.flush();
   };
   host_.steady_wall().changed = [this] { loop_.keep_phase(); };
@@ -254,8 +258,27 @@ void Desktop::show_signs() {
     screen_.set_sign(*indicator, unknown ? sign::kUnknown : std::string_view());
 }
 
+void Desktop::look_at_tracks_ahead() {
+  if (!console_) return;
+  const PlayerState& player = console_->model().player;
+  const auto& list = player.mp_list;
+  const Ahead ahead{list.data(), list.size(), player.mp_trk, console_->form1().LstPtreckMP.selected()};
+  if (ahead == ahead_) return;
+  if (ahead.list != ahead_.list || ahead.tracks != ahead_.tracks) tracks_.look_through(list);
+  ahead_ = ahead;
+  std::vector<std::string> soon;
+  const int last = player.mp_cnt();
+  const auto in_turn = [last](int number) { return (number + last - 1) % last + 1; };
+  if (last > 0)
+    for (const int number :
+         {player.mp_trk, in_turn(player.mp_trk + 1), ahead.row + 1, in_turn(player.mp_trk - 1), 1})
+      if (number >= 1 && number <= last) soon.push_back(list[static_cast<std::size_t>(number - 1)]);
+  tracks_.look_soon(std::move(soon));
+}
+
 void Desktop::look_after_devices() {
-  if (looks_++ % kLooksPerProbe == 0) probe_.look_ahead(std::string(kMessageFolder));
+  if (looks_++ % kLooksPerProbe == 0) messages_.look_ahead(std::string(kMessageFolder));
+  if (const auto track = mp_.playing()) console_->mend_track_length(track->file, track->length, track->late);
   QStringList sound = missing_sound_;
   const std::array media = {&mp_, &mp1_, &mp2_, &mp3_};
   for (GstMedia* each : media) {
