@@ -279,6 +279,9 @@ void Desktop::look_at_tracks_ahead() {
 void Desktop::look_after_devices() {
   if (looks_++ % kLooksPerProbe == 0) messages_.look_ahead(std::string(kMessageFolder));
   if (const auto track = mp_.playing()) console_->mend_track_length(track->file, track->length, track->late);
+  // What was stopped while its disk hung is not to begin by itself once that answers.
+  const PlayerState& player = console_->model().player;
+  if (!player.mp_play && !player.mp_pause && mp_.waits_to_be_heard()) mp_.hold();
   QStringList sound = missing_sound_;
   const std::array media = {&mp_, &mp1_, &mp2_, &mp3_};
   for (GstMedia* each : media) {

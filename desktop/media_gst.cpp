@@ -24,7 +24,7 @@ void GstMedia::set_file(std::string_view path) {
   trouble_->tell("");
   path_ = path;
   found_ = probe_.known(path_);
-  asked_length_ = asked_trial_ = false;
+  asked_length_ = asked_trial_ = unanswered_ = false;
   starts_ = true;
 }
 
@@ -36,6 +36,7 @@ void GstMedia::find_out(SoundProbe::Want want) {
   if (asked && presumes_) return;
   asked = true;
   if (auto found = probe_.look(path_, want, most_, patience_)) found_ = std::move(found);
+  unanswered_ = !found_;
 }
 
 int GstMedia::ready_state() {
@@ -51,6 +52,7 @@ double GstMedia::duration() {
 
 std::optional<GstMedia::Playing> GstMedia::playing() {
   const auto known = probe_.known(path_);
+  if (known) unanswered_ = false;
   if (!voice_) {
     if (!found_) found_ = known;
     return {};
@@ -63,6 +65,10 @@ std::optional<GstMedia::Playing> GstMedia::playing() {
   const double late = unheard_ && heard ? waited_ + (held_ ? 0 : unheard()) : 0;
   unheard_ = unheard_ && !heard;
   return Playing{path_, duration(), static_cast<int>(std::max(0.0, late))};
+}
+
+bool GstMedia::waits_to_be_heard() const {
+  return voice_ && unheard_ && !held_ && !voice_->began() && Clock::now() - since_ > kStuck;
 }
 
 double GstMedia::unheard() const {
@@ -140,8 +146,8 @@ void GstMedia::set_volume(int hundredths) {
 }
 
 std::string GstMedia::trouble() const {
-  if (!found_ && (asked_length_ || asked_trial_)) return "Звуковой файл не читается: диск не отвечает";
-  return worker_.is_stuck_for(kStuck) ? "Сообщение не звучит: звуковое устройство не отвечает"
+  if (unanswered_) return "Звуковой файл не читается: диск не отвечает";
+  return worker_.is_stuck_for(kStuck) ? "Сообщение не звучит: звуковое устройство или диск не отвечает"
                                       : trouble_->text();
 }
 

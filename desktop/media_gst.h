@@ -41,6 +41,8 @@ class GstMedia : public Media {
   // What is known by now of the file that plays or is held; to be called about once a second. None while
   // there is nothing to tell.
   std::optional<Playing> playing();
+  // A play has not come to be heard for a second.
+  bool waits_to_be_heard() const;
 
   // Stops what plays.
   void set_file(std::string_view path) override;
@@ -81,6 +83,7 @@ class GstMedia : public Media {
   std::string path_;                                 // empty when there is none
   std::optional<SoundProbe::Found> found_;           // once it is known
   bool asked_length_ = false, asked_trial_ = false;  // of the probe
+  bool unanswered_ = false;                          // by it, so far
   // While a play is not heard yet: since when, from which position, and how long before a hold already.
   bool unheard_ = false;
   Clock::time_point since_{};
