@@ -22,6 +22,7 @@ void GstMedia::set_file(std::string_view path) {
   stop();
   before_ = before;
   trouble_->tell("");
+  if (path_ != path) given_.reset();
   path_ = path;
   found_ = probe_.known(path_);
   asked_length_ = asked_trial_ = unanswered_ = false;
@@ -44,10 +45,15 @@ int GstMedia::ready_state() {
   return found_ ? found_->ready : presumes_ && !path_.empty();
 }
 
-double GstMedia::duration() {
-  find_out(SoundProbe::Want::kLength);
+double GstMedia::length() const {
   if (!found_) return presumes_ && !path_.empty() ? kPresumed : 0;
   return found_->ready ? found_->length : 0;
+}
+
+double GstMedia::duration() {
+  find_out(SoundProbe::Want::kLength);
+  if (!given_) given_ = length();
+  return length();
 }
 
 std::optional<GstMedia::Playing> GstMedia::playing() {
@@ -64,7 +70,9 @@ std::optional<GstMedia::Playing> GstMedia::playing() {
   found_ = known;
   const double late = unheard_ && heard ? waited_ + (held_ ? 0 : unheard()) : 0;
   unheard_ = unheard_ && !heard;
-  return Playing{path_, duration(), static_cast<int>(std::max(0.0, late))};
+  if (!given_ || (*given_ == length() && late < 1)) return {};
+  given_ = length();
+  return Playing{path_, length(), static_cast<int>(std::max(0.0, late))};
 }
 
 bool GstMedia::waits_to_be_heard() const {
@@ -89,7 +97,7 @@ void GstMedia::play() {
   starts_ = held_ = false;
   if (ready_state() == 0) return;
   // At its end it starts over, also when the news of the end is still on its way.
-  if (position() >= duration()) stop();
+  if (position() >= length()) stop();
   close(before_);
   if (!voice_) {
     voice_ = std::make_shared<Voice>(probe_.finder(path_), setup_, volume_, rest_, trouble_);
@@ -124,15 +132,16 @@ void GstMedia::stop() {
 
 double GstMedia::position() {
   if (voice_ && voice_->ended()) ended_ = true;
-  if (ended_) return duration();
+  if (ended_) return length();
   if (!voice_) return rest_;
   if (voice_->wants_look()) worker_.post([voice = voice_] { voice->look(); });
-  return std::min(voice_->position(), duration());
+  return std::min(voice_->position(), length());
 }
 
 void GstMedia::seek(double seconds) {
   if (ended_ || (voice_ && voice_->ended())) stop();
-  rest_ = std::clamp(seconds, 0.0, duration());
+  find_out(SoundProbe::Want::kLength);
+  rest_ = std::clamp(seconds, 0.0, length());
   if (!voice_) return;
   voice_->stand_at(rest_);
   listen_from(rest_);

@@ -71,6 +71,7 @@ class GstMedia : public Media {
   void close(std::shared_ptr<Voice>& voice);
   // Asks for the file, where not enough is known of it; of a presumed one only once.
   void find_out(SoundProbe::Want want);
+  double length() const;
   // Seconds since the play without the sound of them.
   double unheard() const;
   void listen_from(double position);
@@ -84,6 +85,7 @@ class GstMedia : public Media {
   std::optional<SoundProbe::Found> found_;           // once it is known
   bool asked_length_ = false, asked_trial_ = false;  // of the probe
   bool unanswered_ = false;                          // by it, so far
+  std::optional<double> given_;  // the length of this file that was told first, or last mended
   // While a play is not heard yet: since when, from which position, and how long before a hold already.
   bool unheard_ = false;
   Clock::time_point since_{};
