@@ -2,7 +2,7 @@
 // the line, against what the line itself needs, and what it costs this machine.
 #include <benchmark/benchmark.h>
 
-#include "tests/rack_rig.h"
+#include "benchmarks/rack_rig.h"
 
 namespace evac {
 namespace {

@@ -144,26 +144,25 @@ void SerialLine::write_line(std::span<const std::uint8_t> bytes) {
   }
 }
 
+std::optional<std::size_t> SerialLine::take(std::span<const std::uint8_t> bytes) {
+  ssize_t taken = 0;
+  do taken = ::write(device_.handle(), bytes.data(), bytes.size());
+  while (taken < 0 && errno == EINTR);
+  if (taken >= 0) return static_cast<std::size_t>(taken);
+  // A full buffer is no lost line.
+  if (errno == EAGAIN) return 0;
+  return std::nullopt;
+}
+
 void SerialLine::hand_over() {
   if (!device_.isOpen()) return;
-  writable_->setEnabled(false);
-  auto now = Outbox::Clock::now();
-  for (auto bytes = outbox_.ready(now); !bytes.empty(); bytes = outbox_.ready(now)) {
-    const ssize_t taken = ::write(device_.handle(), bytes.data(), bytes.size());
-    if (taken < 0 && errno == EINTR) continue;
-    // A full buffer is no lost line.
-    if (taken == 0 || (taken < 0 && errno == EAGAIN)) {
-      writable_->setEnabled(true);
-      return;
-    }
-    if (taken < 0) {
-      QMetaObject::invokeMethod(
-          this, [this] { give_up(); }, Qt::QueuedConnection);
-      return;
-    }
-    outbox_.taken(static_cast<std::size_t>(taken), now);
-    now = Outbox::Clock::now();
-  }
+  const auto now = Outbox::Clock::now();
+  const auto handed_over = outbox_.hand_over(*this, now);
+  writable_->setEnabled(handed_over == Outbox::HandedOver::kFull);
+  if (handed_over == Outbox::HandedOver::kGone)
+    QMetaObject::invokeMethod(
+        this, [this] { give_up(); }, Qt::QueuedConnection);
+  if (handed_over != Outbox::HandedOver::kEnough) return;
   if (const auto next = outbox_.next())
     hand_over_.start(std::max(0ms, std::chrono::ceil<std::chrono::milliseconds>(*next - now)));
 }

@@ -16,7 +16,7 @@
 
 namespace evac::desktop {
 
-class SerialLine : public QObject, public SerialPort {
+class SerialLine : public QObject, public SerialPort, private LineDevice {
   Q_OBJECT
  public:
   // `devices`: the device of COM1 and of COM2.
@@ -36,6 +36,7 @@ class SerialLine : public QObject, public SerialPort {
   void loss_changed(bool lost) override;
 
  private:
+  std::optional<std::size_t> take(std::span<const std::uint8_t> bytes) override;
   void take_bytes();
   // Hands over what the line can carry soon, and comes back for the rest.
   void hand_over();

@@ -25,28 +25,23 @@ CarriedLine::CarriedLine(std::size_t buffer) : buffer_(buffer) {
 void CarriedLine::put(std::span<const std::uint8_t, 9> frame, Instant now) {
   advance(now);
   outbox_.put(frame, moment(now));
-  feed(at_);
+  outbox_.hand_over(faults_, at_);
 }
 
-void CarriedLine::feed(Outbox::Moment now) {
-  if (lost_ || stalled_) return;
-  for (auto bytes = outbox_.ready(now); !bytes.empty() && device_.size() < buffer_;
-       bytes = outbox_.ready(now)) {
-    const std::size_t taken = std::min({bytes.size(), buffer_ - device_.size(), most_at_once_});
-    if (device_.empty()) wire_free_ = now + kCharacter;
-    device_.insert(device_.end(), bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(taken));
-    outbox_.taken(taken, now);
-  }
+std::optional<std::size_t> CarriedLine::take(std::span<const std::uint8_t> bytes) {
+  const std::size_t taken = std::min(bytes.size(), buffer_ - device_.size());
+  if (device_.empty()) wire_free_ = at_ + kCharacter;
+  device_.insert(device_.end(), bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(taken));
+  return taken;
 }
 
 void CarriedLine::advance(Instant now) {
   const Outbox::Moment until = moment(now);
   while (true) {
-    feed(at_);
+    outbox_.hand_over(faults_, at_);
     auto next = Outbox::Moment::max();
     if (!device_.empty()) next = wire_free_;
-    if (const auto more = outbox_.next(); more && *more > at_ && !lost_ && !stalled_)
-      next = std::min(next, *more);
+    if (const auto more = outbox_.next(); more && *more > at_) next = std::min(next, *more);
     if (next > until) break;
     at_ = next;
     if (device_.empty() || wire_free_ > at_) continue;
@@ -60,7 +55,7 @@ void CarriedLine::advance(Instant now) {
 
 void CarriedLine::lose(Instant now) {
   advance(now);
-  lost_ = true;
+  faults_.set_lost(true);
   device_.clear();
   outbox_.line_lost(moment(now));
 }

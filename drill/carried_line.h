@@ -1,17 +1,17 @@
 // The way from the console's port to the other end of the line as a serial device makes it: frames wait in
-// the outbox, go into the buffer of a device, and pass on the wire byte by byte. The device may take nothing
-// for a while, or little at a time, or go with all that it holds.
+// the outbox, go into the buffer of a device, and pass on the wire byte by byte.
 #pragma once
 
 #include <deque>
 #include <functional>
 
+#include "machine/faulty_devices.h"
 #include "machine/outbox.h"
 #include "model/time.h"
 
 namespace evac::drill {
 
-class CarriedLine {
+class CarriedLine : private LineDevice {
  public:
   // `buffer`: the bytes that the device holds.
   explicit CarriedLine(std::size_t buffer);
@@ -22,14 +22,12 @@ class CarriedLine {
   // Told of each byte that has passed.
   std::function<void(std::uint8_t, Instant)> arrived = [](std::uint8_t, Instant) {};
 
-  // The device goes, and comes back empty.
+  // The device goes, with all that it holds, and comes back empty.
   void lose(Instant now);
-  void restore() { lost_ = false; }
-  bool lost() const { return lost_; }
-  // The device takes no byte; what it holds goes on.
-  void set_stalled(bool on) { stalled_ = on; }
-  // It takes no more than so many bytes with one write.
-  void set_most_at_once(std::size_t bytes) { most_at_once_ = bytes; }
+  void restore() { faults_.set_lost(false); }
+  bool lost() const { return faults_.lost(); }
+  // What keeps the outbox from the device; what the device holds goes on.
+  FaultyLine& faults() { return faults_; }
   // The process is gone, and with it what waits.
   void forget();
 
@@ -40,14 +38,13 @@ class CarriedLine {
   std::chrono::milliseconds backlog(Instant now) const;
 
  private:
-  void feed(Outbox::Moment now);
+  std::optional<std::size_t> take(std::span<const std::uint8_t> bytes) override;
 
   const std::size_t buffer_;
   Outbox outbox_;
   std::deque<std::uint8_t> device_;
+  FaultyLine faults_{*this};
   Outbox::Moment at_{}, wire_free_{};  // up to which all has been done; when the byte on the wire has passed
-  bool lost_ = false, stalled_ = false;
-  std::size_t most_at_once_ = static_cast<std::size_t>(-1);
 };
 
 }  // namespace evac::drill

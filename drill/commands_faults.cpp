@@ -55,12 +55,12 @@ void Drill::do_line(const Words& words) {
   CarriedLine* line = machine_.carried();
   if (!line) throw CommandError("no line device is there");
   if (is(words, "stall", 2)) {
-    line->set_stalled(true);
+    line->faults().set_stalled(true);
   } else if (is(words, "short", 3)) {
-    line->set_most_at_once(std::max<std::size_t>(1, bytes_of(words[2])));
+    line->faults().set_most_at_once(std::max<std::size_t>(1, bytes_of(words[2])));
   } else if (is(words, "work", 2)) {
-    line->set_stalled(false);
-    line->set_most_at_once(static_cast<std::size_t>(-1));
+    line->faults().set_stalled(false);
+    line->faults().set_most_at_once(static_cast<std::size_t>(-1));
   } else {
     throw CommandError("expected: line device 4096, lost, back, stall, short 5 or work");
   }

@@ -1,12 +1,15 @@
-// Media and digital-input cards with faults, in front of any others: for tests, drills and the simulation.
+// Media, digital-input cards and the device of the line with faults, in front of any others: for tests,
+// drills and the simulation.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <functional>
 #include <map>
 #include <utility>
 
+#include "machine/line_device.h"
 #include "platform/machine.h"
 
 namespace evac {
@@ -82,6 +85,30 @@ class FaultyCards : public Cards {
   const Hold hold_;
   std::array<Card, 2> cards_{};
   std::map<std::int16_t, std::size_t> numbers_;  // of the cards, by handle
+};
+
+class FaultyLine : public LineDevice {
+ public:
+  explicit FaultyLine(LineDevice& inner) : inner_(inner) {}
+
+  // It is gone.
+  void set_lost(bool on) { lost_ = on; }
+  bool lost() const { return lost_; }
+  // It has no room for any byte.
+  void set_stalled(bool on) { stalled_ = on; }
+  // It takes no more than so many bytes with one call.
+  void set_most_at_once(std::size_t bytes) { most_at_once_ = bytes; }
+
+  std::optional<std::size_t> take(std::span<const std::uint8_t> bytes) override {
+    if (lost_) return std::nullopt;
+    if (stalled_) return 0;
+    return inner_.take(bytes.first(std::min(bytes.size(), most_at_once_)));
+  }
+
+ private:
+  LineDevice& inner_;
+  bool lost_ = false, stalled_ = false;
+  std::size_t most_at_once_ = static_cast<std::size_t>(-1);
 };
 
 }  // namespace evac

@@ -29,7 +29,8 @@ FileError FaultyFiles::read_end(std::string_view path, std::size_t count, std::s
 }
 
 FileError FaultyFiles::replace(std::string_view path, std::string_view bytes) {
-  const FileError error = unless_refused([&] { return inner_.replace(path, bytes); });
+  const FileError error =
+      unless_refused([&] { return kept_off(path) ? kNoError : inner_.replace(path, bytes); });
   if (error == kNoError) replaced(path, bytes);
   return error;
 }

@@ -27,6 +27,8 @@ class FaultyFiles : public Files {
   std::function<void(std::string_view path, std::string_view bytes)> replaced = [](auto, auto) {},
                                                                      appended = [](auto, auto) {};
   std::function<void(std::string_view path)> removed = [](auto) {};
+  // Whether a file of that path never reaches the disk when it is replaced: it is only told of.
+  std::function<bool(std::string_view path)> kept_off = [](auto) { return false; };
 
   FileError read(std::string_view path, std::string& bytes) override;
   FileError read_end(std::string_view path, std::size_t count, std::string& bytes) override;

@@ -135,6 +135,16 @@ void Outbox::taken(std::size_t count, Moment now) {
   while (now - handed_.front().when > kRepeated) handed_.pop_front();
 }
 
+Outbox::HandedOver Outbox::hand_over(LineDevice& device, Moment now) {
+  for (auto bytes = ready(now); !bytes.empty(); bytes = ready(now)) {
+    const auto count = device.take(bytes);
+    if (!count) return HandedOver::kGone;
+    if (*count == 0) return HandedOver::kFull;
+    taken(*count, now);
+  }
+  return HandedOver::kEnough;
+}
+
 std::optional<Outbox::Moment> Outbox::next() const {
   if (waiting_.empty()) return std::nullopt;
   return free_ - (kAhead - time_of_frame());

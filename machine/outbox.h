@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 
+#include "machine/line_device.h"
 #include "rack/frame.h"
 
 namespace evac {
@@ -33,6 +34,9 @@ class Outbox {
   std::span<const std::uint8_t> ready(Moment now) const;
   // The device took that many of them.
   void taken(std::size_t count, Moment now);
+  // Both, until the device is far enough ahead, has no room, or is gone.
+  enum class HandedOver { kEnough, kFull, kGone };
+  HandedOver hand_over(LineDevice& device, Moment now);
   // When there is more to hand over; none when no frame waits.
   std::optional<Moment> next() const;
   // The line went: what may have been lost with it goes again, whole; answers to polls are too late.

@@ -14,7 +14,6 @@ using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
 constexpr int kAlgorithmZones = 96;
-constexpr std::string_view kStatusFile = "\\FNetKntrl";
 constexpr int kStatusCounts = 100;
 constexpr std::string_view kZoneEntry = "Зона - ", kPlayEntry = " длина: ";
 
@@ -30,6 +29,7 @@ void Rules::process_started(Console& console) {
   held_at_change_ = machine_.held_so_far();
   untouched_ = first_fire_ = sound_sure_ = true;
   clock_set_ = false;
+  first_answer_ = true;
   check_loaded(console);
   console.watch().changed = [this, &console] { take_excuses(console); };
   const bool lone = closed_.size() == 1;
@@ -165,6 +165,9 @@ void Rules::sent(const rack::Frame& frame) {
     else if (!garbled_ || machine_.now() - *garbled_ > 1s)
       throw Broken("an answer to no poll");
     answers_.push_back({machine_.now(), answers_.size(), machine_.held_so_far()});
+    const auto* date = std::get_if<rack::DateSet>(&order);
+    if (std::exchange(first_answer_, false) && (!date || date->day != day_number(date_of(machine_.wall()))))
+      throw Broken("the first answer of a process does not set the day");
   }
   if (const auto* zone = std::get_if<rack::ZoneSet>(&order)) {
     zone_sent_[zone->zone] = machine_.now();
@@ -207,7 +210,7 @@ void Rules::journalled(std::string_view line) {
 
 void Rules::saved(std::string_view path, std::string_view bytes) {
   ++counts.saves;
-  saved_[std::string(path)] = bytes;
+  if (!machine_.faulty_files().kept_off(path)) saved_[std::string(path)] = bytes;
   if (path.ends_with(kStatusFile)) note_status(bytes);
   just_saved_.insert(std::string(path.substr(path.rfind('\\') + 1)));
 }

@@ -18,6 +18,9 @@ namespace evac::simulate {
 
 using drill::CarriedLine;
 
+// How the path of the file ends that is written in each second.
+constexpr std::string_view kStatusFile = "\\FNetKntrl";
+
 // Which rule is broken, and by what.
 class Broken : public std::runtime_error {
  public:
@@ -121,6 +124,7 @@ class Rules {
   std::optional<Since> left_over_;  // since when an alert runs whose bank has no contact closed
   bool clock_set_ = false;          // since the start
   bool untouched_ = true;           // no operator since the start
+  bool first_answer_ = true;        // no poll was answered since the start
   bool first_fire_ = true;          // no contact since the start
   bool sound_sure_ = true;          // every message can be opened since the start
   // The message that was given to the media last, and up to when it sounds.

@@ -65,7 +65,6 @@ struct AlertRig {
                          [&](const std::string& line) { return line.find(part) != std::string::npos; });
   }
   AlertState& alert() { return console->model().alert; }
-  const std::string& mode_line() { return console->form1().LblU[kModeLine].caption(); }
 
   Scratch scratch;
   drill::VirtualMachine machine{scratch.path};

@@ -27,11 +27,6 @@ class AlertFiles : public testing::Test, protected AlertRig {
   void SetUp() override { sound("fire.wav", 3); }
   const std::string& table(int zone, int step) { return algorithms.AlgZoneTable[zone][step]; }
   using Texts = std::vector<std::string>;
-  Texts boxes() {
-    const Texts texts(machine.raised().begin(), machine.raised().end());
-    machine.raised().clear();
-    return texts;
-  }
 
   AlgorithmState algorithms;
   AlertStore store{{.settings = data.settings, .algorithms = algorithms, .folder = data.folder}};
@@ -97,35 +92,6 @@ TEST_F(AlertFiles, ALowerNumberEndsTheReadingAndOneOutsideTheTableIsAFault) {
     EXPECT_EQ(table(6, 1) == last, reading.records.back() == last && !reading.cut);
     EXPECT_EQ(data.cut(kAlgorithmFile), reading.cut);
   }
-}
-
-// What the rooms make of it on a whole console.
-TEST_F(AlertFiles, OneThatCannotBeReadOrWrittenIsToldAndTheSaveGoesOn) {
-  settle(controller_settings());
-  settle_steps({step_record(1, 1, 1, 1)});
-  start();
-  const auto block = [&](const std::string& file) {
-    std::filesystem::remove(machine.files().locate(data.folder.path(file)));
-    ASSERT_EQ(machine.files().make_folder(data.folder.path(file)), kNoError);
-  };
-  block(kSettingsFile);
-  block(kAlgorithmFile);
-  auto& form5 = console->forms().form5;
-  run(1s);
-  form5.Opt1[2].set_value(true);
-  form5.ChkM.set_value(true);
-  form5.VSM.set_value(30);
-  form5.CmdSave.click();
-  EXPECT_EQ(boxes(), (Texts{"Ошибка записи в файл f_al.dat 75", "Ошибка записи f_al_str.dat 75"}));
-  EXPECT_EQ(console->model().supervision.NextCheck, 8 * 3600 + 30 * 60 + 1);
-  EXPECT_NE(console->model().algorithms.AlgZoneTable[1][1], "");
-
-  console.reset();
-  machine.clear_process();
-  console = std::make_unique<Console>(machine.machine());
-  console->load();
-  EXPECT_EQ(boxes(), (Texts{"Ошибка чтения файла f_al.dat 75", "Ошибка чтения файла f_al_str,dat 75"}));
-  EXPECT_EQ(console->model().settings.SettingsLine[kScanCycles], "1");
 }
 
 }  // namespace

@@ -54,22 +54,6 @@ TEST_F(Alerts, ABankWithAllItsContactsClosedIsNotSilent) {
   EXPECT_FALSE(alert().al_bank[2]);
 }
 
-TEST_F(Alerts, AnHourOfRepeatsStartsEachOnItsSecond) {
-  sound("long.wav", 35);
-  settle_steps({step_record(5, 1, 100, 5, "long.wav")});
-  start();
-  run(40ms);
-  machine.set_contact(5, true);
-  run(3601s);
-  std::vector<std::string> plays;
-  for (const auto& line : log)
-    if (line.ends_with("media MP2 play")) plays.push_back(line);
-  ASSERT_EQ(plays.size(), 100u);
-  for (std::size_t i = 0; i < plays.size(); ++i)
-    EXPECT_EQ(plays[i], time_text(8 * 3600 + static_cast<int>(i) * 36) + " media MP2 play");
-  EXPECT_FALSE(alert().al_active);
-}
-
 TEST_F(Alerts, AStepOfNoPlaysPlaysOnceWhenItIsTheFirstAndEndsTheAlgorithmLater) {
   settle_steps({step_record(1, 1, 0, 1), step_record(1, 2, 5, 2), step_record(2, 1, 1, 3),
                 step_record(2, 2, 0, 4), step_record(2, 3, 1, 5)});
@@ -132,35 +116,6 @@ TEST_F(Alerts, ReleasingAllZonesSilencesTheMessagesOfBothPlayers) {
   forget();
   console->form1().CmdAlAl.click();
   EXPECT_EQ(logged("media MP1 stop") + logged("media MP2 stop"), 2);
-}
-
-// Switches that later rooms work are pressed where they are on: after a type 3 alert even when its message
-// can't be opened, after a block's alert only when it plays.
-TEST_F(Alerts, AnAlertSilencesThePlayerTheTimerAndAutomaticControl) {
-  settle_steps({step_record(1, 1, 1, 1, "gone.wav")});
-  start();
-  int player = 0, timer = 0, control = 0;
-  auto& form = console->form1();
-  form.CmdPMP.click = [&] { ++player; };
-  form.CmdTV.click = [&] { timer += player; };
-  form.CmdZ.click = [&] { control += timer; };
-  auto& model = console->model();
-  model.player.mp_pow = model.timer.tm_on = model.supervision.auto_mode = true;
-  machine.set_contact(1, true);
-  run(100ms);
-  EXPECT_EQ(machine.raised(), std::deque<std::string>{"Ошибка открытия файла gone.wav"});
-  EXPECT_EQ(control, 1);
-
-  model.settings.SettingsLine[kAlertType] = "1";
-  model.settings.SettingsLine[kBlockMessage] = "gone.wav";
-  model.player.mp_pow = false;
-  console->form1().CmdStF.click();
-  console->form1().CmdStF.click();
-  const std::array<std::uint8_t, 9> report = {0xAA, 0xAA, 0x41, 0, 15, 4, 0, 0, 0};
-  machine.receive(report);
-  run(200ms);
-  EXPECT_TRUE(alert().al_active);
-  EXPECT_EQ(control, 1);
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
-// The rules of the widget layer: which settings raise events, what a user's hand reaches, what a view is
-// told.
+// The rules of the widget layer: which settings raise events, what a pop-up menu takes, where the caret of a
+// masked input goes.
 #include <gtest/gtest.h>
 
 #include "drill/virtual_machine.h"
-#include "platform/listers.h"
 #include "platform/user.h"
 #include "tests/scratch.h"
 
@@ -22,31 +21,15 @@ class Controls : public testing::Test {
   Form form;
 };
 
-TEST_F(Controls, OptionGroupRaisesOneClickAndTurnsTheOthersOffSilently) {
-  OptionGroup group;
-  OptionButton a(form.place(), group, "A"), b(form.place(), group, "B");
-  std::string clicks;
-  a.click = [&] { clicks += 'a'; };
-  b.click = [&] { clicks += 'b'; };
-  a.set_value(true);
-  a.set_value(true);
-  b.set_value(true);
-  EXPECT_EQ(clicks, "ab");
-  EXPECT_EQ(group.chosen(), &b);
-  b.set_value(false);
-  EXPECT_EQ(group.chosen(), nullptr);
-  user::click(a);
-  user::click(a);
-  EXPECT_EQ(clicks, "abaa");
-}
-
 TEST_F(Controls, EventsOfValuesComeOnChangeOnly) {
   ScrollBar bar(form.place(), "Bar", 1, 100, 1);
   CheckBox box(form.place(), "Box");
   ListBox list(form.place(), "List");
   ComboBox combo(form.place(), "Combo");
+  OptionGroup group;
+  OptionButton option(form.place(), group, "A");
   int changes = 0;
-  bar.change = box.click = list.click = combo.click = [&] { ++changes; };
+  bar.change = box.click = list.click = combo.click = option.click = [&] { ++changes; };
   bar.set_value(1);
   bar.set_value(-5);
   EXPECT_EQ(changes, 0);
@@ -79,6 +62,9 @@ TEST_F(Controls, EventsOfValuesComeOnChangeOnly) {
   combo.select(0);
   EXPECT_EQ(combo.text(), "a.wav");
   EXPECT_EQ(changes, 6);
+  option.set_value(true);
+  option.set_value(true);
+  EXPECT_EQ(changes, 7);
 }
 
 TEST_F(Controls, AHandReachesNothingDisabledHiddenOrInSuchAFrameButCodeDoes) {
@@ -97,22 +83,6 @@ TEST_F(Controls, AHandReachesNothingDisabledHiddenOrInSuchAFrameButCodeDoes) {
   EXPECT_FALSE(user::click(button));
   button.click();
   EXPECT_EQ(clicks, 2);
-}
-
-TEST_F(Controls, ARightPressCountsWithoutShiftOnlyAndALeftOneIsHeldUntilItIsLetGo) {
-  Button button(form.place(), "Cmd");
-  std::string events;
-  button.mouse_down = [&](MousePress press) {
-    events += press.plain_right() ? 'r' : press.button == 1 ? 'd' : '-';
-  };
-  button.mouse_up = [&] { events += 'u'; };
-  button.click = [&] { events += 'c'; };
-  user::right_press(button);
-  user::right_press(button, true);
-  user::press(button);
-  user::release(button);
-  user::click(button);
-  EXPECT_EQ(events, "r-duc");
 }
 
 TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {
@@ -139,24 +109,6 @@ TEST_F(Controls, APopupTakesOneClickAndGoesWithTheNextUserEvent) {
   EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(Controls, AViewIsToldOfChangesAndOfNothingElse) {
-  struct View : ControlView {
-    void control_changed(Control&) override { ++changes; }
-    void focus_wanted(Control&) override { ++focuses; }
-    int changes = 0, focuses = 0;
-  } view;
-  Label label(form.place(), "Lbl", "a");
-  label.attach(&view);
-  label.set_caption("a");
-  label.set_enabled(true);
-  EXPECT_EQ(view.changes, 0);
-  label.set_caption("b");
-  label.set_back_color(Color::kOn);
-  label.set_focus();
-  EXPECT_EQ(view.changes, 2);
-  EXPECT_EQ(view.focuses, 1);
-}
-
 TEST_F(Controls, TheCaretOfAMaskedInputJumpsTheMasksOwnCharacters) {
   MaskedEdit time(form.place(), "TxtTper", "##:##:##");
   std::string carets;
@@ -178,24 +130,6 @@ TEST_F(Controls, TheCaretOfAMaskedInputJumpsTheMasksOwnCharacters) {
   user::set_text(time, "1");
   user::press_key(time, "9");
   EXPECT_EQ(time.text(), "19");
-}
-
-TEST_F(Controls, TheListOfDrivesFollowsTheDrivesAndKeepsTheChosenOne) {
-  machine.mount_drive('D');
-  DriveLister drives(form.place(), "Drive1", machine.files());
-  int clicks = 0;
-  user::pick(drives, 1);
-  drives.click = [&] { ++clicks; };
-  machine.mount_drive('E');
-  machine.mount_drive('B');
-  drives.refresh();
-  EXPECT_EQ(drives.rows(), (std::vector<std::string>{"B:", "C:", "D:", "E:"}));
-  EXPECT_EQ(drives.row(drives.selected()), "D:");
-  machine.unmount_drive('D');
-  drives.refresh();
-  EXPECT_EQ(drives.rows(), (std::vector<std::string>{"B:", "C:", "E:"}));
-  EXPECT_EQ(drives.selected(), -1);
-  EXPECT_EQ(clicks, 0);
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
-// The loop's promises: order, phase, late ticks, waiting inside a handler, boxes that hold everything.
-// do not.
+// The loop's promises: order, phase, late ticks, timers that rest, boxes that hold everything.
 #include <gtest/gtest.h>
 
 #include "drill/virtual_machine.h"
-#include "platform/user.h"
+#include "model/text.h"
 #include "tests/scratch.h"
 
 namespace evac {
@@ -99,35 +98,34 @@ TEST_F(Loop, ALateTickIsTakenOnceAndBoxesHoldEverything) {
   EXPECT_EQ(fast_ticks, 4);
 }
 
-TEST_F(Loop, AHandlerThatWaitsLetsEvenItsOwnTimerIn) {
-  Timer timer(form.place(), "T", 20);
-  std::string order;
-  int depth = 0;
-  timer.tick = [&] {
-    const int mine = ++depth;
-    order += "(";
-    if (mine < 3)
-      while (depth < 3) machine.loop().pump();
-    order += ")";
+TEST_F(Loop, NobodyIsWokenForATimerThatRestsAndItKeepsItsPhase) {
+  Timer counter(form.place(), "C", 20), look(form.place(), "L", 100);
+  std::string log;
+  bool rests = true;
+  const auto note = [&](std::string_view what) {
+    log += join(what, machine.now().time_since_epoch() / 1ms, " ");
   };
-  timer.set_enabled(true);
-  machine.run_for(60ms);
-  EXPECT_EQ(order, "((()))");
+  counter.tick = [&] { note("c"); };
+  counter.rests = [&] { return rests; };
+  look.tick = [&] { note("l"); };
+  counter.set_enabled(true);
+  look.set_enabled(true);
+  machine.run_for(170ms);
+  machine.loop().post([&] {
+    note("e");
+    rests = false;
+  });
+  machine.run_for(30ms);
+  EXPECT_EQ(log, "c100 l100 c170 e170 c180 c200 l200 ");
 }
 
 TEST_F(Loop, EventsRunInTheOrderOfTheirMoments) {
-  Timer a(form.place(), "A", 100), b(form.place(), "B", 100);
   std::string order;
-  a.tick = [&] { order += 'a'; };
-  b.tick = [&] { order += 'b'; };
-  b.set_enabled(true);
-  a.set_enabled(true);
-  machine.loop().post([&] {
-    order += '1';
-    machine.loop().post([&] { order += '2'; });
-  });
-  machine.run_for(250ms);
-  EXPECT_EQ(order, "12baba");
+  machine.loop().post_after(10ms, [&] { order += 'b'; });
+  machine.loop().post_after(20ms, [&] { order += 'c'; });
+  machine.loop().post([&] { order += 'a'; });
+  machine.run_for(30ms);
+  EXPECT_EQ(order, "abc");
 }
 
 }  // namespace

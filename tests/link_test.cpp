@@ -1,4 +1,4 @@
-// The frames that do not fit their bytes, the alarm zones as the line knows them, and the receiving end.
+// The alarm zones as the line knows them.
 #include "link/link.h"
 
 #include <gtest/gtest.h>
@@ -36,33 +36,6 @@ TEST_F(LinkFrames, TheAlarmZonesAreOnUntilAStopHasGoneOut) {
   port.open();
   link.SendAlarm9(false);
   EXPECT_FALSE(state.alarm_zones_on);
-}
-
-TEST_F(LinkFrames, WhatDoesNotFitItsByteIsAnOverflowAndNothingGoesOut) {
-  const auto number_of = [](auto&& send) {
-    try {
-      send();
-    } catch (const Fault& fault) {
-      return fault.number();
-    }
-    return 0;
-  };
-  EXPECT_EQ(number_of([&] { link.SendSource(Link::kSourceCommand, Link::kCdDeck, 0, 4, 100); }), 6);
-  EXPECT_EQ(number_of([&] { link.SendZoneSet(256, 1, 1); }), 6);
-  EXPECT_EQ(number_of([&] { link.SendZoneSet(1, -1, 1); }), 6);
-  EXPECT_TRUE(host.sent().empty());
-}
-
-TEST_F(LinkFrames, TheLastFrameStandsInBothBuffers) {
-  int frames = 0;
-  link.frame_received = [&] { ++frames; };
-  for (const int byte : {0x55, 0xAA, 0xAA, 0xAA, 1, 2, 3, 4, 5, 6, 0xAA, 0x10})
-    link.take(static_cast<std::uint8_t>(byte));
-  EXPECT_EQ(frames, 1);
-  EXPECT_EQ(state.r_frame, (Frame9{0xAA, 0xAA, 0xAA, 1, 2, 3, 4, 5, 6}));
-  EXPECT_EQ(state.r_buf[0], 0xAA);
-  EXPECT_EQ(state.r_buf[6], 6);
-  EXPECT_EQ(state.rx_state, 0);
 }
 
 }  // namespace

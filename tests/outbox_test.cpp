@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "link/link.h"
+#include "machine/faulty_devices.h"
 #include "rack/network.h"
 
 namespace evac {
@@ -13,7 +14,7 @@ using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
 // The console's own frames into an outbox, and a line that carries them at 4800 baud.
-class OnTheLine : public ::testing::Test {
+class OnTheLine : public ::testing::Test, protected LineDevice {
  protected:
   OnTheLine() { outbox.set_character(1'000'000'000ns * 11 / 4800); }
 
@@ -28,25 +29,28 @@ class OnTheLine : public ::testing::Test {
   void stop() { put(0x09, {0, 0xFF, 0, 0, 0}); }
   void poll_answer() { put(0x20, {0x11, 0, 0, 0, 0}); }
 
-  // The device takes up to `room` bytes at each of its turns, one a millisecond.
-  void carry(milliseconds time, std::size_t room = 1000) {
+  // The device takes up to `bytes` bytes at each of its turns, one a millisecond.
+  void carry(milliseconds time, std::size_t bytes = 1000) {
     for (const auto end = now + time; now < end; now += 1ms) {
-      std::size_t left = room;
-      for (auto bytes = outbox.ready(now); !bytes.empty() && left > 0; bytes = outbox.ready(now)) {
-        const auto some = bytes.first(std::min(left, bytes.size()));
-        for (const std::uint8_t byte : some) {
-          rack::Frame frame;
-          if (reader.take(byte, frame)) {
-            heard.push_back(rack::words(rack::order_of(frame)));
-            network.obey(rack::order_of(frame), {});
-          }
-        }
-        left -= some.size();
-        outbox.taken(some.size(), now);
-      }
+      room = bytes;
+      outbox.hand_over(line, now);
     }
   }
+  std::optional<std::size_t> take(std::span<const std::uint8_t> bytes) override {
+    const std::size_t count = std::min(room, bytes.size());
+    room -= count;
+    rack::Frame frame;
+    for (const std::uint8_t byte : bytes.first(count))
+      if (reader.take(byte, frame)) came(frame);
+    return count;
+  }
 
+  FaultyLine line{*this};
+  std::size_t room = 0;
+  std::function<void(const rack::Frame&)> came = [this](const rack::Frame& frame) {
+    heard.push_back(rack::words(rack::order_of(frame)));
+    network.obey(rack::order_of(frame), {});
+  };
   Outbox outbox;
   Outbox::Moment now{1h};
   rack::FrameReader reader;
@@ -78,22 +82,19 @@ TEST_F(OnTheLine, LosesNoZoneWhereverTheLineBreaksOff) {
     // What the device holds when it goes is lost: here all of the last 100 ms.
     rack::Network before;
     std::deque<std::pair<Outbox::Moment, rack::Frame>> in_device;
-    std::size_t bytes_taken = 0;
-    while (bytes_taken < static_cast<std::size_t>(at)) {
-      for (auto bytes = outbox.ready(now); !bytes.empty() && bytes_taken < static_cast<std::size_t>(at);
-           bytes = outbox.ready(now)) {
-        rack::Frame frame;
-        if (reader.take(bytes[0], frame)) in_device.emplace_back(now, frame);
-        outbox.taken(1, now);
-        ++bytes_taken;
-      }
-      now += 1ms;
-    }
+    const auto obey =
+        std::exchange(came, [&](const rack::Frame& frame) { in_device.emplace_back(now, frame); });
+    line.set_most_at_once(1 + static_cast<std::size_t>(at) % 9);
+    for (room = static_cast<std::size_t>(at); room > 0; now += 1ms) outbox.hand_over(line, now);
+    came = obey;
     for (const auto& [when, frame] : in_device)
       if (now - when > Outbox::kAhead) network.obey(rack::order_of(frame), {});
+    line.set_lost(true);
     outbox.line_lost(now);
     reader.reset();
     now += 1min;
+    ASSERT_EQ(outbox.hand_over(line, now), Outbox::HandedOver::kGone);
+    line.set_lost(false);
     carry(6s);
     ASSERT_EQ(network.zones_on(), 120) << at;
   }

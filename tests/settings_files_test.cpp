@@ -67,40 +67,6 @@ TEST_F(SettingsFiles, CellsAndNamesLieAtTheirPlaces) {
   EXPECT_EQ(names, (std::vector<std::string>{"1\tХолл №1", "2\t?", long_name.substr(0, 126)}));
 }
 
-TEST_F(SettingsFiles, ADamagedFileGivesWhatCanBeRead) {
-  const std::string_view file = kTerminalNamesFile;
-  const auto names_in = [&](const std::string& bytes) {
-    EXPECT_EQ(folder.replace(file, bytes), kNoError);
-    std::vector<std::string> names;
-    EXPECT_EQ(read_names(folder, file, names), kNoError);
-    return names;
-  };
-  using Names = std::vector<std::string>;
-  EXPECT_EQ(names_in(""), Names{});
-  EXPECT_EQ(names_in("\x02"), Names{""});                                  // not even a length
-  EXPECT_EQ(names_in(record("1\tA", 128) + "\x09"), (Names{"1\tA", ""}));  // the next begun
-  EXPECT_EQ(names_in(record("2\tBB", 128).substr(0, 5)), Names{"2\tB"});   // cut off in the text
-  EXPECT_EQ(names_in(std::string(128, '\0') + record("3\tC", 128)), (Names{"", "3\tC"}));
-  // A length beyond the record gives the record, and the next one is whole.
-  const std::string claims_all = "\xFF\xFF" + std::string(126, 'y');
-  EXPECT_EQ(names_in(claims_all + record("4\tD", 128)), (Names{std::string(126, 'y'), "4\tD"}));
-
-  // A zone file that ends among the channels has its labels; a missing one comes to be.
-  std::vector<CellRecord> zones(kZones, {"9", 2});
-  ASSERT_EQ(write_cells(folder, kZoneFile, zones), kNoError);
-  ASSERT_EQ(folder.replace(kZoneFile, bytes_of(kZoneFile).substr(0, 121 * 256)), kNoError);
-  ASSERT_EQ(read_cells(folder, kZoneFile, kZones, zones), kNoError);
-  ASSERT_EQ(zones.size(), static_cast<std::size_t>(kZones));
-  EXPECT_EQ(zones[0].channel, 2);
-  EXPECT_EQ(zones[119].label, "9");
-  EXPECT_EQ(zones[119].channel, 0);
-  std::optional<EquipmentRecords> equipment;
-  EXPECT_EQ(read_equipment(folder, equipment), kNoError);
-  EXPECT_FALSE(equipment);
-  EXPECT_TRUE(files.is_file(folder.path(kEquipmentFile)));
-  EXPECT_TRUE(state.cut_files.empty());
-}
-
 // Reads the file whole, then with one record of its own put in: cut or not, and what the next saves keep.
 TEST_F(SettingsFiles, WhatAReadingLeftIsKeptByTheFirstSaveBehindIt) {
   std::optional<EquipmentRecords> equipment;

@@ -103,20 +103,6 @@ TEST_F(Seconds, StepsOfUpToAMinuteLeaveNoSecondOutAndRepeatNone) {
   EXPECT_EQ(machine.large_steps, 0);
 }
 
-TEST_F(Seconds, AStepInTheMidstOfAnotherLeavesNoSecondOutAndRepeatsNone) {
-  using Steps = std::pair<milliseconds, milliseconds>;
-  for (const auto& [first, second] : {Steps{-50s, 1351ms}, Steps{-20s, -7s}, Steps{-9s, 15s}, Steps{40s, 10s},
-                                      Steps{40s, -3s}, Steps{-700ms, 230ms}}) {
-    run(1234ms);
-    machine.step(first);
-    run(1700ms);
-    machine.step(second);
-    run(70s);
-  }
-  expect_no_gap();
-  EXPECT_EQ(machine.large_steps, 0);
-}
-
 TEST_F(Seconds, ALargeStepIsTakenAtOnceAndTold) {
   const int before = second();
   machine.step(1h);

@@ -1,5 +1,4 @@
-// What the drills can't see of the supervision: the status file, tones, lists at their limits, the order of
-// the clock's work.
+// What the drills can't see of the supervision: the status file, tones, the limit of nothing.
 #include <gtest/gtest.h>
 
 #include "store/code_page.h"
@@ -75,38 +74,6 @@ TEST_F(Supervision, YearsOfLostPassesOverflowNothing) {
   for (int i = 0; i < 6; ++i) form().CmdArm.click();
   EXPECT_EQ(missed, 32767);
   EXPECT_EQ(form().List4.count(), 32767);
-}
-
-// Both set the picture in the same second: the alarm has the last word. Every second tick sounds.
-TEST_F(Supervision, TheAlarmTicksBehindTheCountdownAndSoundsEverySecondTick) {
-  start("1");
-  rig.run(3995ms);
-  // At this moment the alarm's first tick comes just before the countdown's.
-  form().Timer9.set_enabled(true);
-  rig.forget();
-  for (int second = 0; second < 6; ++second) {
-    rig.run(1s);
-    EXPECT_EQ(form().PctM.picture(), picture::kPause);
-  }
-  EXPECT_EQ(rig.logged("beep 1500 100"), 3);
-  EXPECT_EQ(rig.log.front().substr(0, 7), "8:00:05") << "the second tick is the first to sound";
-}
-
-TEST(Housekeeping, ANewDayComesBeforeTheRestartTestAndTheLine) {
-  AlertRig rig;
-  rig.start();
-  HeaderStrip& strip = rig.console->form1();
-  Clock clock({.strip = strip, .loop = rig.machine.loop()});
-  clock.start();
-  std::string order;
-  clock.day_changed = [&] { order += "day, "; };
-  clock.restart_test = [&] { order += "test at " + strip.LblDate.caption().substr(0, 7) + ", "; };
-  clock.tick();
-  rig.machine.set_wall(std::chrono::local_days(std::chrono::January / 6 / 2026) + 1s);
-  clock.tick();
-  clock.tick();
-  EXPECT_EQ(order, "test at , day, test at 8:00:00, test at 0:00:01, ");
-  EXPECT_EQ(strip.LblDate.caption(), "0:00:01     ВТОРНИК 6 Января 2026 года ");
 }
 
 }  // namespace

@@ -153,51 +153,6 @@ TEST_F(WatchLines, AMessageIsMissedByTheCalendarAndTheClock) {
   EXPECT_FALSE(told(missed));
 }
 
-TEST_F(WatchLines, AlertsThatTheirContactsDoNotExplain) {
-  start();
-  console->form1().VSFD.set_value(7);
-  // A contact starts it, a test of the same zone takes over, the contact opens.
-  machine.set_contact(7, true);
-  pass(100ms);
-  say_yes(console->form1().CmdDem);
-  machine.set_contact(7, false);
-  pass(100ms);
-  const std::string blind = "ОБНАРУЖЕНИЕ ПОЖАРА ОТКЛЮЧЕНО: проверка";
-  EXPECT_EQ(lines(), (Lines{"ОПОВЕЩЕНИЕ: зона 7", "ПРОВЕРКА: зона 7", blind}));
-  // Started by the test, it is the test.
-  reset_by_hand();
-  say_yes(console->form1().CmdDem);
-  pass(100ms);
-  EXPECT_EQ(lines(), (Lines{"ПРОВЕРКА: зона 7", blind}));
-}
-
-TEST_F(WatchLines, WhatAnAlertSwitchedOffIsToldUntilItHasBeenOn) {
-  start();
-  auto& form = console->form1();
-  auto& model = console->model();
-  bool& timer = model.timer.tm_on;
-  bool& control = model.supervision.auto_mode;
-  bool& player = model.player.mp_pow;
-  form.CmdTV.click = [&] { timer = !timer; };
-  form.CmdZ.click = [&] { control = !control; };
-  form.CmdPMP.click = [&] { player = !player; };
-  timer = player = true;
-  control = false;
-  machine.set_contact(7, true);
-  pass(100ms);
-  EXPECT_TRUE(told("Выключено оповещением: недельный таймер, плеер"));
-  control = timer = true;
-  pass(100ms);
-  EXPECT_TRUE(told("Выключено оповещением: плеер"));
-  // Off again by the operator's own hand; the next alert adds what it finds on.
-  timer = false;
-  machine.set_contact(7, false);
-  pass(100ms);
-  machine.set_contact(7, true);
-  pass(100ms);
-  EXPECT_TRUE(told("Выключено оповещением: автоматический контроль, плеер"));
-}
-
 // A fire that no handler has seen yet, for a host whose box holds everything.
 class FiresWaiting : public WatchLines {
  protected:

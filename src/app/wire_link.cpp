@@ -8,6 +8,7 @@ void Console::wire_link() {
   link_.frame_received = [this] { dispatcher_.dispatch(); };
   reply_wait_.answer = [this] { dispatcher_.answer_poll(); };
   forms_.form1.Timer1.tick = [this] { reply_wait_.tick(); };
+  forms_.form1.Timer1.rests = [this] { return reply_wait_.rests(); };
 }
 
 void Console::wire_menu() {

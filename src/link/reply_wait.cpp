@@ -38,6 +38,10 @@ void ReplyWait::tick() {
   send_answers();
 }
 
+bool ReplyWait::rests() const {
+  return reply_wait_ >= kOver && due_ == 0;
+}
+
 void ReplyWait::begin_scan() {
   reply_wait_ = kScanBegins;
 }

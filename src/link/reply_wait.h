@@ -20,6 +20,8 @@ class ReplyWait {
   void data_came();
   // One tick of Timer1: 20 ms.
   void tick();
+  // Nobody waits, so that a tick counts nothing.
+  bool rests() const;
 
   // The scan's wait, of 31 ticks: begin, then let the others in for as long as the scan is kWaiting. Answers
   // that are due go out at their own time.

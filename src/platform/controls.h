@@ -332,6 +332,9 @@ class Timer : public Control {
   void set_enabled(bool on) override;
 
   Event<> tick;
+  // Whether a tick would change nothing as things stand. Nobody is woken for one that would not: it is made
+  // up for, in its phase, before the next event.
+  std::function<bool()> rests = [] { return false; };
 
  private:
   int interval_;

@@ -70,9 +70,9 @@ bool EventLoop::run_due() {
 
 std::optional<Instant> EventLoop::next_due() const {
   std::optional<Instant> due;
-  const std::size_t at = oldest_timer();
-  if (at < timers_.size()) due = timers_[at].due;
-  if (!posted_.empty() && (!due || posted_.front().due < *due)) due = posted_.front().due;
+  if (!posted_.empty()) due = posted_.front().due;
+  for (const Armed& armed : timers_)
+    if ((!due || armed.due < *due) && !armed.timer->rests()) due = armed.due;
   return due;
 }
 

@@ -50,7 +50,8 @@ class EventLoop {
   bool run_due();
   // The number of the innermost event that is being run; 0 when none is.
   std::uint64_t running() const { return running_; }
-  // The moment of the next event, past or future; none when nothing is armed or posted.
+  // The moment of the next event that is worth waking for, past or future; none when nothing is posted, and
+  // armed only what rests.
   std::optional<Instant> next_due() const;
   // For a host whose wall clock changes its speed or is set: timers in phase with it find their second anew.
   void keep_phase();

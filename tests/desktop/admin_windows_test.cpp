@@ -1,10 +1,8 @@
-// The windows of administration under an operator's hands: Enter and Esc, the keyboard beside a password, the
-// masked time.
+// The windows of administration under an operator's hands: Enter and Esc, the masked time.
 #include <QClipboard>
 #include <QLineEdit>
 #include <QTest>
 
-#include "desktop/view/host_widgets.h"
 #include "model/text.h"
 #include "training_desktop.h"
 
@@ -101,51 +99,6 @@ TEST_F(AdminWindows, ATimeIsTypedStraightOnAndMendedAtTheCursor) {
                                             "06:05:__ 6 06:05"}));
   EXPECT_EQ(desktop->console().model().restart.ResetTime[1], 6 * 3600 + 5 * 60);
   EXPECT_TRUE(desktop->console().model().restart.ResetAny);
-}
-
-TEST_F(AdminWindows, TheEngineersWindowComesByAShiftedRightPressAndEnterSendsItsFrame) {
-  FrmISxodniki& form = forms().frm_isxodniki;
-  QTest::mouseClick(widget(form1().LblDate), Qt::RightButton);
-  settle();
-  EXPECT_FALSE(form.shown());
-  QTest::mouseClick(widget(form1().LblDate), Qt::RightButton, Qt::ShiftModifier);
-  settle();
-  ASSERT_TRUE(form.shown());
-  EXPECT_EQ(window(form).focusWidget(), line(form.T1));
-  type(form.T1, "3")();
-  type(form.T2, "20")();
-  type(form.T3, "7")();
-  key(form.T3, Qt::Key_Return)();
-  line(form.T6)->setFocus();
-  type(form.T6, "9")();
-  key(form.T6, Qt::Key_Return)();
-  ASSERT_TRUE(until([&] { return heard.size() == 10; })) << "the matrix, and these";
-  EXPECT_EQ(heard[8], "Зона 7: канал 3, громкость 20");
-  EXPECT_EQ(heard[9], "Терминал 9: канал 0, громкость 0");
-  key(form.T6, Qt::Key_Escape)();
-  settle();
-  EXPECT_FALSE(form.shown());
-}
-
-TEST_F(AdminWindows, TheKeyboardIsToldBesideAPasswordAsFarAsItIsKnown) {
-  KeyboardState state;
-  KeyboardNote note([&] { return state; }, nullptr);
-  const auto shown = [&] {
-    note.hide();
-    note.show();
-    return note.text();
-  };
-  EXPECT_EQ(shown(), "");
-  state = {"RU", false};
-  EXPECT_TRUE(shown().contains("RU"));
-  EXPECT_FALSE(shown().contains("CAPS LOCK"));
-  state.caps_lock = true;
-  EXPECT_TRUE(QTest::qWaitFor([&] { return note.text().contains("CAPS LOCK"); }))
-      << "told while it stands there";
-  EXPECT_EQ(note.accessibleName(), "Раскладка RU • CAPS LOCK ВКЛЮЧЁН");
-  EXPECT_EQ(keyboard_state().layout, "") << "no display, nothing to tell";
-  for (Form* form : {static_cast<Form*>(&forms().frm_psw), static_cast<Form*>(&forms().frm_pwr)})
-    EXPECT_TRUE(window(*form).findChild<KeyboardNote*>("keyboard")) << form->name();
 }
 
 }  // namespace

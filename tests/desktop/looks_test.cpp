@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <map>
 
 #include "desktop/view/labels.h"
@@ -157,72 +156,6 @@ TEST_F(Looks, NothingIsCutOffAtTheSmallestSizeWithTheBarOfTheAlarm) {
       EXPECT_TRUE(room.width() >= needed.width() && room.height() >= needed.height()) << what;
     }
   });
-}
-
-TEST_F(Looks, WhatIsPressedInAnEmergencyIsHighEnoughForAFinger) {
-  for (Control* target :
-       {static_cast<Control*>(&form1().CmdAl), static_cast<Control*>(&form1().CmdCan),
-        static_cast<Control*>(&form1().CmdDem), static_cast<Control*>(&form1().CmdStF),
-        static_cast<Control*>(&form1().AlarmTab::VS1), static_cast<Control*>(&form1().VSFD)})
-    EXPECT_GE(widget(*target)->height(), 34) << target->full_name();
-  form1().SSTab1.set_value(1);
-  resize_main(1280, 800);
-  settle();
-  for (const auto& array : {&form1().CmdAZ, &form1().CmdCh, &form1().CmdVol})
-    for (Button& cell : *array) EXPECT_GE(widget(cell)->height(), 30) << cell.full_name();
-}
-
-TEST_F(Looks, OnASmallScreenTheStopIsSeenAndATabScrollsToItsControls) {
-  resize_main(1024, 700);
-  EXPECT_LE(main_window().width(), 1024);
-  settle();
-  EXPECT_EQ(widget(form1().CmdStF)->visibleRegion().boundingRect(), widget(form1().CmdStF)->rect());
-  form1().SSTab1.set_value(1);
-  settle();
-  QApplication::processEvents();
-  QScrollArea* page = nullptr;
-  for (auto* each : main_window().findChildren<QScrollArea*>())
-    if (each->isVisible()) page = each;
-  ASSERT_TRUE(page);
-  EXPECT_GT(page->horizontalScrollBar()->maximum(), 0);
-  QWidget* last = widget(form1().CmdVol[120]);
-  EXPECT_TRUE(last->visibleRegion().isEmpty());
-  page->ensureWidgetVisible(last);
-  QApplication::processEvents();
-  EXPECT_FALSE(last->visibleRegion().isEmpty());
-}
-
-TEST_F(Looks, TheTimeLeftStandsThereOnlyWhileAMessagePlays) {
-  form1().AlarmTab::LblT.set_caption("0:00:07");
-  settle();
-  QWidget* left = widget(form1().AlarmTab::LblT);
-  const QImage empty = left->grab().toImage();
-  EXPECT_EQ(left->accessibleName(), "Осталось");
-  form1().Timer6.set_enabled(true);
-  settle();
-  EXPECT_EQ(left->accessibleName(), "Осталось, 0:00:07");
-  EXPECT_NE(left->grab().toImage(), empty);
-  form1().Timer6.set_enabled(false);
-  settle();
-  EXPECT_EQ(left->grab().toImage(), empty);
-}
-
-TEST_F(Looks, ALampThatBurnsKeepsTheSignOfFireWhateverElseIsPaintedOnIt) {
-  QWidget* lamp = widget(form1().PctA[7]);
-  const QImage dark = lamp->grab().toImage();
-  form1().PctA[7].set_picture(picture::kPause);
-  settle();
-  const QImage fire = lamp->grab().toImage();
-  desktop->screen().set_sign(form1().PctA[7], picture::kPause);
-  for (const auto word : {picture::kYes, picture::kNo}) {
-    form1().PctA[7].set_picture(word);
-    settle();
-    EXPECT_EQ(lamp->grab().toImage(), fire);
-    EXPECT_EQ(lamp->accessibleName(), "Зона 7, пожар");
-  }
-  desktop->screen().set_sign(form1().PctA[7], {});
-  settle();
-  EXPECT_EQ(lamp->grab().toImage(), dark);
 }
 
 }  // namespace

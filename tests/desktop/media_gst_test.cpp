@@ -151,22 +151,6 @@ TEST_F(Sound, ASeekHoldsAlsoBeforeThePlay) {
   EXPECT_TRUE(comes([&] { return media.position() == 5; }));
 }
 
-TEST_F(Sound, FourPlayAtATime) {
-  put("a.wav", wave(3));
-  GstMedia others[3] = {{probe, fake, 2s}, {probe, fake, 2s}, {probe, fake, 2s}};
-  for (auto& other : others) {
-    other.set_file("a.wav");
-    other.set_volume(-600);
-    other.play();
-  }
-  media.set_file("a.wav");
-  media.play();
-  others[0].stop();
-  EXPECT_TRUE(
-      comes([&] { return media.position() > 0 && others[1].position() > 0 && others[2].position() > 0; }));
-  EXPECT_EQ(others[0].position(), 0);
-}
-
 // A quiet beginning of few bytes a second and a rest of many, behind a tag and before another: a guess by the
 // beginning would be wrong several times over.
 TEST_F(Sound, AnMp3WithoutALengthOfItsOwnHasTheRightOne) {
@@ -295,17 +279,6 @@ TEST_F(Sound, AFileThatEndsEarlyOrGoesOnBehindItsHeaderEndsWithItsSound) {
     EXPECT_TRUE(comes([&] { return media.position() >= 1; })) << name;
   }
   EXPECT_EQ(media.trouble(), "");
-}
-
-TEST(MissingDecoders, AreNamedWithTheirPackages) {
-  const auto missing = missing_decoders([](std::string_view module) { return module != "mpg123audiodec"; });
-  EXPECT_EQ(missing, std::vector<std::string>{}) << "another module does as well";
-  EXPECT_EQ(
-      missing_decoders([](std::string_view module) { return module == "playbin"; }),
-      (std::vector<std::string>{
-          "Файлы .wav не воспроизводятся: нет модуля wavparse (пакет gstreamer1.0-plugins-good)",
-          "Файлы .mp3 не воспроизводятся: нет модуля mpg123audiodec (пакет gstreamer1.0-plugins-good)",
-          "Файлы .mid и .rmi не воспроизводятся: нет модуля fluiddec (пакет gstreamer1.0-plugins-bad)"}));
 }
 
 // A device that is not there makes no file unplayable: an alert goes on by the clock, and the trouble is

@@ -1,19 +1,14 @@
 // The player on the desktop, with the training mode's own tracks under a sink that only keeps time: what the
 // hands do to the position and the lists, and what is heard of it.
 #include <QAbstractScrollArea>
-#include <QCursor>
-#include <QLabel>
 #include <QPushButton>
 #include <QTest>
-#include <thread>
 
 #include "platform/user.h"
 #include "training_desktop.h"
 
 namespace evac::desktop {
 namespace {
-
-using namespace std::chrono_literals;
 
 class PlayerDesktop : public TrainingDesktop {
  protected:
@@ -122,29 +117,6 @@ TEST_F(PlayerDesktop, ARightPressInAListAsksAndTheWayOutOfAFolderIsThere) {
   settle();
   EXPECT_EQ(form1().Dir2.path(), "D:\\");
   EXPECT_EQ(form1().LstAddList.count(), 3);
-}
-
-TEST_F(PlayerDesktop, LongWorkIsShownWhileItLastsAndSpokenOfAfterwards) {
-  FormWindows& windows = desktop->windows();
-  const auto card = [&] { return main_window().findChild<QWidget*>("busy"); };
-  windows.busy("Поиск", 0, 1000);
-  ASSERT_TRUE(QApplication::overrideCursor());
-  windows.busy("Поиск", 1, 1000);
-  EXPECT_FALSE(card()) << "nothing flashes up for a moment";
-  std::this_thread::sleep_for(BusySign::kUnseen + 10ms);
-  windows.busy("Поиск", 700, 1000);
-  ASSERT_TRUE(card());
-  EXPECT_EQ(card()->accessibleName(), "Поиск: 700 из 1000");
-  // A box in the middle of it has the pointer and the place for itself, and its time is not the work's.
-  windows.hold_busy();
-  EXPECT_FALSE(QApplication::overrideCursor());
-  EXPECT_FALSE(card());
-  std::this_thread::sleep_for(400ms);
-  windows.busy("Поиск", 1000, 1000);
-  windows.busy_over();
-  EXPECT_FALSE(QApplication::overrideCursor());
-  EXPECT_FALSE(card());
-  EXPECT_EQ(desktop->notices().message(Notices::kWork), "Поиск: 1000 за 0,3 с");
 }
 
 }  // namespace

@@ -1,7 +1,4 @@
-// Sources, power and supervision on the desktop: what plays and what is on can be told without colours, and a
-// pass of the terminals leaves the window in the operator's hands.
-#include <QAbstractButton>
-#include <QScrollBar>
+// Supervision on the desktop: a pass of the terminals leaves the window in the operator's hands.
 #include <QTableView>
 #include <QTest>
 
@@ -16,26 +13,9 @@ class SupervisionDesktop : public TrainingDesktop {
     desktop->start();
     resize_main(1260, 650);
   }
-  // The widget as it is painted, without its colours.
-  QImage grey_picture(Control& control) {
-    settle();
-    return widget(control)->grab().toImage().convertToFormat(QImage::Format_Grayscale8);
-  }
   void press(Control& control) { QTest::mouseClick(widget(control), Qt::LeftButton); }
   const QWidget* progress() { return main_window().findChild<QWidget*>("scan progress"); }
 };
-
-TEST_F(SupervisionDesktop, WhatIsOnHasAnotherShape) {
-  constexpr int kPowerTab = 6;
-  form1().SSTab1.set_value(kPowerTab);
-  const QImage dark = grey_picture(form1().CmdTW3[2]);
-  // The switch itself, left of the caption, and not only its ground.
-  const QRect sign(dark.width() / 16, dark.height() / 3, dark.width() / 8, dark.height() / 3);
-  press(form1().CmdTW3[2]);
-  EXPECT_NE(grey_picture(form1().CmdTW3[2]).copy(sign), dark.copy(sign));
-  EXPECT_TRUE(until([&] { return rack().network().outlet(3, 3); }));
-  EXPECT_EQ(widget(form1().CmdTW3[2])->accessibleName(), "Блок 3 выход 3, CH3, включен");
-}
 
 TEST_F(SupervisionDesktop, APassTellsHowFarItIsAndLeavesTheWindowUsable) {
   constexpr int kControlTab = 5, kTerminals = 20;
@@ -61,30 +41,6 @@ TEST_F(SupervisionDesktop, APassTellsHowFarItIsAndLeavesTheWindowUsable) {
   settle();
   EXPECT_EQ(form1().CmdSkan.caption(), "ВЫКЛ");
   EXPECT_TRUE(until([&] { return progress()->accessibleName().isEmpty(); }));
-}
-
-TEST_F(SupervisionDesktop, TheGridFollowsItsLastRowUnlessTheUserLooksElsewhere) {
-  form1().SSTab1.set_value(5);
-  settle();
-  auto* bar = widget<QTableView>(form1().MSF2)->verticalScrollBar();
-  form1().MSF2.set_row_count(100);
-  settle();
-  EXPECT_EQ(bar->value(), bar->maximum());
-  bar->setValue(3);
-  form1().MSF2.set_row_count(150);
-  settle();
-  EXPECT_EQ(bar->value(), 3);
-}
-
-TEST_F(SupervisionDesktop, TheResetIsShownAsHeldWhileTheMouseHoldsIt) {
-  form1().SSTab1.set_value(5);
-  QWidget* reset = widget(form1().CmdSb);
-  QTest::mousePress(reset, Qt::LeftButton);
-  settle();
-  EXPECT_EQ(form1().CmdSb.picture(), picture::kSwitchOn);
-  QTest::mouseRelease(reset, Qt::LeftButton);
-  settle();
-  EXPECT_EQ(form1().CmdSb.picture(), picture::kSwitchOff);
 }
 
 }  // namespace

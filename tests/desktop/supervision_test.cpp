@@ -70,18 +70,6 @@ TEST_F(Supervised, TheDetectionItselfBeatsAndAlsoABoxThatIsUp) {
   EXPECT_TRUE(manager.heard().isEmpty()) << "a console that does not detect does not live";
 }
 
-TEST_F(Supervised, ItBeatsWhileTheHostItselfAsks) {
-  desktop->start();
-  (void)manager.heard();
-  QStringList under_box;
-  QTimer::singleShot(1500, [&] {
-    under_box = manager.heard();
-    dynamic_cast<QDialog&>(*QApplication::activeModalWidget()).reject();
-  });
-  EXPECT_FALSE(ask_host(desktop->feed(), nullptr, "Закрыть пульт?"));
-  EXPECT_TRUE(under_box.contains("WATCHDOG=1"));
-}
-
 TEST_F(Supervised, ItBeatsInTheMidstOfWorkThatHoldsTheWindow) {
   desktop->start();
   (void)manager.heard();
@@ -135,26 +123,6 @@ TEST(DataCheck, TellsOfADataFolderWithoutSettings) {
   std::ofstream(path / "state/file-system") << "0815";
   EXPECT_TRUE(look().contains(QStringLiteral("не на том диске"))) << "and is the known one from then on";
   EXPECT_EQ(look(), "");
-}
-
-TEST(DataCheck, ASoundDeviceThatStallsHoldsNeitherTheLookNorTheEnd) {
-  QTemporaryDir folder;
-  const std::filesystem::path path = folder.path().toStdString();
-  const auto stalls = std::make_shared<std::atomic<bool>>(true);
-  QStringList told;
-  {
-    SelfCheck check({path / "F_ust.dat", path / "state", [stalls] {
-                       stalls->wait(true);
-                       return QStringList();
-                     }});
-    QObject::connect(&check, &SelfCheck::looked, &check,
-                     [&](const QString&, const QStringList& sound) { told = sound; });
-    check.start();
-    while (told.isEmpty()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-  EXPECT_EQ(told, QStringList("Звуковое устройство не отвечает"));
-  *stalls = false;
-  stalls->notify_all();
 }
 
 }  // namespace

@@ -1,13 +1,11 @@
-// The weekly timer on the desktop: the school's week is written and given its dates by mouse and by keyboard,
-// and the panel says what comes next.
+// The weekly timer on the desktop: a programme is given its dates by mouse and by keyboard, and the panel
+// says what comes next.
 #include <QAbstractButton>
 #include <QLabel>
 #include <QListView>
-#include <QListWidget>
 #include <QTest>
 
 #include "desktop/timer_ahead.h"
-#include "desktop/view/buttons.h"
 #include "desktop/view/months.h"
 #include "store/programme_files.h"
 #include "store/timer_record.h"
@@ -35,12 +33,6 @@ class TimerDesktop : public TrainingDesktop {
   static void key(Qt::Key key, int times = 1, Qt::KeyboardModifiers held = {}) {
     for (; times > 0; --times) QTest::keyClick(focus(), key, held);
   }
-  static void type(const char* keys) { QTest::keyClicks(focus(), keys); }
-  // Alt with a letter of a caption, as Unicode has it.
-  static void alt(int letter) {
-    QTest::sendKeyEvent(QTest::Click, focus(), static_cast<Qt::Key>(letter), QString(QChar(letter)),
-                        Qt::AltModifier);
-  }
   std::function<void()> press(Control& control) {
     return [this, &control] { widget<QAbstractButton>(control)->click(); };
   }
@@ -55,8 +47,6 @@ class TimerDesktop : public TrainingDesktop {
   void press_day(Date day) {
     QTest::mouseClick(&months(), Qt::LeftButton, {}, months().place_of(day).center());
   }
-  // A shortcut presses its button for longer than a step.
-  static void pause() {}
   // Opens the choice of a programme and its dates, the way from the menu, and closes all behind it.
   void work_choice(std::vector<std::function<void()>> steps) {
     forms().form3.CmbLstProg.add("Школа");
@@ -106,79 +96,6 @@ TEST_F(TimerDesktop, ARangeOfDatesIsDrawnOrPressedAndGoesIntoTheSchedulesFile) {
       << aloud.toStdString();
 }
 
-TEST_F(TimerDesktop, ARangeOfDatesIsChosenByKeyboardAndIsNoLongerThanItMayBe) {
-  bool open_behind_escape = false;
-  work_choice({[this] {
-                 key(Qt::Key_Space);  // the list's only row
-               },
-               [this] {
-                 key(Qt::Key_Tab);
-                 key(Qt::Key_Right, 2);
-                 key(Qt::Key_Return);
-                 key(Qt::Key_Down);
-                 key(Qt::Key_Return);
-               },
-               answer_box(),
-               [this] {
-                 key(Qt::Key_Tab);
-                 key(Qt::Key_Return);
-               },
-               press(forms().frm_tm.CmdAdd), [this] { key(Qt::Key_Space); },
-               [this] {
-                 key(Qt::Key_Tab);
-                 key(Qt::Key_Return);
-                 key(Qt::Key_Escape);  // gives up the day, not the window
-               },
-               [&] {
-                 open_behind_escape = window(forms().frm8).isVisible();
-                 key(Qt::Key_PageDown, 2, Qt::ShiftModifier);
-                 key(Qt::Key_Return);
-               },
-               answer_box(), press(forms().frm8.Command1), press(forms().frm_tm.Command2)});
-  EXPECT_TRUE(open_behind_escape);
-  EXPECT_EQ(saved_schedule(), (std::vector{entry(2, 9), entry(0, 30)}));
-}
-
-TEST_F(TimerDesktop, AWeekIsWrittenWithTheKeysAlone) {
-  QString shown;
-  bool lit = false;
-  work_settings(form1().M_tim, {[this] {
-                                  widget(forms().form3.VSH)->setFocus();
-                                  type("8");
-                                  key(Qt::Key_Tab);
-                                  type("30");
-                                  key(Qt::Key_Tab);
-                                  type("5");
-                                  key(Qt::Key_Tab);
-                                  key(Qt::Key_Space);
-                                  key(Qt::Key_Tab, 2);
-                                  key(Qt::Key_Space);
-                                },
-                                [this] {
-                                  widget(forms().form3.VsFr)->setFocus();
-                                  type("14");
-                                },
-                                [this] {
-                                  key(Qt::Key_Tab);
-                                  type("20");
-                                  alt(0x0414);  // "Добавить запись": the number is whole by that
-                                },
-                                pause, pause,
-                                [&] {
-                                  lit = *widget<ButtonView>(forms().form3.CmdW[3])->pressed();
-                                  auto* rows = widget<QListView>(forms().form3.Lst1);
-                                  shown = rows->model()->index(0, 0).data().toString();
-                                  alt(0x0421);  // "Сохранить", which asks for the name
-                                },
-                                pause, pause, answer_box(), [this] { window(forms().form3).close(); }});
-  EXPECT_TRUE(lit);
-  EXPECT_EQ(shown.split('\t').first(3).join(' '), "1 8:30:05 ПН СР");
-  EXPECT_EQ(shown.split('\t').last(2).join(' '), "14 20") << "the first is not pulled by half a number";
-  ASSERT_EQ(desktop->console().model().timer.events.size(), 1u);
-  EXPECT_EQ(desktop->console().model().timer.events[0].tm_days, 5);
-  EXPECT_TRUE(desktop->files().is_file("C:\\ZEF_DAT\\timer\\Новая программа"));
-}
-
 std::string record(const char* function, const char* message = "Вкл/Выкл") {
   return timer_record({"1", "0", "0", "0", "1", message, "1", "60", function});
 }
@@ -213,20 +130,6 @@ TEST(TimerAhead, TellsWhatComesAndWhatNeverWillWithWhy) {
   timer.tm_on = false;
   EXPECT_EQ(timer_ahead(timer, now).mid(1), passed_over);
   EXPECT_EQ(timer_ahead(TimerState{}, now), QStringList{"В программе нет событий"});
-}
-
-TEST_F(TimerDesktop, ThePanelListsTheNextEventsAsTheProgrammeChanges) {
-  constexpr int kControlTab = 5;
-  TimerState& timer = desktop->console().model().timer;
-  timer.events = {{record("Остановка"), 0, 127}};
-  timer.tm_scan = true;
-  form1().SSTab1.set_value(kControlTab);
-  settle();
-  auto* list = main_window().findChild<QListWidget*>("timer ahead");
-  EXPECT_TRUE(until([&] { return list->count() == 5; }));
-  EXPECT_EQ(list->item(0)->text(), "Завтра 0:00:00  Остановка");
-  QTest::mouseClick(widget(form1().CmdTV), Qt::LeftButton);
-  EXPECT_TRUE(until([&] { return list->item(0)->text().startsWith("Таймер выключен"); }));
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QPointingDevice>
-#include <QTabBar>
 #include <QTest>
 
 #include "training_desktop.h"
@@ -87,24 +86,6 @@ TEST_F(Views, ALongTouchIsARightPressAndNoClick) {
   EXPECT_EQ(rights, 1);
 }
 
-TEST_F(Views, OneControlShowsOnSeveralWidgetsAndKeepsTheirPlace) {
-  resize_main(1260, 650);
-  settle();
-  QWidget* lamp = widget(form1().PctA[1]);
-  const QRect place = lamp->geometry();
-  const auto lines = main_window().findChildren<QWidget*>("Form1.LblU(5)");
-  ASSERT_EQ(lines.size(), 2) << "in the strip and on the tab";
-  const QRect line_place = lines[0]->geometry();
-  form1().AlarmTab::LblU[5].set_caption(std::string(400, 'W'));
-  form1().PctA[1].set_picture(picture::kPause);
-  form1().PctA[120].set_picture(picture::kPause);
-  settle();
-  QTest::qWait(1);
-  for (QWidget* line : lines) EXPECT_TRUE(line->accessibleName().contains("WWW"));
-  EXPECT_EQ(lines[0]->geometry(), line_place);
-  EXPECT_EQ(lamp->geometry(), place);
-}
-
 TEST_F(Views, ASliderFollowsTheHandAndTheControl) {
   auto* bar = widget<QAbstractSlider>(form1().AlarmTab::VS1);
   QTest::keyClick(bar, Qt::Key_Up);
@@ -121,36 +102,6 @@ TEST_F(Views, ASliderFollowsTheHandAndTheControl) {
   settle();
   EXPECT_EQ(form1().AlarmTab::VS1.value(), 99);
   EXPECT_EQ(bar->value(), 99);
-}
-
-TEST_F(Views, TabsAndFramesFollowTheirControls) {
-  auto* tabs = main_window().findChild<QTabBar*>("Form1.SSTab1.bar");
-  tabs->setCurrentIndex(2);
-  settle();
-  EXPECT_EQ(form1().SSTab1.value(), 2);
-  EXPECT_TRUE(widget(form1().CmdU)->isVisible());
-  form1().SSTab1.set_value(6);
-  settle();
-  EXPECT_EQ(tabs->currentIndex(), 6);
-  form1().Frm5.set_enabled(false);
-  settle();
-  EXPECT_FALSE(widget(form1().Opt[1])->isEnabled());
-  EXPECT_TRUE(widget(form1().CmdU)->isEnabled());
-}
-
-TEST_F(Views, ArrowKeysWalkABoard) {
-  form1().SSTab1.set_value(1);
-  settle();
-  main_window().activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&main_window()));
-  QWidget* first = widget(form1().CmdCh[1]);
-  first->setFocus();
-  QTest::keyClick(first, Qt::Key_Right);
-  EXPECT_EQ(QApplication::focusWidget(), widget(form1().CmdVol[1]));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-  EXPECT_EQ(QApplication::focusWidget(), widget(form1().CmdVol[2]));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-  EXPECT_EQ(QApplication::focusWidget(), widget(form1().CmdAllZ)) << "Tab leaves the board";
 }
 
 }  // namespace
