@@ -16,6 +16,9 @@
 #include "desktop/training_music.h"
 #include "desktop/view/pictures.h"
 #include "model/text.h"
+#include "platform/listers.h"
+#include "store/admin_files.h"
+#include "store/play_list_file.h"
 
 namespace evac::desktop {
 namespace {
@@ -23,12 +26,14 @@ namespace {
 constexpr const char* kTrainingTitle = " — учебный режим";
 
 constexpr std::chrono::seconds kDeviceWatch{1};
-// Messages are looked at ahead, tracks when they are chosen.
-constexpr std::chrono::milliseconds kMessagePatience{90}, kTrackPatience{2000};
+// For what was not looked at ahead; a length that is only summed up may take longer.
+constexpr std::chrono::milliseconds kSoundPatience = Patience::kAnEvent, kSumPatience{500};
 constexpr std::string_view kMessageFolder = "C:\\ZEF_DAT\\message";
 constexpr int kLooksPerProbe = 5;
 constexpr int kAlarmTab = 0;
-constexpr std::string_view kWrittenFolders[] = {kProgramFolder, "C:\\ZEF_DAT"};
+constexpr std::string_view kDataFolder = "C:\\ZEF_DAT";
+constexpr std::string_view kWrittenFolders[] = {kProgramFolder, kDataFolder};
+constexpr std::string_view kSettingsFolders[] = {kDataFolder, "C:\\ZEF_DAT\\alarm", "C:\\ZEF_DAT\\timer"};
 constexpr std::string_view kSettingsFile = "C:\\ZEF_DAT\\F_ust.dat";
 
 std::map<int, QString> devices(const HostSetup& setup) {
@@ -61,15 +66,18 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     : training_(std::move(training)),
       disk_(setup.drives),
       // Nobody waits for a sync, and the next line tries again.
-      files_(disk_, [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
+      files_(disk_, patience_,
+             [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
       // Files of its own: a look that is stuck outlives all the rest here.
-      probe_([disk = PosixFiles(setup.drives)](std::string_view path) { return disk.locate(path); }, sound_),
-      mp_(probe_, sound_, kTrackPatience),
-      mp1_(probe_, sound_, kMessagePatience),
-      mp2_(probe_, sound_, kMessagePatience),
-      mp3_(probe_, sound_, kTrackPatience),
+      messages_([disk = PosixFiles(setup.drives)](std::string_view path) { return disk.locate(path); },
+                sound_),
+      tracks_([disk = PosixFiles(setup.drives)](std::string_view path) { return disk.locate(path); }, sound_),
+      mp_(tracks_, sound_, kSoundPatience, &patience_),
+      mp1_(messages_, sound_, kSoundPatience, &patience_),
+      mp2_(messages_, sound_, kSoundPatience, &patience_),
+      mp3_(tracks_, sound_, kSumPatience),
       comedi_(setup.cards),
       tone_(sound_),
       process_(setup.restart_armed, notices_, feed_,
@@ -87,6 +95,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
                 .timer_ahead = [this] { return timer_ahead(console_->model().timer, loop_.wall()); },
                 .stand_button = [this](QWidget* parent) { return make_stand_button(parent); }},
                training_ ? QString::fromUtf8(kTrainingTitle) : QString()) {
+  mp_.presume_unknown();
   mp2_.measure_aside();
   if (training_)
     simulated_cards_ = std::make_unique<SimulatedCards>(
@@ -95,8 +104,10 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   (void)files_.make_folder(kProgramFolder);
   for (const std::string_view folder : kWrittenFolders) disk_.remove_left_over(folder);
   host_.before_wait = [this] {
+    patience_.renew();
     for (GstMedia* media : {&mp_, &mp1_, &mp2_, &mp3_}) media->settle();
     scan_.look();
+    look_at_tracks_ahead();
     screen_.flush();
   };
   host_.steady_wall().changed = [this] { loop_.keep_phase(); };
@@ -104,9 +115,11 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));
   };
   boxes_.before_box = [this] {
+    patience_.renew();
     windows_.hold_busy();
     screen_.flush();
   };
+  windows_.work_goes_on = [this] { patience_.renew(); };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
   boxes_.fire_waits = [this] { return ending_ || console_->fire_waiting().now(); };
   boxes_.while_up = windows_.while_busy = [this] { heartbeat_.beat(); };
@@ -192,8 +205,24 @@ void Desktop::start() {
     notices_.keep_box(text);
     host_log(text);
   }
+  read_settings_ahead();
   console_->load();
+  patience_.end_start();
   heartbeat_.ready();
+}
+
+void Desktop::read_settings_ahead() {
+  std::string bytes;
+  // What can't be read says so to who needs it.
+  const auto read = [&](std::string_view folder, std::string_view name) {
+    (void)files_.read(path_in(folder, name), bytes);
+  };
+  for (const std::string_view folder : kSettingsFolders)
+    for (const std::string& name : files_.files(folder)) read(folder, name);
+  for (const std::string& name : files_.files(kProgramFolder))
+    if (is_play_list(name)) read(kProgramFolder, name);
+  // Without it nobody would get into the settings; often there is none.
+  read(kDataFolder, kPasswordFile);
 }
 
 void Desktop::end(const QString& why) {
@@ -229,8 +258,30 @@ void Desktop::show_signs() {
     screen_.set_sign(*indicator, unknown ? sign::kUnknown : std::string_view());
 }
 
+void Desktop::look_at_tracks_ahead() {
+  if (!console_) return;
+  const PlayerState& player = console_->model().player;
+  const auto& list = player.mp_list;
+  const Ahead ahead{list.data(), list.size(), player.mp_trk, console_->form1().LstPtreckMP.selected()};
+  if (ahead == ahead_) return;
+  if (ahead.list != ahead_.list || ahead.tracks != ahead_.tracks) tracks_.look_through(list);
+  ahead_ = ahead;
+  std::vector<std::string> soon;
+  const int last = player.mp_cnt();
+  const auto in_turn = [last](int number) { return (number + last - 1) % last + 1; };
+  if (last > 0)
+    for (const int number :
+         {player.mp_trk, in_turn(player.mp_trk + 1), ahead.row + 1, in_turn(player.mp_trk - 1), 1})
+      if (number >= 1 && number <= last) soon.push_back(list[static_cast<std::size_t>(number - 1)]);
+  tracks_.look_soon(std::move(soon));
+}
+
 void Desktop::look_after_devices() {
-  if (looks_++ % kLooksPerProbe == 0) probe_.look_ahead(std::string(kMessageFolder));
+  if (looks_++ % kLooksPerProbe == 0) messages_.look_ahead(std::string(kMessageFolder));
+  if (const auto track = mp_.playing()) console_->mend_track_length(track->file, track->length, track->late);
+  // What was stopped while its disk hung is not to begin by itself once that answers.
+  const PlayerState& player = console_->model().player;
+  if (!player.mp_play && !player.mp_pause && mp_.waits_to_be_heard()) mp_.hold();
   QStringList sound = missing_sound_;
   const std::array media = {&mp_, &mp1_, &mp2_, &mp3_};
   for (GstMedia* each : media) {

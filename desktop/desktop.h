@@ -65,6 +65,10 @@ class Desktop : private QObject {
   // Ends the program in order, whatever is open.
   void end(const QString& why);
   void bring_up();
+  // All files of the settings once, so that a disk that falls silent later has had its word on each.
+  void read_settings_ahead();
+  // The tracks that a press, or the end of one, asks for next.
+  void look_at_tracks_ahead();
   // What the watch and the line know better than the pictures that the console gave: lamps of closed contacts
   // burn, and nothing is known of a controller that is not heard.
   void show_signs();
@@ -78,13 +82,15 @@ class Desktop : private QObject {
   EventLoop loop_{host_};
   std::unique_ptr<TrainingLine> training_;
   PosixFiles disk_;
+  Patience patience_;
   BackgroundFiles files_;
   SerialLine line_;
   const SoundSetup sound_;
   // Some media control has the device.
   const std::shared_ptr<std::atomic<bool>> sounding_ = std::make_shared<std::atomic<bool>>(false);
   QStringList missing_sound_;  // what this machine lacks to be heard
-  SoundProbe probe_;
+  // Two, so that a track on a drive that hangs keeps no message waiting.
+  SoundProbe messages_, tracks_;
   GstMedia mp_, mp1_, mp2_, mp3_;
   ComediCards comedi_;
   std::unique_ptr<SimulatedCards> simulated_cards_;  // of the training mode
@@ -97,6 +103,13 @@ class Desktop : private QObject {
   FormWindows windows_;
   std::unique_ptr<Console> console_;
   std::unique_ptr<Stand> stand_;
+  // What was last looked at ahead: the list, by its place and length, the track, the row.
+  struct Ahead {
+    const std::string* list = nullptr;
+    std::size_t tracks = 0;
+    int track = 0, row = -1;
+    bool operator==(const Ahead&) const = default;
+  } ahead_;
   QTimer device_watch_;
   int looks_ = 0;  // at the devices
   EndSignals end_signals_;

@@ -243,6 +243,7 @@ void FormWindows::popup_shown(PopupMenu& menu) {
 }
 
 void FormWindows::busy(std::string_view what, int done, int total) {
+  work_goes_on();
   if (main_) busy_.show(window(*main_), qt(what), done, total);
   if (busy_.lasted() < kMostWork) while_busy();
 }

@@ -65,6 +65,8 @@ class FormWindows : public WindowHost {
   FormWindow& window(Form& form);
   // Called again and again while work holds the window, for as long as it may hold the console.
   std::function<void()> while_busy = [] {};
+  // Called between its pieces, however long it takes.
+  std::function<void()> work_goes_on = [] {};
   // A box comes up in the middle of work.
   void hold_busy() { busy_.hold(); }
   // Gone before the controls are.

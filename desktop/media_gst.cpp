@@ -4,17 +4,17 @@
 #include <cmath>
 
 #include "model/text.h"
+#include "model/time.h"
 
 namespace evac::desktop {
 namespace {
 
 constexpr int kSilence = -10000;
 constexpr std::chrono::seconds kStuck{1};
+// A day but a second: an end by the clock that is a second ago, and comes no more.
+constexpr double kPresumed = kSecondsPerDay - 1;
 
 }  // namespace
-
-GstMedia::GstMedia(SoundProbe& probe, const SoundSetup& setup, std::chrono::milliseconds patience)
-    : probe_(probe), setup_(setup), patience_(patience) {}
 
 void GstMedia::set_file(std::string_view path) {
   if (measures_aside_ && voice_ && !held_) before_ = std::move(voice_);
@@ -22,25 +22,71 @@ void GstMedia::set_file(std::string_view path) {
   stop();
   before_ = before;
   trouble_->tell("");
+  if (path_ != path) given_.reset();
   path_ = path;
   found_ = probe_.known(path_);
-  length_.reset();
+  asked_length_ = asked_trial_ = unanswered_ = false;
   starts_ = true;
 }
 
+void GstMedia::find_out(SoundProbe::Want want) {
+  const bool trial = want == SoundProbe::Want::kTried;
+  const bool enough = found_ && (trial ? found_->tried : found_->sure != Sure::kGuess);
+  if (path_.empty() || enough) return;
+  bool& asked = trial ? asked_trial_ : asked_length_;
+  if (asked && presumes_) return;
+  asked = true;
+  if (auto found = probe_.look(path_, want, most_, patience_)) found_ = std::move(found);
+  unanswered_ = !found_;
+}
+
 int GstMedia::ready_state() {
-  if (!found_ && !path_.empty()) {
-    found_ = probe_.look(path_, patience_);
-    if (!found_) trouble_->tell("Звуковой файл не читается: диск не отвечает");
-  }
-  return found_ && found_->ready ? 1 : 0;
+  find_out(SoundProbe::Want::kTried);
+  return found_ ? found_->ready : presumes_ && !path_.empty();
+}
+
+double GstMedia::length() const {
+  if (!found_) return presumes_ && !path_.empty() ? kPresumed : 0;
+  return found_->ready ? found_->length : 0;
 }
 
 double GstMedia::duration() {
-  if (found_ && found_->ready) return found_->length;
-  if (!found_ && !length_ && !path_.empty()) length_ = probe_.length(path_, patience_);
-  if (length_ && *length_ > 0) return *length_;
-  return ready_state() > 0 ? found_->length : 0;
+  find_out(SoundProbe::Want::kLength);
+  if (!given_) given_ = length();
+  return length();
+}
+
+std::optional<GstMedia::Playing> GstMedia::playing() {
+  const auto known = probe_.known(path_);
+  if (known) unanswered_ = false;
+  if (!voice_) {
+    if (!found_) found_ = known;
+    return {};
+  }
+  if (unheard_ && voice_->wants_look()) worker_.post([voice = voice_] { voice->look(); });
+  const bool heard = voice_->began();
+  // As long as it is not heard its time has not begun, unless it never will.
+  if (!known || (!found_ && known->ready && !heard && trouble_->text().empty())) return {};
+  found_ = known;
+  const double late = unheard_ && heard ? waited_ + (held_ ? 0 : unheard()) : 0;
+  unheard_ = unheard_ && !heard;
+  if (!given_ || (*given_ == length() && late < 1)) return {};
+  given_ = length();
+  return Playing{path_, length(), static_cast<int>(std::max(0.0, late))};
+}
+
+bool GstMedia::waits_to_be_heard() const {
+  return voice_ && unheard_ && !held_ && !voice_->began() && Clock::now() - since_ > kStuck;
+}
+
+double GstMedia::unheard() const {
+  const std::chrono::duration<double> passed = Clock::now() - since_;
+  return passed.count() - (voice_->position() - from_);
+}
+
+void GstMedia::listen_from(double position) {
+  since_ = Clock::now();
+  from_ = position;
 }
 
 void GstMedia::settle() {
@@ -51,15 +97,21 @@ void GstMedia::play() {
   starts_ = held_ = false;
   if (ready_state() == 0) return;
   // At its end it starts over, also when the news of the end is still on its way.
-  if (position() >= duration()) stop();
+  if (position() >= length()) stop();
   close(before_);
-  if (!voice_) voice_ = std::make_shared<Voice>(found_->file, setup_, volume_, rest_, trouble_);
+  if (!voice_) {
+    voice_ = std::make_shared<Voice>(probe_.finder(path_), setup_, volume_, rest_, trouble_);
+    unheard_ = true;
+    waited_ = 0;
+  }
+  listen_from(voice_->position());
   worker_.post([voice = voice_] { voice->play(); });
 }
 
 void GstMedia::hold() {
   starts_ = false;
   if (!voice_) return;
+  if (!held_) waited_ += unheard();
   held_ = true;
   voice_->stand_at(voice_->position());
   worker_.post([voice = voice_] { voice->pause(); });
@@ -80,17 +132,20 @@ void GstMedia::stop() {
 
 double GstMedia::position() {
   if (voice_ && voice_->ended()) ended_ = true;
-  if (ended_) return duration();
+  if (ended_) return length();
   if (!voice_) return rest_;
   if (voice_->wants_look()) worker_.post([voice = voice_] { voice->look(); });
-  return std::min(voice_->position(), duration());
+  return std::min(voice_->position(), length());
 }
 
 void GstMedia::seek(double seconds) {
   if (ended_ || (voice_ && voice_->ended())) stop();
-  rest_ = std::clamp(seconds, 0.0, duration());
+  find_out(SoundProbe::Want::kLength);
+  rest_ = std::clamp(seconds, 0.0, length());
   if (!voice_) return;
   voice_->stand_at(rest_);
+  listen_from(rest_);
+  waited_ = 0;
   worker_.post([voice = voice_, to = rest_] { voice->jump(to); });
 }
 
@@ -100,7 +155,8 @@ void GstMedia::set_volume(int hundredths) {
 }
 
 std::string GstMedia::trouble() const {
-  return worker_.is_stuck_for(kStuck) ? "Сообщение не звучит: звуковое устройство не отвечает"
+  if (unanswered_) return "Звуковой файл не читается: диск не отвечает";
+  return worker_.is_stuck_for(kStuck) ? "Сообщение не звучит: звуковое устройство или диск не отвечает"
                                       : trouble_->text();
 }
 

@@ -16,8 +16,11 @@ namespace evac::desktop {
 
 class GstMedia : public Media {
  public:
-  // `patience` is for files that were not looked at ahead; one that takes longer counts as not ready.
-  GstMedia(SoundProbe& probe, const SoundSetup& setup, std::chrono::milliseconds patience);
+  // A file that was not looked at ahead is waited for that long, or for as long as the event has `patience`;
+  // one that takes longer counts as not ready.
+  GstMedia(SoundProbe& probe, const SoundSetup& setup, std::chrono::milliseconds most,
+           Patience* patience = nullptr)
+      : probe_(probe), setup_(setup), most_(most), patience_(patience) {}
   ~GstMedia() override { stop(); }
   GstMedia(const GstMedia&) = delete;
   GstMedia& operator=(const GstMedia&) = delete;
@@ -25,6 +28,21 @@ class GstMedia : public Media {
   // From here on a file that is set and held without a play, as it is measured, leaves what played before it
   // sounding: no look at the settings cuts the message of an alert.
   void measure_aside() { measures_aside_ = true; }
+
+  // From here on a file that does not answer in time counts as ready, and as all but a day long: it begins
+  // when it does answer. Whoever follows its end by the clock hears from playing() what came out since.
+  void presume_unknown() { presumes_ = true; }
+  struct Playing {
+    std::string file;
+    double length;  // seconds
+    int late;       // whole seconds that it was not heard, told once
+    bool operator==(const Playing&) const = default;
+  };
+  // What is known by now of the file that plays or is held; to be called about once a second. None while
+  // there is nothing to tell.
+  std::optional<Playing> playing();
+  // A play has not come to be heard for a second.
+  bool waits_to_be_heard() const;
 
   // Stops what plays.
   void set_file(std::string_view path) override;
@@ -48,16 +66,31 @@ class GstMedia : public Media {
   void release_when_ended();
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   void close(std::shared_ptr<Voice>& voice);
+  // Asks for the file, where not enough is known of it; of a presumed one only once.
+  void find_out(SoundProbe::Want want);
+  double length() const;
+  // Seconds since the play without the sound of them.
+  double unheard() const;
+  void listen_from(double position);
 
   SoundProbe& probe_;
   const SoundSetup setup_;
-  const std::chrono::milliseconds patience_;
-  bool measures_aside_ = false;
-  std::string path_;                        // empty when there is none
-  std::optional<SoundProbe::Found> found_;  // once it was tried
-  std::optional<double> length_;            // once it is known
-  bool starts_ = false;                     // plays at the end of the event
+  const std::chrono::milliseconds most_;
+  Patience* const patience_;
+  bool measures_aside_ = false, presumes_ = false;
+  std::string path_;                                 // empty when there is none
+  std::optional<SoundProbe::Found> found_;           // once it is known
+  bool asked_length_ = false, asked_trial_ = false;  // of the probe
+  bool unanswered_ = false;                          // by it, so far
+  std::optional<double> given_;  // the length of this file that was told first, or last mended
+  // While a play is not heard yet: since when, from which position, and how long before a hold already.
+  bool unheard_ = false;
+  Clock::time_point since_{};
+  double from_ = 0, waited_ = 0;  // seconds
+  bool starts_ = false;           // plays at the end of the event
   bool held_ = false;
   double volume_ = 1;              // linear
   std::shared_ptr<Voice> voice_;   // a new one each time

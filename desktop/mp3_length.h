@@ -3,11 +3,23 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <optional>
 
 namespace evac::desktop {
 
-// Seconds; 0 for what is no mp3. A file without a length of its own is walked frame by frame, for a quarter
-// of a second at the most: what is left of it by then counts at the pace so far.
-double mp3_length(const std::filesystem::path& file);
+// What a length stands on: the rates of some places that differ, or agree, or all frames, or the file's word.
+enum class Sure { kGuess, kSampled, kExact };
+struct SoundLength {
+  double seconds = 0;  // 0 for what is no such file
+  Sure sure = Sure::kExact;
+};
+
+// By a few blocks of the file, whatever its size.
+SoundLength quick_mp3_length(const std::filesystem::path& file);
+
+// Seconds of all frames, one after another; none when `goes_on` said no before their end.
+std::optional<double> walked_mp3_length(const std::filesystem::path& file,
+                                        const std::function<bool()>& goes_on);
 
 }  // namespace evac::desktop

@@ -16,7 +16,7 @@ void Voice::play() {
       trouble_->tell("Звук не настроен: " + why);
       sink = fake_sink();
     }
-    player_ = make_player(file_, setup_, sink);
+    player_ = make_player(find_(), setup_, sink);
     if (!player_) return trouble_->tell("Нет проигрывателя GStreamer: нет модуля playback");
     GstBus* bus = gst_element_get_bus(player_.get());
     gst_bus_set_sync_handler(
@@ -80,6 +80,7 @@ void Voice::note(double position, bool moving) {
   const std::lock_guard lock(mutex_);
   at_ = position;
   moving_ = moving;
+  if (moving) began_ = true;
   noted_ = Clock::now();
 }
 

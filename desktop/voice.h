@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <mutex>
 
 #include "desktop/gst_parts.h"
@@ -29,9 +30,10 @@ class Trouble {
 
 class Voice {
  public:
-  Voice(std::filesystem::path file, const SoundSetup& setup, double volume, double start,
+  // `find` gives the file, and is called by the worker: it may stall with the disk.
+  Voice(std::function<std::filesystem::path()> find, const SoundSetup& setup, double volume, double start,
         std::shared_ptr<Trouble> trouble)
-      : file_(std::move(file)),
+      : find_(std::move(find)),
         setup_(setup),
         trouble_(std::move(trouble)),
         volume_(volume),
@@ -54,6 +56,8 @@ class Voice {
   // Stands at that position from now on, whatever the worker is still busy with.
   void stand_at(double seconds);
   bool ended() const { return ended_; }
+  // It was heard.
+  bool began() const { return began_; }
   // The last note is that old, so that a new one is worth a job.
   bool wants_look() const;
 
@@ -62,12 +66,12 @@ class Voice {
   void take_message(GstMessage* message);
   void note(double position, bool moving);
 
-  const std::filesystem::path file_;
+  const std::function<std::filesystem::path()> find_;
   const SoundSetup setup_;
   const std::shared_ptr<Trouble> trouble_;
   double volume_, start_;
   PlayBin player_;  // holds the device
-  std::atomic<bool> ended_ = false;
+  std::atomic<bool> ended_ = false, began_ = false;
   std::atomic<bool> stands_ = false;  // the position is the one told, not the device's
 
   mutable std::mutex mutex_;

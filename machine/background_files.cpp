@@ -11,31 +11,14 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// What an answer is kept under.
-std::string reading_of(std::string_view path) {
-  return "read " + lower_case(path);
-}
-std::string file_at(std::string_view path) {
-  return "file " + lower_case(path);
-}
-std::string folder_at(std::string_view path) {
-  return "folder " + lower_case(path);
-}
-std::string files_in(std::string_view folder) {
-  return "files " + lower_case(folder);
-}
-std::string folders_in(std::string_view folder) {
-  return "folders " + lower_case(folder);
-}
-
 }  // namespace
 
-BackgroundFiles::BackgroundFiles(Files& inner, Sync sync)
+BackgroundFiles::BackgroundFiles(Files& inner, Patience& patience, Sync sync)
     : inner_(inner),
+      patience_(patience),
       sync_(std::move(sync)),
       writer_([this] { write_until_done(); }),
-      syncer_([this] { sync_until_done(); }),
-      asker_([this] { ask_until_done(); }) {}
+      syncer_([this] { sync_until_done(); }) {}
 
 BackgroundFiles::~BackgroundFiles() {
   {
@@ -43,9 +26,11 @@ BackgroundFiles::~BackgroundFiles() {
     done_ = true;
   }
   work_.notify_one();
-  asked_.notify_one();
   writer_.join();
-  asker_.join();
+  for (auto& [drive, asker] : askers_) {
+    asker.asked.notify_one();
+    asker.thread.join();
+  }
   {
     const std::lock_guard lock(mutex_);
     all_written_ = true;
@@ -55,20 +40,22 @@ BackgroundFiles::~BackgroundFiles() {
 }
 
 FileError BackgroundFiles::append(std::string_view path, std::string_view bytes) {
-  return queue(std::make_shared<Write>(Write{true, std::string(path), std::string(bytes), Clock::now()}),
-               kAppendWait);
+  return queue(
+      std::make_shared<Write>(Write{Change::kAppend, std::string(path), std::string(bytes), Clock::now()}),
+      kAppendWait);
 }
 
 FileError BackgroundFiles::replace(std::string_view path, std::string_view bytes) {
-  return queue(std::make_shared<Write>(Write{false, std::string(path), std::string(bytes), Clock::now()}),
-               kReplaceWait);
+  return queue(
+      std::make_shared<Write>(Write{Change::kReplace, std::string(path), std::string(bytes), Clock::now()}),
+      kReplaceWait);
 }
 
 FileError BackgroundFiles::queue(std::shared_ptr<Write> write, std::chrono::milliseconds patience) {
   std::unique_lock lock(mutex_);
   ++changes_;
   // A file that is written again and again waits once, with what is newest.
-  if (!write->append && writes_.size() > 1 && !writes_.back()->append &&
+  if (!write->appends() && writes_.size() > 1 && writes_.back()->change == Change::kReplace &&
       writes_.back()->path == write->path) {
     bytes_waiting_ += write->bytes.size() - writes_.back()->bytes.size();
     note_written(*write);
@@ -83,17 +70,50 @@ FileError BackgroundFiles::queue(std::shared_ptr<Write> write, std::chrono::mill
   writes_.push_back(write);
   work_.notify_one();
   const auto begun = Clock::now();
-  if (write->append && begun - append_begun_ > kAppendsTogether) {
+  if (write->appends() && begun - append_begun_ > kAppendsTogether) {
     append_begun_ = begun;
     append_wait_ = patience;
   }
-  const auto most = write->append ? append_wait_ : Clock::duration(patience);
-  const bool known = !behind_ && written_.wait_for(lock, most, [&] { return write->done; });
-  if (write->append) append_wait_ -= std::min(append_wait_, Clock::now() - begun);
+  const auto most = write->appends() ? append_wait_ : Clock::duration(patience);
+  const bool known = !behind_ && patience_.wait(
+                                     written_, lock, [&] { return write->done; }, most);
+  if (write->appends()) append_wait_ -= std::min(append_wait_, Clock::now() - begun);
   if (!known) behind_ = write->overdue = true;
   const FileError result = known ? write->result : kNoError;
   if (result == kNoError) note_written(*write);
   return result;
+}
+
+FileError BackgroundFiles::change(Change change, std::string_view path, std::string_view other) {
+  std::unique_lock lock(mutex_);
+  if (behind_ && !patience_.starting()) return kDeviceError;
+  const auto write =
+      std::make_shared<Write>(Write{change, std::string(path), std::string(other), Clock::now()});
+  ++changes_;
+  bytes_waiting_ += write->bytes.size();
+  writes_.push_back(write);
+  work_.notify_one();
+  const auto done = [&] { return write->done; };
+  if (patience_.starting()) written_.wait(lock, done);
+  if (patience_.wait(written_, lock, done)) return write->result;
+  behind_ = write->overdue = true;
+  return kDeviceError;
+}
+
+FileError BackgroundFiles::carry_out(const Write& write, const std::string& bytes) {
+  switch (write.change) {
+    case Change::kAppend:
+      return inner_.append(write.path, bytes);
+    case Change::kReplace:
+      return inner_.replace(write.path, bytes);
+    case Change::kRemove:
+      return inner_.remove(write.path);
+    case Change::kCopy:
+      return inner_.copy(bytes, write.path);
+    case Change::kMakeFolder:
+      return inner_.make_folder(write.path);
+  }
+  return kDeviceError;
 }
 
 void BackgroundFiles::write_until_done() {
@@ -104,8 +124,7 @@ void BackgroundFiles::write_until_done() {
     const std::shared_ptr<Write> write = writes_.front();
     const std::string bytes = write->bytes;
     lock.unlock();
-    const FileError result =
-        write->append ? inner_.append(write->path, bytes) : inner_.replace(write->path, bytes);
+    const FileError result = carry_out(*write, bytes);
     lock.lock();
     write->result = result;
     write->done = true;
@@ -118,14 +137,21 @@ void BackgroundFiles::write_until_done() {
 }
 
 void BackgroundFiles::note_result(const Write& write) {
+  if (!write.writes()) {
+    ++changes_;
+    said_.forget_all_of(write.path);
+    if (write.result == kNoError && write.change != Change::kMakeFolder)
+      said_.note_file(write.path, write.change == Change::kCopy);
+    return;
+  }
   if (write.result == kNoError) {
     if (failing_ == write.path) failing_.clear();
-    if (!write.append) return;
+    if (!write.appends()) return;
     unsynced_.insert(write.path);
     sync_work_.notify_one();
-  } else if (write.append || write.overdue) {
-    forget(reading_of(write.path));
-    forget(file_at(write.path));
+  } else if (write.appends() || write.overdue) {
+    said_.forget(reading_of(write.path));
+    said_.forget(file_at(write.path));
     failing_ = write.path;
     error_ = write.result;
   }
@@ -146,9 +172,10 @@ void BackgroundFiles::sync_until_done() {
   }
 }
 
-void BackgroundFiles::catch_up() {
-  std::unique_lock lock(mutex_);
-  written_.wait(lock, [this] { return writes_.empty(); });
+bool BackgroundFiles::changes_wait(std::string_view path) const {
+  return std::ranges::any_of(writes_, [&](const auto& write) {
+    return same_path(write->path, path) || same_path(folder_of(write->path), path);
+  });
 }
 
 BackgroundFiles::Health BackgroundFiles::health() {
@@ -156,158 +183,144 @@ BackgroundFiles::Health BackgroundFiles::health() {
   const auto stuck = [](const auto& waiting) {
     return !waiting.empty() && Clock::now() - waiting.front()->since > kStuck;
   };
-  return {static_cast<int>(writes_.size()), stuck(writes_) || stuck(questions_), failing_, error_};
+  const bool silent = std::ranges::any_of(askers_, [&](auto& of) { return stuck(of.second.questions); });
+  return {static_cast<int>(writes_.size()), stuck(writes_) || silent, failing_, error_};
 }
 
-BackgroundFiles::Answer BackgroundFiles::ask(const std::string& key, Ask question) {
+BackgroundFiles::Asker& BackgroundFiles::asker_of(std::string_view path) {
+  const std::string drive = lower_case(path.substr(0, 1));
+  const bool named = drive >= "a" && drive <= "z";
+  Asker& asker = askers_[named ? drive[0] : '\0'];
+  if (!asker.thread.joinable()) asker.thread = std::thread([this, &asker] { ask_until_done(asker); });
+  return asker;
+}
+
+std::optional<DiskAnswer> BackgroundFiles::ask(Question question) {
   std::unique_lock lock(mutex_);
-  const auto end = Clock::now() + kAnswerWait;
-  const auto said = [&]() -> std::optional<Answer> {
-    const auto last = said_.find(key);
-    return last == said_.end() ? std::nullopt : std::optional(last->second);
-  };
+  const auto written = [&] { return !changes_wait(question.path); };
   // Nobody waits twice for a disk that does not answer.
-  const bool waits = !behind_ && !mute_;
-  const auto written = [this] { return writes_.empty(); };
-  if (!(waits ? written_.wait_until(lock, end, written) : written())) {
-    if (const auto last = said()) return *last;
+  if (!written() && (behind_ || !patience_.wait(written_, lock, written))) {
+    if (const auto last = said_.of(question.key)) return last;
+    if (!patience_.starting()) return {};
     written_.wait(lock, written);
   }
-  if (mute_)
-    if (const auto last = said()) return *last;
-  const auto asked = std::make_shared<Question>(Question{key, std::move(question), Clock::now(), changes_});
-  questions_.push_back(asked);
-  asked_.notify_one();
-  const auto answered = [&] { return asked->done; };
-  if (!answered_.wait_until(lock, end, answered)) {
-    mute_ = true;
-    if (const auto last = said()) return *last;
-    answered_.wait(lock, answered);
+  Asker& asker = asker_of(question.path);
+  auto& questions = asker.questions;
+  const bool mute = asker.mute;
+  if (mute)
+    if (const auto last = said_.of(question.key)) return last;
+  const auto asks_that = [&](const auto& other) { return other->key == question.key; };
+  const auto waiting = std::ranges::find_if(questions, asks_that);
+  const bool asked_already = mute && !patience_.starting() && waiting != questions.end();
+  const auto asked = asked_already ? *waiting : std::make_shared<Question>(std::move(question));
+  if (!asked_already) {
+    asked->since = Clock::now();
+    asked->changes = changes_;
+    questions.push_back(asked);
+    asker.asked.notify_one();
   }
+  const auto answered = [&] { return asked->done; };
+  if (!mute && patience_.wait(answered_, lock, answered)) return asked->answer;
+  asker.mute = true;
+  if (const auto last = said_.of(asked->key)) return last;
+  if (!patience_.starting()) return {};
+  answered_.wait(lock, answered);
   return asked->answer;
 }
 
-void BackgroundFiles::ask_until_done() {
+void BackgroundFiles::ask_until_done(Asker& asker) {
   std::unique_lock lock(mutex_);
   while (true) {
-    asked_.wait(lock, [this] { return done_ || !questions_.empty(); });
-    if (questions_.empty()) return;
-    const std::shared_ptr<Question> question = questions_.front();
+    asker.asked.wait(lock, [&] { return done_ || !asker.questions.empty(); });
+    if (asker.questions.empty()) return;
+    const std::shared_ptr<Question> question = asker.questions.front();
     lock.unlock();
-    Answer answer = question->ask();
+    DiskAnswer answer = question->ask();
     lock.lock();
     question->answer = std::move(answer);
     question->done = true;
-    questions_.pop_front();
-    if (questions_.empty()) mute_ = false;
+    asker.questions.pop_front();
+    if (asker.questions.empty()) asker.mute = false;
     // Meanwhile something newer may have been written.
-    if (question->changes == changes_) keep(question->key, question->answer);
+    if (question->keeps && question->changes == changes_) said_.keep(question->key, question->answer);
     answered_.notify_all();
   }
 }
 
-std::size_t BackgroundFiles::size_of(const std::string& key, const Answer& answer) {
-  std::size_t bytes = sizeof(Answer) + key.size() + answer.bytes.size();
-  for (const auto& name : answer.names) bytes += sizeof name + name.size();
-  return bytes;
-}
-
-void BackgroundFiles::keep(const std::string& key, const Answer& answer) {
-  forget(key);
-  const std::size_t size = size_of(key, answer);
-  // What went wrong once may be right the next time.
-  if (answer.error != kNoError || bytes_said_ + size > kMostKnown) return;
-  said_[key] = answer;
-  bytes_said_ += size;
-}
-
-void BackgroundFiles::forget(const std::string& key) {
-  const auto last = said_.find(key);
-  if (last == said_.end()) return;
-  bytes_said_ -= size_of(key, last->second);
-  said_.erase(last);
-}
-
 void BackgroundFiles::note_written(const Write& write) {
-  if (write.append)
-    forget(reading_of(write.path));
+  if (write.appends())
+    said_.forget(reading_of(write.path));
   else
-    keep(reading_of(write.path), {.bytes = write.bytes});
-  keep(file_at(write.path), {.yes = true});
-  const auto end = write.path.rfind('\\');
-  const std::string listing = files_in(std::string_view(write.path).substr(0, end));
-  const auto last = said_.find(listing);
-  if (end == std::string::npos || last == said_.end()) return;
-  Answer names = last->second;
-  const std::string name = write.path.substr(end + 1);
-  const auto same = [&](const std::string& other) { return lower_case(other) == lower_case(name); };
-  if (std::ranges::any_of(names.names, same)) return;
-  names.names.push_back(name);
-  sort_as_listed(names.names);
-  keep(listing, names);
-}
-
-void BackgroundFiles::forget_all_of(std::string_view path) {
-  const std::lock_guard lock(mutex_);
-  ++changes_;
-  const std::string_view folder = path.substr(0, path.rfind('\\'));
-  for (const std::string& key :
-       {reading_of(path), file_at(path), folder_at(path), files_in(folder), folders_in(folder)})
-    forget(key);
+    said_.keep(reading_of(write.path), {.bytes = write.bytes});
+  said_.note_file(write.path, true);
 }
 
 FileError BackgroundFiles::read(std::string_view path, std::string& bytes) {
-  Answer answer = ask(reading_of(path), [this, path = std::string(path)] {
-    Answer read;
-    read.error = inner_.read(path, read.bytes);
-    return read;
-  });
-  bytes = std::move(answer.bytes);
-  return answer.error;
+  const std::string file(path);
+  auto answer = ask({reading_of(path), file, [this, file] {
+                       DiskAnswer read;
+                       read.error = inner_.read(file, read.bytes);
+                       return read;
+                     }});
+  bytes = answer ? std::move(answer->bytes) : std::string();
+  return answer ? answer->error : kDeviceError;
 }
 
 FileError BackgroundFiles::read_end(std::string_view path, std::size_t count, std::string& bytes) {
-  catch_up();
-  return inner_.read_end(path, count, bytes);
+  const std::string file(path);
+  auto answer = ask({.key = "end " + lower_case(path),
+                     .path = file,
+                     .ask =
+                         [this, file, count] {
+                           DiskAnswer read;
+                           read.error = inner_.read_end(file, count, read.bytes);
+                           return read;
+                         },
+                     .keeps = false});
+  bytes = answer ? std::move(answer->bytes) : std::string();
+  return answer ? answer->error : kDeviceError;
 }
 
 FileError BackgroundFiles::remove(std::string_view path) {
-  catch_up();
-  forget_all_of(path);
-  return inner_.remove(path);
+  return change(Change::kRemove, path);
 }
 
 FileError BackgroundFiles::copy(std::string_view from, std::string_view to) {
-  catch_up();
-  forget_all_of(to);
-  return inner_.copy(from, to);
+  return change(Change::kCopy, to, from);
 }
 
 FileError BackgroundFiles::make_folder(std::string_view path) {
-  catch_up();
-  forget_all_of(path);
-  return inner_.make_folder(path);
+  return change(Change::kMakeFolder, path);
 }
 
 bool BackgroundFiles::is_file(std::string_view path) {
-  return ask(file_at(path), [this, path = std::string(path)] { return Answer{.yes = inner_.is_file(path)}; })
-      .yes;
+  const std::string file(path);
+  if (const auto answer =
+          ask({file_at(path), file, [this, file] { return DiskAnswer{.yes = inner_.is_file(file)}; }}))
+    return answer->yes;
+  const std::lock_guard lock(mutex_);
+  return said_.lists(path).value_or(false);
 }
 
 bool BackgroundFiles::is_folder(std::string_view path) {
-  return ask(folder_at(path),
-             [this, path = std::string(path)] { return Answer{.yes = inner_.is_folder(path)}; })
-      .yes;
+  const std::string folder(path);
+  const auto answer =
+      ask({folder_at(path), folder, [this, folder] { return DiskAnswer{.yes = inner_.is_folder(folder)}; }});
+  return answer && answer->yes;
 }
 
 std::vector<std::string> BackgroundFiles::folders(std::string_view path) {
-  return ask(folders_in(path),
-             [this, path = std::string(path)] { return Answer{.names = inner_.folders(path)}; })
+  const std::string folder(path);
+  return ask({folders_in(path), folder,
+              [this, folder] { return DiskAnswer{.names = inner_.folders(folder)}; }})
+      .value_or(DiskAnswer{})
       .names;
 }
 
 std::vector<std::string> BackgroundFiles::files(std::string_view path) {
-  return ask(files_in(path), [this, path = std::string(path)] { return Answer{.names = inner_.files(path)}; })
+  const std::string folder(path);
+  return ask({files_in(path), folder, [this, folder] { return DiskAnswer{.names = inner_.files(folder)}; }})
+      .value_or(DiskAnswer{})
       .names;
 }
 
@@ -316,8 +329,12 @@ std::vector<std::string> BackgroundFiles::drives() {
 }
 
 bool BackgroundFiles::drive_ready(char letter) {
-  catch_up();
-  return inner_.drive_ready(letter);
+  const std::string drive(1, letter);
+  const auto answer = ask({.key = "drive " + lower_case(drive),
+                           .path = drive,
+                           .ask = [this, letter] { return DiskAnswer{.yes = inner_.drive_ready(letter)}; },
+                           .keeps = false});
+  return answer && answer->yes;
 }
 
 }  // namespace evac

@@ -1,7 +1,8 @@
-// Files whose writing goes through a thread of its own, so that a disk that is slow, or does not answer at
-// all, holds nobody up for long. Writes keep their order. What is read, looked for or listed is asked of the
-// disk by a second thread: while it does not answer, what it said last holds, and never an empty answer in
-// its place. What is appended reaches the disk itself by a third one, behind the caller's back.
+// Files whose changes go through a thread of their own, so that a disk that is slow, or does not answer at
+// all, holds nobody up for long. Changes keep their order. What is read, looked for or listed is asked of
+// each drive by a thread of that drive's: while it does not answer, what it said last holds; what it never
+// said is an error, or not there, once the start is over. What is appended reaches the disk itself by one
+// thread more, behind the caller's back.
 #pragma once
 
 #include <chrono>
@@ -12,9 +13,12 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <thread>
 
+#include "machine/last_word.h"
+#include "machine/patience.h"
 #include "platform/files.h"
 
 namespace evac {
@@ -26,20 +30,16 @@ class BackgroundFiles : public Files {
   static constexpr std::chrono::milliseconds kAppendWait{20}, kReplaceWait{80};
   // The lines of one alert share that wait.
   static constexpr std::chrono::milliseconds kAppendsTogether{100};
-  // How long a caller waits for an answer that was given once before; the first time, for as long as it
-  // takes.
-  static constexpr std::chrono::milliseconds kAnswerWait{80};
-  // So much of what the disk said is kept in mind.
-  static constexpr std::size_t kMostKnown = 32 << 20;
   // More than this can't wait: such a write fails.
   static constexpr std::size_t kMostBytes = 8 << 20;
   static constexpr std::chrono::seconds kStuck{1};
 
-  // `inner` is written by one thread at a time, and read by another meanwhile. `sync` brings what was
-  // appended to that path to the disk, and the path's folder too where that is asked for.
+  // `inner` is changed by one thread at a time, and read by others meanwhile. `patience` is that of the one
+  // thread that calls. `sync` brings what was appended to that path to the disk, and the path's folder too
+  // where that is asked for.
   using Sync = std::function<void(const std::string& path, bool folder)>;
   explicit BackgroundFiles(
-      Files& inner, Sync sync = [](const std::string&, bool) {});
+      Files& inner, Patience& patience, Sync sync = [](const std::string&, bool) {});
   // All that waits is written and synced before it returns.
   ~BackgroundFiles() override;
 
@@ -48,6 +48,7 @@ class BackgroundFiles : public Files {
 
   FileError read(std::string_view path, std::string& bytes) override;
   FileError read_end(std::string_view path, std::size_t count, std::string& bytes) override;
+  // These three are an error where the disk takes too long, and may come about all the same.
   FileError remove(std::string_view path) override;
   FileError copy(std::string_view from, std::string_view to) override;
   FileError make_folder(std::string_view path) override;
@@ -60,75 +61,77 @@ class BackgroundFiles : public Files {
 
   struct Health {
     int waiting = 0;             // writes
-    bool stuck = false;          // the oldest of them, or a question, for longer than kStuck
+    bool stuck = false;          // the oldest of them, or of a drive's questions, for longer than kStuck
     std::string failing;         // a file that could not be written, and nobody else was told; until it can
     FileError error = kNoError;  // why
   };
   Health health();
 
  private:
+  enum class Change { kAppend, kReplace, kRemove, kCopy, kMakeFolder };
   struct Write {
-    bool append;
-    std::string path, bytes;
+    Change change;
+    std::string path, bytes;  // of a copy: where to, and the path of what
     std::chrono::steady_clock::time_point since;
     bool done = false;
     bool overdue = false;  // its caller has gone on
     FileError result = kNoError;
+    bool writes() const { return change == Change::kAppend || change == Change::kReplace; }
+    bool appends() const { return change == Change::kAppend; }
   };
   FileError queue(std::shared_ptr<Write> write, std::chrono::milliseconds patience);
+  // The same for what is no write: nothing is taken for done that is not known to be.
+  FileError change(Change change, std::string_view path, std::string_view other = {});
+  FileError carry_out(const Write& write, const std::string& bytes);
+  // Whether some change waits to that path, or to what is in that folder.
+  bool changes_wait(std::string_view path) const;
 
-  // What the disk says: of a reading, a listing, or whether something is there.
-  struct Answer {
-    FileError error = kNoError;
-    std::string bytes = {};
-    std::vector<std::string> names = {};
-    bool yes = false;
-  };
-  using Ask = std::function<Answer()>;
   struct Question {
-    std::string key;
-    Ask ask;
-    std::chrono::steady_clock::time_point since;
-    std::uint64_t changes;  // made before it was asked
+    std::string key;   // what the answer is kept under
+    std::string path;  // behind the changes to this
+    std::function<DiskAnswer()> ask;
+    bool keeps = true;  // its last answer holds
+    std::chrono::steady_clock::time_point since = {};
+    std::uint64_t changes = 0;  // made before it was asked
     bool done = false;
-    Answer answer = {};
+    DiskAnswer answer = {};
   };
-  // The disk's answer behind the writes before it, or the last one of that key where it takes too long.
-  Answer ask(const std::string& key, Ask question);
-  void ask_until_done();
-  static std::size_t size_of(const std::string& key, const Answer& answer);
-  void keep(const std::string& key, const Answer& answer);
-  void forget(const std::string& key);
+  // A drive's questions, in their order.
+  struct Asker {
+    std::deque<std::shared_ptr<Question>> questions;  // the first is being asked
+    bool mute = false;                                // one took too long, and there are still some
+    std::condition_variable asked;
+    std::thread thread;
+  };
+  // The disk's answer, or the last one where it takes too long, or none.
+  std::optional<DiskAnswer> ask(Question question);
+  Asker& asker_of(std::string_view path);
+  void ask_until_done(Asker& asker);
   // What was written, or will be, is what the disk will say.
   void note_written(const Write& write);
-  // Before something is done to that path: what was said of it, and of what is in the folder around it.
-  void forget_all_of(std::string_view path);
-  // Returns when nothing waits to be written.
-  void catch_up();
   void write_until_done();
   void sync_until_done();
   void note_result(const Write& write);
 
   Files& inner_;
+  Patience& patience_;
   const Sync sync_;
   std::mutex mutex_;
-  std::condition_variable work_, written_, sync_work_, asked_, answered_;
+  std::condition_variable work_, written_, sync_work_, answered_;
   std::deque<std::shared_ptr<Write>> writes_;  // the first is being written
   std::size_t bytes_waiting_ = 0;
   // When the last appends began that share their wait, and what is left of it.
   std::chrono::steady_clock::time_point append_begun_{};
   std::chrono::steady_clock::duration append_wait_{};
-  bool behind_ = false;  // a write took too long, and there are still some that wait
-  std::deque<std::shared_ptr<Question>> questions_;  // the first is being asked
-  bool mute_ = false;                                // a question took too long, and there are still some
-  std::map<std::string, Answer> said_;               // by the disk, last
-  std::size_t bytes_said_ = 0;
+  bool behind_ = false;           // a write took too long, and there are still some that wait
+  std::map<char, Asker> askers_;  // by drive
+  LastWord said_;
   std::uint64_t changes_ = 0;  // made since the start
   std::string failing_;
   FileError error_ = kNoError;
   std::set<std::string> unsynced_, known_;  // paths; of those known, the folder was synced
   bool done_ = false, all_written_ = false;
-  std::thread writer_, syncer_, asker_;
+  std::thread writer_, syncer_;
 };
 
 }  // namespace evac

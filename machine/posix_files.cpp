@@ -110,6 +110,17 @@ FileError PosixFiles::write_all(int fd, std::string_view bytes) const {
   return kNoError;
 }
 
+FileError PosixFiles::read_all(int fd, std::string& bytes) const {
+  char block[65536];
+  while (true) {
+    const ssize_t got = read_ ? read_(fd, block, sizeof block) : ::read(fd, block, sizeof block);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return error_of(errno);
+    if (got == 0) return kNoError;
+    bytes.append(block, static_cast<std::size_t>(got));
+  }
+}
+
 fs::path PosixFiles::locate(std::string_view path) const {
   if (path.size() < 2 || path[1] != ':') return {};
   const char letter = static_cast<char>(std::toupper(static_cast<unsigned char>(path[0])));
@@ -147,14 +158,9 @@ FileError PosixFiles::read(std::string_view path, std::string& bytes) {
   struct stat status {};
   if (const FileError error = check_regular(descriptor.get(), status, kLargestFile)) return error;
   bytes.reserve(static_cast<std::size_t>(status.st_size));
-  char block[65536];
-  while (true) {
-    const ssize_t got = ::read(descriptor.get(), block, sizeof block);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return error_of(errno);
-    if (got == 0) return kNoError;
-    bytes.append(block, static_cast<std::size_t>(got));
-  }
+  const FileError error = read_all(descriptor.get(), bytes);
+  if (error != kNoError) bytes.clear();
+  return error;
 }
 
 FileError PosixFiles::read_end(std::string_view path, std::size_t count, std::string& bytes) {

@@ -42,6 +42,9 @@ class PosixFiles : public Files {
   // In place of the system's own write: how much of it was written, or -1 and errno.
   using Write = std::function<ssize_t(int fd, const void* bytes, std::size_t count)>;
   void set_write(Write write) { write_ = std::move(write); }
+  // The same for its read.
+  using Read = std::function<ssize_t(int fd, void* bytes, std::size_t count)>;
+  void set_read(Read read) { read_ = std::move(read); }
   // Where a path of the system lies on the disk: the existing spelling of each part, the given one of what is
   // missing. Empty for a drive that is not there.
   std::filesystem::path locate(std::string_view path) const;
@@ -54,9 +57,12 @@ class PosixFiles : public Files {
   void remove_stale(const std::filesystem::path& folder);
   std::vector<std::string> names(std::string_view path, bool folders) const;
   FileError write_all(int fd, std::string_view bytes) const;
+  // From where the file stands to its end.
+  FileError read_all(int fd, std::string& bytes) const;
 
   std::map<char, std::filesystem::path> drives_;
   Write write_;                                      // none: the system's
+  Read read_;                                        // the same
   int neighbours_ = 0;                               // made so far
   std::set<std::filesystem::path> cleared_folders_;  // of stale neighbours, before the first save there
 };

@@ -52,9 +52,10 @@ class Behind : public testing::Test {
   }
 
   Scratch scratch;
-  Disk disk{{{'C', scratch.path}}};
+  Disk disk{{{'C', scratch.path}, {'D', scratch.path}}};
+  Patience patience;
   std::vector<std::string> synced;
-  BackgroundFiles files{disk, [this](const std::string& path, bool folder) {
+  BackgroundFiles files{disk, patience, [this](const std::string& path, bool folder) {
                           synced.push_back(path + (folder ? " and its folder" : ""));
                         }};
 };
@@ -71,9 +72,9 @@ TEST_F(Behind, AHungDiskHoldsOneCallerForAMomentAndGetsAllInOrderWhenItAnswers) 
   EXPECT_EQ(files.append("C:\\journal", std::string(BackgroundFiles::kMostBytes, 'x')), kDeviceError);
   EXPECT_EQ(files.health().failing, "C:\\journal");
   disk.answer();
+  while (files.health().waiting > 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   EXPECT_EQ(text("C:\\journal"), all);
   EXPECT_EQ(text("C:\\status"), "199");
-  EXPECT_EQ(files.health().waiting, 0);
   EXPECT_EQ(files.health().failing, "") << "it can be written again";
 }
 
@@ -112,17 +113,40 @@ TEST_F(Behind, WhileTheDiskDoesNotAnswerItsLastWordHoldsAndWhatWasWrittenSince) 
   EXPECT_EQ(files.replace("C:\\mine.dat", "2"), kNoError);
   EXPECT_EQ(text("C:\\mine.dat"), "2");
   EXPECT_EQ(files.files("C:"), (std::vector<std::string>{"journal", "mine.dat", "new.dat", "old.dat"}));
-  // What it never told is waited for, and not made up.
+  // What it never told is waited for while the program starts; later it is an error, and never a guess.
   std::thread away([this] {
-    std::this_thread::sleep_for(3 * BackgroundFiles::kAnswerWait);
+    std::this_thread::sleep_for(3 * Patience::kAnEvent);
     disk.answer();
   });
   EXPECT_EQ(text("C:\\journal"), "line");
   away.join();
   ASSERT_EQ(disk.replace("C:\\old.dat", "from outside"), kNoError);
   EXPECT_EQ(text("C:\\old.dat"), "from outside") << "it answers again";
-  EXPECT_EQ(files.remove("C:\\old.dat"), kNoError);
-  EXPECT_FALSE(files.is_file("C:\\old.dat"));
+}
+
+TEST_F(Behind, BehindTheStartWhatTheDiskNeverToldIsAnErrorAndOtherDrivesAnswer) {
+  for (const char* name : {"C:\\old.dat", "C:\\list", "C:\\tag"})
+    ASSERT_EQ(disk.replace(name, "bytes"), kNoError);
+  ASSERT_EQ(files.files("C:").size(), 3u);
+  ASSERT_EQ(files.remove("C:\\list"), kNoError);
+  std::string bytes;
+  ASSERT_EQ(files.read("C:\\none", bytes), kFileNotFound);
+  patience.end_start();
+  disk.hangs = true;
+  EXPECT_EQ(files.read("C:\\old.dat", bytes), kDeviceError);
+  EXPECT_EQ(files.read("C:\\none", bytes), kFileNotFound) << "it had its word";
+  EXPECT_EQ(files.read_end("C:\\tag", 3, bytes), kDeviceError);
+  EXPECT_TRUE(files.is_file("C:\\TAG")) << "by the listing";
+  EXPECT_FALSE(files.is_file("C:\\list")) << "removed since";
+  EXPECT_FALSE(files.drive_ready('C'));
+  patience.renew();
+  EXPECT_TRUE(files.drive_ready('D'));
+  EXPECT_EQ(files.append("C:\\journal", "1"), kNoError);
+  EXPECT_EQ(files.copy("C:\\old.dat", "C:\\old.dat.bak"), kDeviceError) << "nobody can say that it is kept";
+  EXPECT_EQ(files.remove("C:\\tag"), kDeviceError);
+  disk.answer();
+  while (files.read("C:\\old.dat", bytes) != kNoError) patience.renew();
+  EXPECT_EQ(bytes, "bytes");
 }
 
 TEST_F(Behind, AQuestionThatHangsIsAskedOnceAndToldAndALateAnswerTakesNoPlaceOfANewerWrite) {
@@ -146,7 +170,8 @@ TEST(BehindAtTheEnd, EverythingIsWrittenAndSyncedTheFirstLineOfAFileWithItsFolde
   PosixFiles disk({{'C', scratch.path}});
   std::vector<std::string> synced;
   {
-    BackgroundFiles files(disk, [&](const std::string& path, bool folder) {
+    Patience patience;
+    BackgroundFiles files(disk, patience, [&](const std::string& path, bool folder) {
       synced.push_back(path + (folder ? " and its folder" : ""));
     });
     for (int line = 0; line < 3; ++line) (void)files.append("C:\\a", "x");

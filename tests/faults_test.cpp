@@ -1,8 +1,10 @@
 // A disk that fails at every byte: what is saved and what is journalled holds all the same.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "machine/faulty_files.h"
 #include "machine/posix_files.h"
+#include "store/settings_files.h"
 #include "tests/scratch.h"
 #include "tests/stored_data.h"
 
@@ -56,6 +58,24 @@ TEST_F(OnAFaultyDisk, ASaveThatIsCutOffAtAnyByteKeepsTheOldFile) {
   PosixFiles next({{'C', scratch.path}});
   next.remove_left_over("C:\\");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(scratch.path), {}), 1);
+}
+
+// Half a file would count as a whole one, and the next save would lose the rest.
+TEST_F(OnAFaultyDisk, AReadThatFailsInTheMidstIsAnErrorAndTheFileStaysAsItWas) {
+  StoredData data(files);
+  std::vector<std::string> names(700, std::string(100, 'n')), found;
+  must(write_names(data.folder, kZoneNamesFile, names));
+  int blocks = 0;
+  files.set_read([&](int fd, void* bytes, std::size_t count) {
+    errno = EIO;
+    return ++blocks % 2 == 1 ? ::read(fd, bytes, count) : -1;
+  });
+  EXPECT_EQ(read_names(data.folder, kZoneNamesFile, found), kDeviceError);
+  EXPECT_EQ(blocks, 2);
+  EXPECT_EQ(write_names(data.folder, kZoneNamesFile, {"1\tA"}), kDeviceError) << "what can't be kept";
+  files.set_read({});
+  must(read_names(data.folder, kZoneNamesFile, found));
+  EXPECT_EQ(found.size(), names.size());
 }
 
 TEST_F(OnAFaultyDisk, ADiskThatTakesLittleAtATimeGetsAll) {

@@ -75,6 +75,26 @@ TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
   EXPECT_EQ(logged(), Lines{kHold});
 }
 
+TEST_F(Player, ALengthThatIsFoundLateMovesTheEndOfThatTrackAlone) {
+  const std::string a = "C:\\ZEF\\PlayList\\a.wav", b = "C:\\ZEF\\PlayList\\b.wav";
+  const auto left_by = [this](const std::string& file, double seconds, int late) {
+    console->mend_track_length(file, seconds, late);
+    return console->model().player.mp_end - second_of_day(machine.wall());
+  };
+  for (Button* button : {&form1().CmdPMP, &form1().CmdPlayMP, &form1().CmdNextMP}) button->click();
+  machine.run_for(10s);
+  EXPECT_EQ(left_by(a, 7, 3), 90);
+  EXPECT_EQ(left_by(b, 120.4, 0), 110);
+  EXPECT_EQ(left_by(b, 120.4, 5), 115);
+  // In a pause the file of another row can be taken, but the end is that of the track before.
+  form1().CmdPauseMP.click();
+  user::pick(form1().LstPtreckMP, 0);
+  EXPECT_EQ(left_by(a, 9, 0), 115);
+  user::pick(form1().LstPtreckMP, 1);
+  form1().CmdPlayMP.click();
+  EXPECT_EQ(left_by(b, 3, 0), 1) << "an end that is past comes with the next second, not with the next day";
+}
+
 TEST(PlayListFile, LinesEndInAnyWayAndRemarksCostTheLastOnes) {
   EXPECT_EQ(play_list_lines("a\r\n\r\nb\nc\rd"), (Lines{"a", "", "b", "c", "d"}));
   EXPECT_EQ(play_list_tracks("#1\r\na\r\n#2\r\nb\r\n"), (Lines{"#1", "a"}));

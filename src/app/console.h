@@ -62,6 +62,11 @@ class Console {
   // What the closing of Form1 does: gives back what the machine lent, and ends the program.
   void shutdown();
 
+  // The host found out late how long the player's track is: see there.
+  void mend_track_length(std::string_view file, double seconds, int late) {
+    transport_.mend_length(file, seconds, late);
+  }
+
   Windows& windows() { return windows_; }
   Forms& forms() { return forms_; }
   Form1& form1() { return forms_.form1; }

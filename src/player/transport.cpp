@@ -1,5 +1,6 @@
 #include "player/transport.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "console/channel_colors.h"
@@ -187,7 +188,19 @@ int Transport::left() const {
   return doors_.player.mp_end - now();
 }
 
+void Transport::mend_length(std::string_view file, double seconds, int late) {
+  PlayerState& player = doors_.player;
+  if ((!player.mp_play && !player.mp_pause) || file != followed_ || file != player.mp_file) return;
+  const int moves = whole_seconds(seconds) - whole_seconds(player.mp_dur) + late;
+  player.mp_dur = seconds;
+  if (moves == 0) return;
+  const int to_the_end = (left() + kSecondsPerDay) % kSecondsPerDay;
+  // An end that is past already comes with the next second.
+  player.mp_end = later_in_day(now(), std::max(1, to_the_end + moves));
+}
+
 void Transport::TrackStart() {
+  followed_ = doors_.player.mp_file;
   doors_.tags.ReadTag();
   doors_.player.mp_dur = doors_.MP.duration();
   doors_.player.mp_end = later_in_day(now(), whole_seconds(doors_.player.mp_dur));

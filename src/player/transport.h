@@ -44,6 +44,9 @@ class Transport {
   void watch_end();
   // Whole seconds from now to the track's end.
   int left() const;
+  // The host found out only now that the file that plays is so many seconds long, or that it was heard so
+  // many late: the end moves by what is new in that. Of another file nothing is heard.
+  void mend_length(std::string_view file, double seconds, int late);
 
  private:
   void TrackStart();
@@ -55,6 +58,7 @@ class Transport {
   int now() const;
 
   const Doors doors_;
+  std::string followed_;  // the file whose end is watched
 };
 
 // A length of a media file to the nearest second, ties up; none for what is no length.
