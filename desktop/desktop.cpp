@@ -25,7 +25,7 @@ namespace {
 
 constexpr const char* kTrainingTitle = " — учебный режим";
 
-constexpr std::chrono::seconds kDeviceWatch{1};
+constexpr std::chrono::seconds kDeviceWatch{1}, kLastAnswer{1};
 // For what was not looked at ahead; a length that is only summed up may take longer.
 constexpr std::chrono::milliseconds kSoundPatience = Patience::kAnEvent, kSumPatience{500};
 constexpr std::string_view kMessageFolder = "C:\\ZEF_DAT\\message";
@@ -62,12 +62,19 @@ QStringList strings(const std::vector<std::string>& lines) {
 
 }  // namespace
 
+Desktop::Disks::Disks(const HostSetup& setup)
+    : disk(setup.drives),
+      // Nobody waits for a sync, and the next line tries again.
+      files(disk, patience, [this](const std::string& path, bool folder) { (void)disk.sync(path, folder); }) {
+}
+
+void Desktop::LeaveStuck::operator()(Disks* disks) const {
+  if (disks->files.end(kLastAnswer)) delete disks;
+}
+
 Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     : training_(std::move(training)),
-      disk_(setup.drives),
-      // Nobody waits for a sync, and the next line tries again.
-      files_(disk_, patience_,
-             [this](const std::string& path, bool folder) { (void)disk_.sync(path, folder); }),
+      disks_(new Disks(setup)),
       line_(loop_, devices(setup), notices_),
       sound_{setup.sound_sink, setup.sound_font},
       // Files of its own: a look that is stuck outlives all the rest here.
@@ -221,6 +228,8 @@ void Desktop::read_settings_ahead() {
     for (const std::string& name : files_.files(folder)) read(folder, name);
   for (const std::string& name : files_.files(kProgramFolder))
     if (is_play_list(name)) read(kProgramFolder, name);
+  // Where the player looks for its own folder, so as not to ask for one that is there.
+  (void)files_.folders(kProgramFolder);
   // Without it nobody would get into the settings; often there is none.
   read(kDataFolder, kPasswordFile);
 }

@@ -81,9 +81,20 @@ class Desktop : private QObject {
   QtLoop host_;
   EventLoop loop_{host_};
   std::unique_ptr<TrainingLine> training_;
-  PosixFiles disk_;
-  Patience patience_;
-  BackgroundFiles files_;
+  // A drive that does not answer at the end keeps no program alive: who asks it is left, with all this.
+  struct Disks {
+    explicit Disks(const HostSetup& setup);
+    PosixFiles disk;
+    Patience patience;
+    BackgroundFiles files;
+  };
+  struct LeaveStuck {
+    void operator()(Disks* disks) const;
+  };
+  const std::unique_ptr<Disks, LeaveStuck> disks_;
+  PosixFiles& disk_ = disks_->disk;
+  Patience& patience_ = disks_->patience;
+  BackgroundFiles& files_ = disks_->files;
   SerialLine line_;
   const SoundSetup sound_;
   // Some media control has the device.

@@ -21,22 +21,34 @@ BackgroundFiles::BackgroundFiles(Files& inner, Patience& patience, Sync sync)
       syncer_([this] { sync_until_done(); }) {}
 
 BackgroundFiles::~BackgroundFiles() {
+  while (!end(std::chrono::hours(1))) {
+  }
+}
+
+bool BackgroundFiles::end(std::chrono::milliseconds most) {
   {
     const std::lock_guard lock(mutex_);
     done_ = true;
   }
   work_.notify_one();
-  writer_.join();
-  for (auto& [drive, asker] : askers_) {
-    asker.asked.notify_one();
-    asker.thread.join();
-  }
+  if (writer_.joinable()) writer_.join();
   {
     const std::lock_guard lock(mutex_);
     all_written_ = true;
   }
   sync_work_.notify_one();
-  syncer_.join();
+  if (syncer_.joinable()) syncer_.join();
+  {
+    std::unique_lock lock(mutex_);
+    const auto none_asked = [](const auto& of) { return of.second.questions.empty(); };
+    if (!answered_.wait_for(lock, most, [&] { return std::ranges::all_of(askers_, none_asked); }))
+      return false;
+  }
+  for (auto& [drive, asker] : askers_) {
+    asker.asked.notify_one();
+    if (asker.thread.joinable()) asker.thread.join();
+  }
+  return true;
 }
 
 FileError BackgroundFiles::append(std::string_view path, std::string_view bytes) {

@@ -40,8 +40,11 @@ class BackgroundFiles : public Files {
   using Sync = std::function<void(const std::string& path, bool folder)>;
   explicit BackgroundFiles(
       Files& inner, Patience& patience, Sync sync = [](const std::string&, bool) {});
-  // All that waits is written and synced before it returns.
+  // All that waits is written and synced before it returns, and each drive has answered.
   ~BackgroundFiles() override;
+  // The same, but drives that do not answer are waited for for that long; false when one still does not:
+  // then its thread goes on to use all of this, and `inner`. Nothing may be asked or changed any more.
+  bool end(std::chrono::milliseconds most);
 
   FileError append(std::string_view path, std::string_view bytes) override;
   FileError replace(std::string_view path, std::string_view bytes) override;

@@ -165,6 +165,19 @@ TEST_F(Behind, AQuestionThatHangsIsAskedOnceAndToldAndALateAnswerTakesNoPlaceOfA
   disk.answer();
 }
 
+TEST_F(Behind, ADriveThatDoesNotAnswerHoldsUpNoEndAndWhatWaitsIsWritten) {
+  patience.end_start();
+  disk.hangs = true;
+  EXPECT_FALSE(files.is_file("D:\\track"));
+  EXPECT_EQ(files.replace("C:\\a", "saved"), kNoError);
+  EXPECT_FALSE(files.end(std::chrono::milliseconds(20)));
+  std::string bytes;
+  disk.answer();
+  EXPECT_EQ(disk.PosixFiles::read("C:\\a", bytes), kNoError);
+  EXPECT_EQ(bytes, "saved");
+  EXPECT_TRUE(files.end(std::chrono::seconds(10)));
+}
+
 TEST(BehindAtTheEnd, EverythingIsWrittenAndSyncedTheFirstLineOfAFileWithItsFolder) {
   Scratch scratch;
   PosixFiles disk({{'C', scratch.path}});
