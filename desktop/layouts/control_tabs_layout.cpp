@@ -46,7 +46,7 @@ Node player_tab(Form1& form) {
   const Node position = row({track(tab.Ipos).called("Место в дорожке").grow(1), words("Осталось"),
                              use(tab.LblTMP).shown(Look::kTitle).wide(5).called("Осталось")});
   const Node beside_lists = row({use(tab.Label5), use(tab.TxtNzMp).wide(5).called("Номер трека"), space(),
-                                 use(tab.LblVPL).shown(Look::kValue).wide(11).called("Длина списка")});
+                                 use(tab.LblVPL).shown(Look::kValue).wide(13).called("Длина списка")});
   const Node lists = column({list_keys(tab), beside_lists,
                              shared_place({use(tab.LstPtreckMP).called("Дорожки").high(4),
                                            use(tab.LstPll).called("Списки").high(4)})
