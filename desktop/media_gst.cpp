@@ -31,10 +31,11 @@ void GstMedia::set_file(std::string_view path) {
 
 void GstMedia::find_out(SoundProbe::Want want) {
   const bool trial = want == SoundProbe::Want::kTried;
-  const bool enough = found_ && (trial ? found_->tried : found_->sure != Sure::kGuess);
-  if (path_.empty() || enough) return;
+  // A file that could not be played may be there again, with its drive.
+  const bool plays = found_ && found_->ready;
+  if (path_.empty() || (plays && (trial ? found_->tried : found_->sure != Sure::kGuess))) return;
   bool& asked = trial ? asked_trial_ : asked_length_;
-  if (asked && presumes_) return;
+  if (asked && presumes_ && (plays || !found_)) return;
   asked = true;
   if (auto found = probe_.look(path_, want, most_, patience_)) found_ = std::move(found);
   unanswered_ = !found_;

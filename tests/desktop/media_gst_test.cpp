@@ -213,6 +213,15 @@ TEST_F(Sound, ATrackOnADiskThatHangsBeginsWhenItAnswersAndTellsItsLengthThen) {
   EXPECT_EQ(track.playing(), std::nullopt) << "told once";
 }
 
+TEST_F(Sound, AFileThatComesBackWithItsDriveIsReadyWithoutBeingSetAnew) {
+  media.presume_unknown();
+  media.set_file("a.wav");
+  EXPECT_EQ(media.ready_state(), 0);
+  put("a.wav", wave(2));
+  EXPECT_GT(media.ready_state(), 0);
+  EXPECT_DOUBLE_EQ(media.duration(), 2);
+}
+
 TEST_F(Sound, ANewFileTakesThePlaceOfTheOneThatPlaysAndStartsWithTheEndOfTheEvent) {
   put("a.wav", wave(5));
   put("b.wav", wave(3));
