@@ -164,7 +164,7 @@ void BackgroundFiles::sync_until_done() {
     if (unsynced_.empty()) return;
     const auto paths = std::exchange(unsynced_, {});
     for (const auto& path : paths) {
-      const bool first = known_.insert(path).second;
+      const bool first = folder_synced_.insert(path).second;
       lock.unlock();
       sync_(path, first);
       lock.lock();
