@@ -19,7 +19,7 @@ namespace evac::simulate {
 using drill::CarriedLine;
 
 // How the path of the file ends that is written in each second.
-constexpr std::string_view kStatusFile = "\\FNetKntrl";
+inline constexpr std::string_view kStatusFile = "\\FNetKntrl";
 
 // Which rule is broken, and by what.
 class Broken : public std::runtime_error {
