@@ -72,8 +72,9 @@ class SoundProbe {
     std::condition_variable answered;
     std::map<std::string, Entry> entries;  // by the system's path
     std::vector<std::string> soon;
-    std::uint64_t soon_told = 0, list_told = 0;  // so often
-    std::set<std::string> folders;               // that wait to be looked at
+    // How often each was told; a job of an older telling breaks off.
+    std::uint64_t soon_told = 0, list_told = 0;
+    std::set<std::string> folders;  // that wait to be looked at
   };
   static std::optional<Found> known(const Shared& shared, const std::string& path);
   // The steps of finding out; each leaves alone what is known of the file as it is now.
