@@ -74,7 +74,8 @@ class Desktop : private QObject {
   void show_signs();
   // The terminal that is asked; none while no pass runs.
   std::optional<ScanFeed::Pass> scan_pass();
-  // Once a second: what disk, sound and cards have to say goes to the header strip.
+  // Once a second: what was found out late of its track goes to the player, and what disk, sound and cards
+  // have to say to the header strip.
   void look_after_devices();
 
   Notices notices_;

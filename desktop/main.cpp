@@ -6,11 +6,14 @@
 //       a short run on the virtual rack, with pictures in DIR
 #include <signal.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QStandardPaths>
+#include <chrono>
 #include <iostream>
+#include <thread>
 
 #include "desktop/desktop.h"
 #include "desktop/host_log.h"
@@ -95,6 +98,18 @@ void tell_start_error(const Options& options, const QString& text) {
   if (options.rehearse.isEmpty()) show_start_error(text);
 }
 
+// The end of what runs from here waits for the disks, but not for one that hangs: who starts the console anew
+// must find its data folder free.
+int leave(int status) {
+  constexpr std::chrono::seconds kLongestEnd{10};
+  std::thread([status, kLongestEnd] {
+    std::this_thread::sleep_for(kLongestEnd);
+    host_log(QStringLiteral("Конец не дождался диска"));
+    ::_exit(status);
+  }).detach();
+  return status;
+}
+
 int run(const Options& options) {
   HostSetup setup;
   std::unique_ptr<TrainingLine> training;
@@ -128,11 +143,11 @@ int run(const Options& options) {
     if (desktop.stand()) desktop.stand()->show_behind();
     desktop.run();
   } catch (const ProgramEnded&) {
-    return 0;
+    return leave(0);
   } catch (const Fault& fault) {
     host_log(QStringLiteral("Ошибка %1: %2").arg(fault.number()).arg(qt(fault.what())));
     if (options.rehearse.isEmpty()) show_fault(fault.number(), fault.what());
-    return kFaultStatus;
+    return leave(kFaultStatus);
   }
 }
 

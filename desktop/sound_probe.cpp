@@ -3,7 +3,6 @@
 #include <sys/resource.h>
 
 #include <algorithm>
-#include <set>
 
 #include "desktop/gst_parts.h"
 #include "desktop/wave_length.h"
@@ -28,6 +27,12 @@ SoundProbe::SoundProbe(Locate locate, const SoundSetup& setup) {
   start_gstreamer();
   shared_->locate = std::move(locate);
   shared_->setup = setup;
+}
+
+SoundProbe::~SoundProbe() {
+  const std::lock_guard lock(shared_->mutex);
+  ++shared_->soon_told;
+  ++shared_->list_told;
 }
 
 // Another job may have got further with the same file meanwhile.
@@ -143,10 +148,17 @@ std::function<fs::path()> SoundProbe::finder(const std::string& path) const {
 }
 
 void SoundProbe::look_ahead(const std::string& folder) {
+  const std::lock_guard lock(shared_->mutex);
+  // While a disk hangs, what is asked again and again must not heap up.
+  if (!shared_->folders.insert(folder).second) return;
   through_.post([shared = shared_, folder] { look_at_folder(*shared, folder); });
 }
 
 void SoundProbe::look_at_folder(Shared& shared, const std::string& folder) {
+  {
+    const std::lock_guard lock(shared.mutex);
+    shared.folders.erase(folder);
+  }
   std::set<std::string> there;
   std::error_code error;
   for (fs::directory_iterator at(shared.locate(folder), error), last; !error && at != last;
@@ -159,6 +171,8 @@ void SoundProbe::look_at_folder(Shared& shared, const std::string& folder) {
     try_it(shared, path, entry);
     walk(shared, path, entry, [] { return true; });
   }
+  // A disk that fails to list its files has not lost them.
+  if (error && error != std::errc::no_such_file_or_directory) return;
   const std::lock_guard lock(shared.mutex);
   std::erase_if(shared.entries, [&](const auto& entry) {
     return entry.first.starts_with(folder + '\\') && !there.contains(entry.first);

@@ -9,6 +9,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,8 @@ class SoundProbe {
   enum class Want { kLength, kTried };
 
   SoundProbe(Locate locate, const SoundSetup& setup);
+  // Calls off what was only to be looked at ahead.
+  ~SoundProbe();
 
   // These three return at once. All files of that folder, in full, those that are new or have changed:
   void look_ahead(const std::string& folder);
@@ -69,7 +72,9 @@ class SoundProbe {
     std::condition_variable answered;
     std::map<std::string, Entry> entries;  // by the system's path
     std::vector<std::string> soon;
-    std::uint64_t soon_told = 0, list_told = 0;  // so often
+    // How often each was told; a job of an older telling breaks off.
+    std::uint64_t soon_told = 0, list_told = 0;
+    std::set<std::string> folders;  // that wait to be looked at
   };
   static std::optional<Found> known(const Shared& shared, const std::string& path);
   // The steps of finding out; each leaves alone what is known of the file as it is now.

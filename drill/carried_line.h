@@ -15,6 +15,8 @@ class CarriedLine : private LineDevice {
  public:
   // `buffer`: the bytes that the device holds.
   explicit CarriedLine(std::size_t buffer);
+  CarriedLine(const CarriedLine&) = delete;
+  CarriedLine& operator=(const CarriedLine&) = delete;
 
   void put(std::span<const std::uint8_t, 9> frame, Instant now);
   // All that falls due up to `now`, each byte at its own moment.

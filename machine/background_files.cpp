@@ -98,7 +98,8 @@ FileError BackgroundFiles::queue(std::shared_ptr<Write> write, std::chrono::mill
 
 FileError BackgroundFiles::change(Change change, std::string_view path, std::string_view other) {
   std::unique_lock lock(mutex_);
-  if (behind_ && !patience_.starting()) return kDeviceError;
+  // A disk that is only slow catches up meanwhile.
+  if (!patience_.starting() && !patience_.wait(written_, lock, [&] { return !behind_; })) return kDeviceError;
   const auto write =
       std::make_shared<Write>(Write{change, std::string(path), std::string(other), Clock::now()});
   ++changes_;
@@ -176,7 +177,7 @@ void BackgroundFiles::sync_until_done() {
     if (unsynced_.empty()) return;
     const auto paths = std::exchange(unsynced_, {});
     for (const auto& path : paths) {
-      const bool first = known_.insert(path).second;
+      const bool first = folder_synced_.insert(path).second;
       lock.unlock();
       sync_(path, first);
       lock.lock();

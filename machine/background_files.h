@@ -40,7 +40,8 @@ class BackgroundFiles : public Files {
   using Sync = std::function<void(const std::string& path, bool folder)>;
   explicit BackgroundFiles(
       Files& inner, Patience& patience, Sync sync = [](const std::string&, bool) {});
-  // All that waits is written and synced before it returns, and each drive has answered.
+  // All that waits is written and synced before it returns, and all that was asked is answered: it takes as
+  // long as the slowest of the disks.
   ~BackgroundFiles() override;
   // The same, but drives that do not answer are waited for for that long; false when one still does not:
   // then its thread goes on to use all of this, and `inner`. Nothing may be asked or changed any more.
@@ -132,7 +133,7 @@ class BackgroundFiles : public Files {
   std::uint64_t changes_ = 0;  // made since the start
   std::string failing_;
   FileError error_ = kNoError;
-  std::set<std::string> unsynced_, known_;  // paths; of those known, the folder was synced
+  std::set<std::string> unsynced_, folder_synced_;  // paths
   bool done_ = false, all_written_ = false;
   std::thread writer_, syncer_;
 };

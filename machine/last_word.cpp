@@ -77,16 +77,17 @@ void LastWord::forget(const std::string& key) {
 
 void LastWord::note_file(std::string_view path, bool there) {
   keep(file_at(path), {.yes = there});
+  const auto listed = lists(path);
+  if (!listed || *listed == there) return;
   const std::string key = files_in(folder_of(path));
-  auto listing = of(key);
-  if (!listing || names_it(*listing, path) == there) return;
-  auto& names = listing->names;
+  DiskAnswer listing = said_.at(key);
+  auto& names = listing.names;
   if (there)
     names.emplace_back(name_of(path));
   else
     std::erase_if(names, [&](const std::string& name) { return same_path(name, name_of(path)); });
   sort_as_listed(names);
-  keep(key, *listing);
+  keep(key, listing);
 }
 
 void LastWord::forget_all_of(std::string_view path) {

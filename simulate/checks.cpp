@@ -147,10 +147,11 @@ void Rules::check_polls() {
                       " before it and ", line->frames_waiting(machine_.now()), " frames waiting"));
 }
 
-void Rules::check_sound(Console& console) const {
+void Rules::check_sound(Console& console) {
   const AlertState& alert = console.model().alert;
-  if (!alert.alg_running || !console.form1().Timer7.enabled() || alert.fire_stop || alert.msg_manual) return;
-  if (cut_off_) return;
+  if (!alert.alg_running || !console.form1().Timer7.enabled()) return;
+  if (alert.fire_stop || alert.msg_manual) alert_held_ = machine_.now();
+  if (cut_off_ || machine_.now() - alert_held_ <= 2 * kTick) return;
   if (machine_.wall() - sounds_until_ <= kBetweenPlays) return;
   const auto& lines = console.watch().lines();
   if (std::ranges::none_of(lines, [](const auto& line) { return line.text.starts_with(kMute); }))

@@ -19,7 +19,7 @@ namespace evac::simulate {
 using drill::CarriedLine;
 
 // How the path of the file ends that is written in each second.
-constexpr std::string_view kStatusFile = "\\FNetKntrl";
+inline constexpr std::string_view kStatusFile = "\\FNetKntrl";
 
 // Which rule is broken, and by what.
 class Broken : public std::runtime_error {
@@ -103,7 +103,7 @@ class Rules {
   void take_excuses(Console& console);
   void check_contacts();
   void check_polls();
-  void check_sound(Console& console) const;
+  void check_sound(Console& console);
   void check_line(const rack::Network& heard);
   void check_watch(Console& console);
   void check_alert(Console& console);
@@ -130,6 +130,7 @@ class Rules {
   // The message that was given to the media last, and up to when it sounds.
   std::string message_;
   WallTime sounds_until_{};
+  Instant alert_held_{};  // last, by the stop of detection or by a manual message
   bool cut_off_ = false;  // the settings of alerting have taken the media, until the alert's next play
   std::map<int, Contact> waited_for_;
   std::deque<Since> polls_;

@@ -341,6 +341,14 @@ TEST_F(Sound, FilesOfTheFolderAreKnownAheadAndAgainWhenTheyChange) {
   probe.look_ahead("message");
   ASSERT_TRUE(comes([&] { return !probe.known("message\\a.wav"); }));
   EXPECT_EQ(probe.known("message\\b.wav")->length, 1.5);
+  // A folder that can't be listed has not lost its files; looks keep their order.
+  fs::rename(scratch.path / "message", scratch.path / "away");
+  put("message", "no folder");
+  put("c.wav", wave(0.5));
+  probe.look_ahead("message");
+  probe.look_through({"c.wav"});
+  ASSERT_TRUE(comes([&] { return probe.known("c.wav").has_value(); }));
+  EXPECT_TRUE(probe.known("message\\b.wav"));
 }
 
 // Sinks that write down what would be heard.
