@@ -128,7 +128,7 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
   };
   windows_.work_goes_on = [this] { patience_.renew(); };
   boxes_.raised_by_user = [this] { return screen_.in_act(); };
-  boxes_.fire_waits = [this] { return ending_ || console_->fire_waiting().now(); };
+  boxes_.fire_waits = windows_.work_must_end = [this] { return ending_ || console_->fire_waiting().now(); };
   boxes_.while_up = windows_.while_busy = [this] { heartbeat_.beat(); };
   Cards& cards = simulated_cards_ ? static_cast<Cards&>(*simulated_cards_) : comedi_;
   console_ = std::make_unique<Console>(

@@ -242,10 +242,11 @@ void FormWindows::popup_shown(PopupMenu& menu) {
   popup_->popup(screen_.popup_place());
 }
 
-void FormWindows::busy(std::string_view what, int done, int total) {
+bool FormWindows::busy(std::string_view what, int done, int total) {
   work_goes_on();
   if (main_) busy_.show(window(*main_), qt(what), done, total);
   if (busy_.lasted() < kMostWork) while_busy();
+  return !work_must_end();
 }
 
 void FormWindows::popup_hidden(PopupMenu&) {

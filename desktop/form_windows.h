@@ -55,7 +55,7 @@ class FormWindows : public WindowHost {
   void form_hidden(Form& form) override;
   void popup_shown(PopupMenu& menu) override;
   void popup_hidden(PopupMenu& menu) override;
-  void busy(std::string_view what, int done, int total) override;
+  bool busy(std::string_view what, int done, int total) override;
   void busy_over() override { busy_.over(); }
 
   // How each window is laid out; told before the first one is shown.
@@ -65,6 +65,8 @@ class FormWindows : public WindowHost {
   FormWindow& window(Form& form);
   // Called again and again while work holds the window, for as long as it may hold the console.
   std::function<void()> while_busy = [] {};
+  // Whether it is to end here, unfinished.
+  std::function<bool()> work_must_end = [] { return false; };
   // Called between its pieces, however long it takes.
   std::function<void()> work_goes_on = [] {};
   // A box comes up in the middle of work.

@@ -17,8 +17,8 @@ class WindowHost {
   virtual void popup_shown(PopupMenu& menu) = 0;
   virtual void popup_hidden(PopupMenu& menu) = 0;
   // Work that holds everything goes on: what it is, in the operator's words, and `done` of `total` pieces of
-  // it, where total is known, else 0.
-  virtual void busy(std::string_view /*what*/, int /*done*/, int /*total*/) {}
+  // it, where total is known, else 0. False: it is to end here, as something more urgent waits.
+  virtual bool busy(std::string_view /*what*/, int /*done*/, int /*total*/) { return true; }
   virtual void busy_over() {}
 };
 
@@ -64,13 +64,14 @@ class BusyPointer {
   // `what` must last.
   BusyPointer(Windows& windows, std::string_view what, int total = 0)
       : host_(windows.host()), what_(what), total_(total) {
-    host_.busy(what_, 0, total_);
+    (void)host_.busy(what_, 0, total_);
   }
   ~BusyPointer() { host_.busy_over(); }
   BusyPointer(const BusyPointer&) = delete;
   BusyPointer& operator=(const BusyPointer&) = delete;
 
-  void show(int done) { host_.busy(what_, done, total_); }
+  // False: the work is to end here, unfinished.
+  [[nodiscard]] bool show(int done) { return host_.busy(what_, done, total_); }
 
  private:
   WindowHost& host_;

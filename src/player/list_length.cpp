@@ -37,7 +37,7 @@ std::optional<int> ListLength::measure() {
     doors_.MP3.set_file(path);
     sum = std::nearbyint(sum + doors_.MP3.duration());
     doors_.MP3.hold();
-    pointer.show(++done);
+    if (!pointer.show(++done)) return {};
   }
   return static_cast<int>(std::fmod(sum, kSecondsPerDay));
 }

@@ -40,7 +40,7 @@ void TagSearch::run() {
   for (int i = 1; i <= doors_.player.mp_cnt(); ++i) {
     switch (look_at(i, text)) {
       case Walk::kGoesOn:
-        pointer.show(i);
+        if (!pointer.show(i)) return;
         break;
       case Walk::kFailed:
         return;

@@ -70,14 +70,16 @@ TEST_F(Supervised, TheDetectionItselfBeatsAndAlsoABoxThatIsUp) {
   EXPECT_TRUE(manager.heard().isEmpty()) << "a console that does not detect does not live";
 }
 
-TEST_F(Supervised, ItBeatsInTheMidstOfWorkThatHoldsTheWindow) {
+TEST_F(Supervised, ItBeatsInTheMidstOfWorkThatHoldsTheWindowAndAFireEndsThat) {
   desktop->start();
   (void)manager.heard();
-  desktop->windows().busy("Длительность списка", 1, 3);
+  EXPECT_TRUE(desktop->windows().busy("Длительность списка", 1, 3));
   std::this_thread::sleep_for(std::chrono::milliseconds(1100));
   (void)manager.heard();
-  desktop->windows().busy("Длительность списка", 2, 3);
+  EXPECT_TRUE(desktop->windows().busy("Длительность списка", 2, 3));
   EXPECT_EQ(manager.heard(), QStringList("WATCHDOG=1"));
+  line_->change([](rack::Rack& rack) { rack.set_contact(7, true); });
+  EXPECT_FALSE(desktop->windows().busy("Длительность списка", 3, 3));
   desktop->windows().busy_over();
 }
 
