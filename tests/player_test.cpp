@@ -32,8 +32,15 @@ class Player : public testing::Test {
   Form1& form1() { return console->form1(); }
   Lines logged() { return std::exchange(log, {}); }
 
+  // Whose host may end long work.
+  struct Urgent : drill::VirtualMachine {
+    using VirtualMachine::VirtualMachine;
+    bool busy(std::string_view, int, int) override { return !fire_waits; }
+    bool fire_waits = false;
+  };
+
   Scratch scratch;
-  drill::VirtualMachine machine{scratch.path};
+  Urgent machine{scratch.path};
   std::unique_ptr<Console> console;
   Lines log;
 };
@@ -41,6 +48,21 @@ class Player : public testing::Test {
 const std::string kFileA = R"(media MP file "C:\\ZEF\\PlayList\\a.wav")";
 const std::string kFileB = R"(media MP file "C:\\ZEF\\PlayList\\b.wav")";
 const std::string kPlay = "media MP play", kHold = "media MP hold";
+
+TEST_F(Player, AFireEndsASearchAndASumOfLengths) {
+  form1().CmdPMP.click();
+  form1().CmdSeek.click();
+  form1().TxtSeek.set_text("nowhere");
+  logged();
+  form1().CmdSeekOk.click();
+  EXPECT_EQ(logged(), Lines{R"(box "Поиск завершен" "!!!" ok -> ok)"});
+  machine.fire_waits = true;
+  form1().CmdSeekOk.click();
+  EXPECT_EQ(logged(), Lines{});
+  machine.queue_answer({.kind = drill::Answer::Kind::kYes, .text = {}});
+  form1().CmdSVL.click();
+  EXPECT_EQ(form1().LblVPL.caption(), "");
+}
 
 TEST_F(Player, EachPressDrivesTheMediaInItsOrder) {
   form1().CmdPMP.click();
