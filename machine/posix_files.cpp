@@ -126,6 +126,8 @@ fs::path PosixFiles::locate(std::string_view path) const {
   const char letter = static_cast<char>(std::toupper(static_cast<unsigned char>(path[0])));
   const auto drive = drives_.find(letter);
   if (drive == drives_.end()) return {};
+  const std::string_view whole = path;
+  if (const auto known = spellings_->place_of(whole)) return *known;
   fs::path place = drive->second;
   path.remove_prefix(2);
   while (!path.empty()) {
@@ -146,7 +148,37 @@ fs::path PosixFiles::locate(std::string_view path) const {
     }
     place = next;
   }
+  spellings_->remember(whole, place);
   return place;
+}
+
+std::optional<std::string> PosixFiles::Spellings::place_of(std::string_view path) {
+  const auto cut = path.rfind('\\') + 1;
+  const std::string_view name = path.substr(cut);
+  if (name.empty() || name.front() == '.' || name.find('/') != std::string_view::npos) return std::nullopt;
+  std::string place;
+  {
+    const std::lock_guard lock(mutex_);
+    const auto folder = folders_.find(path.substr(0, cut));
+    if (folder == folders_.end()) return std::nullopt;
+    place = folder->second;
+  }
+  place.append(1, '/').append(name);
+  struct stat status {};
+  if (::stat(place.c_str(), &status) != 0) return std::nullopt;
+  return place;
+}
+
+void PosixFiles::Spellings::remember(std::string_view path, const fs::path& place) {
+  const auto cut = path.rfind('\\') + 1;
+  if (cut == 0 || cut == path.size()) return;
+  const std::lock_guard lock(mutex_);
+  folders_[std::string(path.substr(0, cut))] = place.parent_path().string();
+}
+
+void PosixFiles::Spellings::forget() {
+  const std::lock_guard lock(mutex_);
+  folders_.clear();
 }
 
 FileError PosixFiles::read(std::string_view path, std::string& bytes) {

@@ -7,6 +7,9 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
 #include <set>
 
 #include "platform/files.h"
@@ -37,7 +40,10 @@ class PosixFiles : public Files {
   // Removes what saves that were cut off have left in that folder and those in it.
   void remove_left_over(std::string_view path);
   // Puts a drive in, with its directory, or takes it out.
-  void mount(char letter, std::filesystem::path directory) { drives_[letter] = std::move(directory); }
+  void mount(char letter, std::filesystem::path directory) {
+    drives_[letter] = std::move(directory);
+    spellings_->forget();
+  }
   void unmount(char letter) { drives_.erase(letter); }
   // In place of the system's own write: how much of it was written, or -1 and errno.
   using Write = std::function<ssize_t(int fd, const void* bytes, std::size_t count)>;
@@ -60,7 +66,23 @@ class PosixFiles : public Files {
   // From where the file stands to its end.
   FileError read_all(int fd, std::string& bytes) const;
 
+  // Under which spelling a folder was found, so that a line of the journal need not search the folders on its
+  // way again. For any thread.
+  class Spellings {
+   public:
+    // Where the path lies, if its folder lies where it was found last and what is asked for is in it.
+    std::optional<std::string> place_of(std::string_view path);
+    void remember(std::string_view path, const std::filesystem::path& place);
+    void forget();
+
+   private:
+    std::mutex mutex_;
+    std::map<std::string, std::string, std::less<>>
+        folders_;  // their places, by path up to the last backslash
+  };
+
   std::map<char, std::filesystem::path> drives_;
+  const std::shared_ptr<Spellings> spellings_ = std::make_shared<Spellings>();
   Write write_;                                      // none: the system's
   Read read_;                                        // the same
   int neighbours_ = 0;                               // made so far

@@ -107,6 +107,13 @@ TEST_F(Disk, PathsWithoutRegardToCase) {
   EXPECT_EQ(files.replace("C:\\ZEF_DAT", ""), kPathFileAccess);
   EXPECT_EQ(files.read("D:\\x", bytes), kDriveNotReady);
   EXPECT_FALSE(files.drive_ready('D'));
+  // What it remembers of the folders ends with their spelling, and with the drive.
+  fs::rename(scratch.path / "ZEF_DAT", scratch.path / "zef_Dat");
+  EXPECT_EQ(files.read("C:\\ZEF_DAT\\MESSAGE\\тревога.wav", bytes), kNoError);
+  files.mount('D', scratch.path / "zef_Dat");
+  EXPECT_TRUE(files.is_file("D:\\MESSAGE\\тревога.wav"));
+  files.mount('D', scratch.path);
+  EXPECT_FALSE(files.is_file("D:\\MESSAGE\\тревога.wav"));
 }
 
 TEST_F(Disk, WhatIsWrittenIsForItsOwnUserAlone) {
