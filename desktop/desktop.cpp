@@ -228,8 +228,9 @@ void Desktop::read_settings_ahead() {
     for (const std::string& name : files_.files(folder)) read(folder, name);
   for (const std::string& name : files_.files(kProgramFolder))
     if (is_play_list(name)) read(kProgramFolder, name);
-  // Where the player looks for its own folder, so as not to ask for one that is there.
+  // Where the player looks for its own folder, so as not to ask for one that is there; and its first drive.
   (void)files_.folders(kProgramFolder);
+  (void)files_.drive_ready(kProgramFolder[0]);
   // Without it nobody would get into the settings; often there is none.
   read(kDataFolder, kPasswordFile);
 }

@@ -343,10 +343,9 @@ std::vector<std::string> BackgroundFiles::drives() {
 
 bool BackgroundFiles::drive_ready(char letter) {
   const std::string drive(1, letter);
-  const auto answer = ask({.key = "drive " + lower_case(drive),
-                           .path = drive,
-                           .ask = [this, letter] { return DiskAnswer{.yes = inner_.drive_ready(letter)}; },
-                           .keeps = false});
+  const auto answer = ask({.key = "drive " + lower_case(drive), .path = drive, .ask = [this, letter] {
+                             return DiskAnswer{.yes = inner_.drive_ready(letter)};
+                           }});
   return answer && answer->yes;
 }
 

@@ -147,6 +147,11 @@ TEST_F(Behind, BehindTheStartWhatTheDiskNeverToldIsAnErrorAndOtherDrivesAnswer) 
   disk.answer();
   while (files.read("C:\\old.dat", bytes) != kNoError) patience.renew();
   EXPECT_EQ(bytes, "bytes");
+  EXPECT_TRUE(files.drive_ready('C'));
+  disk.hangs = true;
+  EXPECT_FALSE(files.is_file("C:\\new"));
+  EXPECT_TRUE(files.drive_ready('C')) << "asleep, and there as before";
+  disk.answer();
 }
 
 TEST_F(Behind, AQuestionThatHangsIsAskedOnceAndToldAndALateAnswerTakesNoPlaceOfANewerWrite) {
