@@ -12,8 +12,8 @@ namespace {
 
 constexpr int kTries = 40;
 constexpr std::array<std::string_view, 6> kTexts = {"", "x", "Зал", "Фойе 1 этажа", "0", "a.wav"};
-// The way out, a change of the password that nobody would remember, and what has no window yet.
-constexpr std::array<std::string_view, 3> kLeftAlone = {"M_ex", "MusPar", "M_tim"};
+// The way out, and a change of the password that nobody would remember.
+constexpr std::array<std::string_view, 2> kLeftAlone = {"M_ex", "MusPar"};
 
 Form& in_front(Windows& windows) {
   if (Form* modal = windows.modal()) return *modal;

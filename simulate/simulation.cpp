@@ -129,9 +129,9 @@ void Simulation::settle() {
          std::to_string(15 + 15 * one_of(3)), "0", one_of(4) == 0 ? "1" : "0", "3", "1"});
   std::vector<std::string> steps;
   // Two alarm marks reset one another ten times a second for as long as both burn, with a hundred lines of
-  // journal each time: one seed in thirty is enough of that.
+  // journal each time: one seed in a hundred is enough of that.
   std::vector<int> marked = {1 + one_of(kLastAlgorithm)};
-  if (one_of(30) == 0) marked.push_back(1 + one_of(kLastAlgorithm));
+  if (one_of(100) == 0) marked.push_back(1 + one_of(kLastAlgorithm));
   constexpr std::array kFiles = {"fire.wav", "short.wav", "long.wav"};
   for (int zone = 1; zone <= kLastAlgorithm; ++zone) {
     if (one_of(8) == 0) continue;
@@ -170,8 +170,8 @@ void Simulation::settle() {
                       kFunctions[static_cast<std::size_t>(one_of(kFunctions.size()))]}));
   (void)write_programme(folder, kProgramme, events);
   (void)write_last_programme(folder, kProgramme);
-  for (const auto name :
-       {"alarm\\f_al_str.dat", "alarm\\f_al.dat", "F_ust.dat", "F_ustZ.dat", "F_ustT1.dat"}) {
+  for (const auto name : {"alarm\\f_al_str.dat", "alarm\\f_al.dat", "F_ust.dat", "F_ustZ.dat", "F_ustT1.dat",
+                          "timer\\Name_f.dat", "timer\\Неделя"}) {
     std::string bytes;
     if (files.read(folder.path(name), bytes) == kNoError)
       rules_.replaced_from_outside(folder.path(name), bytes);
