@@ -31,6 +31,7 @@ bool Watch::Silenced::left_off(int count, bool on) {
 void Watch::look() {
   if (edition_ != doors_.algorithms.edition) take_algorithms();
   Findings f;
+  f.type = alert_type(doors_.settings);
   read_contacts(f);
   find_alerts(f);
   find_unanswered(f);
@@ -107,13 +108,12 @@ void Watch::take_algorithms() {
 // What runs, and whether it is heard.
 void Watch::find_alerts(Findings& f) {
   const AlertState& alert = doors_.alert;
-  const int type = alert_type(doors_.settings);
-  f.blind = blindness(type);
+  f.blind = blindness(f.type);
   f.block_zone = alert.block_zone;
   f.alarm_zones = doors_.link.alarm_zones_on;
   f.manual_message = alert.msg_manual && doors_.tab.Timer6.enabled();
-  f.contacts_idle = type == kTypeBlock && f.contacts.any();
-  if (alert.fire_sim && type == kTypeController) f.test_zone = alert.test_zone;
+  f.contacts_idle = f.type == kTypeBlock && f.contacts.any();
+  if (alert.fire_sim && f.type == kTypeController) f.test_zone = alert.test_zone;
   if (alert.alg_running && !f.contacts[zone_bit(alert.alg_zone)] &&
       (f.test_zone != alert.alg_zone || alert.alg_by_contact))
     f.alerted.set(zone_bit(alert.alg_zone));
@@ -132,7 +132,7 @@ void Watch::find_alerts(Findings& f) {
 // What becomes of each closed contact. A zone stands only in the first of these that holds.
 void Watch::find_unanswered(Findings& f) const {
   const AlertState& alert = doors_.alert;
-  const bool controller = alert_type(doors_.settings) == kTypeController;
+  const bool controller = f.type == kTypeController;
   if (controller) {
     f.fourth_bank = f.contacts & ~kFirstBanks;
     f.no_algorithm = f.contacts & kFirstBanks & ~with_steps_;
@@ -177,7 +177,7 @@ ZoneBits Watch::restarting() const {
 // What is missing, whether or not anything burns.
 void Watch::find_gaps(Findings& f) {
   const AlertState& alert = doors_.alert;
-  if (alert_type(doors_.settings) == kTypeController) {
+  if (f.type == kTypeController) {
     if (doors_.sources.ch_computer == 0)
       f.no_sound = NoSound::kNoChannel;
     else if (doors_.sources.vol_computer == 0)

@@ -71,6 +71,7 @@ class Watch {
     ZoneBits contacts, alerted, no_algorithm, fourth_bank, mute, restarting, waiting, not_until_reset, ended,
         answered;
     ZoneBits no_steps, marked;
+    int type = 0;  // of the alerts
     int block_zone = 0, test_zone = 0, alg_zone = 0;
     bool alarm_zones = false, manual_message = false, contacts_idle = false, block_mute = false;
     Blind blind = Blind::kNot;
