@@ -117,6 +117,9 @@ Desktop::Desktop(const HostSetup& setup, std::unique_ptr<TrainingLine> training)
     look_at_tracks_ahead();
     screen_.flush();
   };
+  host_.display_lost = [this] {
+    if (!ending_) end(QStringLiteral("дисплей потерян"));
+  };
   host_.steady_wall().changed = [this] { loop_.keep_phase(); };
   host_.steady_wall().stepped = [this](WallTime from, WallTime to) {
     notices_.keep_box(QStringLiteral("Часы компьютера переведены: %1 → %2").arg(moment(from), moment(to)));

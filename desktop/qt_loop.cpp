@@ -4,6 +4,8 @@
 #include <chrono>
 #include <ctime>
 
+#include "desktop/display.h"
+
 namespace evac::desktop {
 
 using std::chrono::ceil;
@@ -59,6 +61,7 @@ void QtLoop::idle(std::optional<Instant> next_due) {
 }
 
 void QtLoop::step_toolkit(QEventLoop::ProcessEventsFlags how) {
+  if (display_gone()) return display_lost();
   QCoreApplication::processEvents(how);
   stepped_ = steady_clock::now();
   // No loop of the toolkit's own ever comes to an end here, so that its belated deletions need a call.

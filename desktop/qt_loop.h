@@ -23,6 +23,8 @@ class QtLoop : public LoopHost {
 
   // Called before each waiting: shows what has changed.
   std::function<void()> before_wait = [] {};
+  // Called instead of a step of the toolkit, that would be the last.
+  std::function<void()> display_lost = [] {};
   SteadyWall& steady_wall() { return wall_; }
 
   // What was drawn or asked of the display beside the toolkit's own events is passed on at least this often.
