@@ -74,7 +74,8 @@ TEST_F(TimerFiles, LieInRecordsOfTheirOwnLength) {
   EXPECT_EQ(read_last_programme(data.folder), "Школа");
   EXPECT_EQ(read_schedule(data.folder), Texts{"A\tс 1 по 2"});
   const ScheduleEntry entry = schedule_entry("A\tс 1 по 2");
-  EXPECT_EQ(entry.sch_name + entry.sch_from + entry.sch_to, "A 1 2");
+  EXPECT_EQ(join(entry.sch_name, entry.sch_from, "|", entry.sch_to), "A 1|2");
+  EXPECT_EQ(schedule_entry("Депо 1\tс 1 по 2").sch_to, "1\tс 1 по 2") << "the name's own word";
   EXPECT_EQ(programme_names(data.folder), Texts{"Школа"});
   // One that is cut off is read as far as it goes.
   must(data.folder.replace("timer\\Школа", bytes("Школа").substr(0, 133)));

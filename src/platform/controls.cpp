@@ -217,7 +217,8 @@ void ComboBox::selection_changed() {
 
 void Grid::set_row_count(int rows) {
   if (rows == row_count()) return;
-  cells_.resize(static_cast<std::size_t>(std::max(rows, 0)), std::vector<std::string>(widths_.size()));
+  cells_.resize(static_cast<std::size_t>(std::max(rows, 0)),
+                std::vector<std::string>(static_cast<std::size_t>(columns_)));
   changed();
 }
 
@@ -228,11 +229,6 @@ const std::string& Grid::cell(int row, int column) const {
 
 void Grid::set_cell(int row, int column, std::string_view text) {
   assign(const_cast<std::string&>(cell(row, column)), text);
-}
-
-void Grid::set_column_width(int column, int width) {
-  if (column < 0 || column >= column_count()) bad_subscript();
-  assign(widths_[static_cast<std::size_t>(column)], width);
 }
 
 void Grid::sort(int column) {

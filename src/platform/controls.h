@@ -227,22 +227,20 @@ class ComboBox : public RowControl {
 class Grid : public Control {
  public:
   Grid(const Place& place, std::string_view name, int columns, std::optional<int> index = {})
-      : Control(place, Kind::kGrid, name, {}, index), widths_(static_cast<std::size_t>(columns)) {}
+      : Control(place, Kind::kGrid, name, {}, index), columns_(columns) {}
   int row_count() const { return static_cast<int>(cells_.size()); }
-  int column_count() const { return static_cast<int>(widths_.size()); }
+  int column_count() const { return columns_; }
   void set_row_count(int rows);
   // Row and column from 0; a fault outside the grid.
   const std::string& cell(int row, int column) const;
   void set_cell(int row, int column, std::string_view text);
-  int column_width(int column) const { return widths_.at(static_cast<std::size_t>(column)); }
-  void set_column_width(int column, int width);
   // Generic ascending sort by one column: numbers by value before texts by their letters; equal rows keep
   // their order.
   void sort(int column);
 
  private:
   std::vector<std::vector<std::string>> cells_;
-  std::vector<int> widths_;
+  const int columns_;
 };
 
 class MonthCalendar : public Control {

@@ -15,7 +15,7 @@ constexpr std::size_t kLongestName = 30;  // bytes
 constexpr std::string_view kBarred = "\\/:*?\"<>|";
 // The first record of the schedule is no entry.
 constexpr int kFirstEntry = 2;
-constexpr std::string_view kTab = "\t", kFrom = "с ", kTo = " по ";
+constexpr std::string_view kTab = "\t", kFrom = "с ", kTo = " по ", kToWord = "по ";
 
 std::string in_folder(std::string_view file) {
   return join(kFolder, "\\", file);
@@ -104,7 +104,7 @@ std::string schedule_text(std::string_view name, std::string_view from, std::str
 ScheduleEntry schedule_entry(std::string_view text) {
   const int from = InStr(text, kFrom), to = InStr(text, kTo);
   return {Left(text, InStr(text, kTab) - 1), Mid(text, from + 1, to - from - 1),
-          Mid(text, to + 3, Len(text))};
+          Mid(text, InStr(text, kToWord) + Len(kToWord), Len(text))};
 }
 
 }  // namespace evac

@@ -32,8 +32,8 @@ FileError write_last_programme(DataFolder& folder, std::string_view name);
 std::vector<std::string> read_schedule(DataFolder& folder);
 FileError write_schedule(DataFolder& folder, const std::vector<std::string>& entries);
 
-// An entry as a text, and cut up again. Dates are texts, and come back with a blank before them. The words of
-// the range count where they first stand, be it in the name.
+// An entry as a text, and cut up again. Dates are texts, and the first comes back with a blank before it. The
+// words of the range count where they first stand, be it in the name: such an entry never holds.
 std::string schedule_text(std::string_view name, std::string_view from, std::string_view to);
 ScheduleEntry schedule_entry(std::string_view text);
 
