@@ -116,7 +116,11 @@ TEST_F(Loop, NobodyIsWokenForATimerThatRestsAndItKeepsItsPhase) {
     rests = false;
   });
   machine.run_for(30ms);
-  EXPECT_EQ(log, "c100 l100 c170 e170 c180 c200 l200 ");
+  rests = true;
+  machine.run_for(50ms);
+  rests = false;  // by a hand, that is no event
+  machine.run_for(20ms);
+  EXPECT_EQ(log, "l100 e170 c180 c200 l200 c260 ");
 }
 
 TEST_F(Loop, EventsRunInTheOrderOfTheirMoments) {
