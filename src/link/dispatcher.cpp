@@ -40,7 +40,7 @@ void Dispatcher::dispatch() {
       if (frame[3] & kProgrammeBit) doors_.strip.Picture2.print("Опрос оборудования");
       doors_.state.last_poll = doors_.loop.now();
       doors_.wait.poll_came();
-      break;
+      return;  // it is over when it is answered
     case kRepStatusA:
       if (frame[3] == kLinkBit && frame[4] == 0) report_status(kLinkBit);
       break;
@@ -61,10 +61,13 @@ void Dispatcher::dispatch() {
       doors_.wait.data_came();
       if (doors_.wait.scan() == ReplyWait::Scan::kData) doors_.link.leave_rest();
   }
-  if (++doors_.state.status_line_count >= kLineLife) {
-    doors_.strip.Picture2.clear();
-    doors_.state.status_line_count = 0;
-  }
+  count_frame();
+}
+
+void Dispatcher::count_frame() {
+  if (++doors_.state.status_line_count < kLineLife) return;
+  doors_.strip.Picture2.clear();
+  doors_.state.status_line_count = 0;
 }
 
 void Dispatcher::show_link(bool up) {
@@ -101,6 +104,7 @@ void Dispatcher::answer_poll() {
     default:
       doors_.link.SendPollAnswer();
   }
+  count_frame();
 }
 
 }  // namespace evac

@@ -27,6 +27,8 @@ class Dispatcher {
   void answer_poll();
 
  private:
+  // One more is done with, of any kind.
+  void count_frame();
   void show_link(bool up);
   void report_link(bool up);
   void report_programme(bool running);
