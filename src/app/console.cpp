@@ -103,8 +103,7 @@ Console::Console(const Machine& machine)
                       .received = model_.link,
                       .panel = forms_.form1,
                       .link = link_,
-                      .wait = reply_wait_,
-                      .loop = machine.loop}),
+                      .wait = reply_wait_}),
       scan_report_({.supervision = model_.supervision,
                     .settings = model_.settings,
                     .terminals_tab = forms_.form1,
@@ -116,6 +115,7 @@ Console::Console(const Machine& machine)
                      .settings = model_.settings,
                      .panel = forms_.form1,
                      .scan_panel = forms_.form1,
+                     .scan = terminal_scan_,
                      .report = scan_report_,
                      .tone = machine.tone,
                      .loop = machine.loop}),
@@ -123,7 +123,8 @@ Console::Console(const Machine& machine)
                       .zones = model_.zones,
                       .tab = forms_.form1,
                       .rows = zone_console_,
-                      .scan_panel = forms_.form1}),
+                      .scan_panel = forms_.form1,
+                      .scan = terminal_scan_}),
       status_file_(
           {.settings = model_.settings, .alert = model_.alert, .loop = machine.loop, .files = machine.files}),
       text_log_({.tab = forms_.form1, .loop = machine.loop}),
@@ -360,6 +361,7 @@ Console::Console(const Machine& machine)
 
 Console::~Console() {
   machine_.port.receive = nullptr;
+  machine_.loop.between_events = nullptr;
 }
 
 void Console::shutdown() {

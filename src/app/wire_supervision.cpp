@@ -5,6 +5,7 @@ namespace evac {
 
 void Console::wire_supervision() {
   Form1& form1 = forms_.form1;
+  machine_.loop.between_events = [this] { terminal_scan_.go_on(); };
   form1.CmdSkan.click = [this] { terminal_scan_.toggle(); };
   form1.Cd1.on_click([this](int i) { terminal_scan_.sort_by(i); });
   form1.CmdSch.click = [this] { zone_readback_.read(); };

@@ -45,6 +45,7 @@ void EventLoop::pump() {
 }
 
 bool EventLoop::run_due() {
+  between_events();
   host_.look_at_clock();
   const Instant now = host_.now();
   if (std::exchange(waited_, false)) pass_over_resting(now);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/time.h"
+#include "platform/event.h"
 
 namespace evac {
 
@@ -48,6 +49,8 @@ class EventLoop {
   void pump();
   // Runs the oldest event that is due now; false when none is.
   bool run_due();
+  // Raised before each step: work that waits for something without holding anybody looks whether it has come.
+  Event<> between_events;
   // The number of the innermost event that is being run; 0 when none is.
   std::uint64_t running() const { return running_; }
   // The moment of the next event that is worth waking for, past or future; none when nothing is posted, and

@@ -52,15 +52,19 @@ void AutoControl::toggle_manual() {
     return;
   }
   if (setting(kAutoControl) == 1 && doors_.supervision.auto_mode) doors_.panel.CmdZ.click();
-  scan_and_report();
-  doors_.panel.Label3.set_caption("Ручной контроль");
-  doors_.panel.Lbl_m.set_caption("Все в порядке");
+  scan_and_report([this] {
+    doors_.panel.Label3.set_caption("Ручной контроль");
+    doors_.panel.Lbl_m.set_caption("Все в порядке");
+  });
 }
 
-void AutoControl::scan_and_report() {
+void AutoControl::scan_and_report(std::function<void()> then) {
   doors_.panel.Lbl_m.set_caption("Опрос терминалов");
   doors_.scan_panel.CmdSkan.click();
-  doors_.report.tell();
+  doors_.scan.when_over([this, then = std::move(then)] {
+    doors_.report.tell();
+    then();
+  });
 }
 
 void AutoControl::tick() {
@@ -73,8 +77,7 @@ void AutoControl::tick() {
                                      ? "Автоматический контроль отключен"
                                      : join(time_text(next), "  ", time_left_text(left)));
   if (left != 0) return;
-  scan_and_report();
-  set_next_check();
+  scan_and_report([this] { set_next_check(); });
 }
 
 void AutoControl::alarm_tick() {

@@ -8,6 +8,7 @@
 #include "supervision/monitor_panel.h"
 #include "supervision/scan_panel.h"
 #include "supervision/scan_report.h"
+#include "supervision/terminal_scan.h"
 
 namespace evac {
 
@@ -18,6 +19,7 @@ class AutoControl {
     const SettingsState& settings;
     MonitorPanel& panel;
     ScanPanel& scan_panel;
+    TerminalScan& scan;
     ScanReport& report;
     Tone& tone;
     const EventLoop& loop;
@@ -42,7 +44,8 @@ class AutoControl {
 
  private:
   int setting(SettingsIndex index) const;
-  void scan_and_report();
+  // Runs `then` behind the report.
+  void scan_and_report(std::function<void()> then);
 
   const Doors doors_;
   bool BeepPhase = false;

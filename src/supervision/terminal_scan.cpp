@@ -23,41 +23,52 @@ void TerminalScan::start() {
 
 void TerminalScan::toggle() {
   mark_head(kNumberHead);
-  if (!doors_.supervision.ScanRunning) {
-    run();
+  if (doors_.supervision.ScanRunning) {
+    doors_.wait.stop();
+    show_over();
     return;
   }
-  doors_.wait.stop();
-  show_over();
-}
-
-void TerminalScan::run() {
   doors_.supervision.ScanRunning = true;
   show_switch(doors_.panel.CmdSkan, true);
-  int step = 0;
-  const int last = doors_.terminals.term_count;
-  for (int t = 1; t <= last; ++t) {
-    step = step % kBarSteps + 1;
-    show_progress(join("Идет сканирование... ", t, " из ", doors_.terminals.term_count), step);
-    ask(t);
-    if (answered()) take_answer(t);
-  }
-  show_over();
+  Pass pass{.last = doors_.terminals.term_count};
+  if (ask_next(pass))
+    passes_.push_back(std::move(pass));
+  else
+    show_over();
 }
 
-void TerminalScan::ask(int terminal) {
+void TerminalScan::when_over(std::function<void()> then) {
+  if (doors_.supervision.ScanRunning)
+    passes_.back().then = std::move(then);
+  else
+    then();
+}
+
+void TerminalScan::go_on() {
+  while (!passes_.empty()) {
+    const ReplyWait::Scan wait = doors_.wait.scan();
+    if (doors_.supervision.ScanRunning && wait == ReplyWait::Scan::kWaiting) return;
+    Pass& pass = passes_.back();
+    doors_.wait.stop();
+    if (wait == ReplyWait::Scan::kData) take_answer(pass.terminal);
+    if (ask_next(pass)) continue;
+    const auto then = std::move(pass.then);
+    passes_.pop_back();
+    show_over();
+    then();
+  }
+}
+
+bool TerminalScan::ask_next(Pass& pass) {
+  if (pass.terminal >= pass.last) return false;
+  const int terminal = ++pass.terminal;
+  pass.step = pass.step % kBarSteps + 1;
+  show_progress(join("Идет сканирование... ", terminal, " из ", doors_.terminals.term_count), pass.step);
   doors_.supervision.TermAddrOk[terminal] = doors_.supervision.TermZoneOk[terminal] = false;
   doors_.panel.Lbl_A[kAsked].set_caption(std::to_string(terminal));
   doors_.link.SendScanQuery(terminal);
-}
-
-bool TerminalScan::answered() {
   doors_.wait.begin_scan();
-  while (doors_.supervision.ScanRunning && doors_.wait.scan() == ReplyWait::Scan::kWaiting)
-    doors_.loop.pump();
-  const bool data = doors_.wait.scan() == ReplyWait::Scan::kData;
-  doors_.wait.stop();
-  return data;
+  return true;
 }
 
 void TerminalScan::take_answer(int terminal) {

@@ -5,6 +5,10 @@ namespace evac {
 void ZoneReadback::read() {
   if (doors_.supervision.ScanRunning) return;
   doors_.scan_panel.CmdSkan.click();
+  doors_.scan.when_over([this] { show(); });
+}
+
+void ZoneReadback::show() {
   for (int z = 1; z <= kZones; ++z) {
     doors_.tab.CmdCh[z].set_back_color(kMainBackground);
     const int channel = doors_.zones.ZoneChanScan[z], volume = doors_.zones.ZoneVolScan[z];

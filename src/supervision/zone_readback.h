@@ -3,6 +3,7 @@
 
 #include "console/zone_console.h"
 #include "supervision/scan_panel.h"
+#include "supervision/terminal_scan.h"
 
 namespace evac {
 
@@ -14,13 +15,16 @@ class ZoneReadback {
     ZonesTab& tab;
     ZoneConsole& rows;
     ScanPanel& scan_panel;
+    TerminalScan& scan;
   };
   explicit ZoneReadback(const Doors& doors) : doors_(doors) {}
 
-  // Returns when the scan is over. Nothing while one runs.
+  // Shows it when the scan is over. Nothing while one runs.
   void read();
 
  private:
+  void show();
+
   const Doors doors_;
 };
 
