@@ -17,7 +17,7 @@ void Console::wire_player() {
   form1.Tmr1.tick = [this] { transport_.watch_end(); };
   form1.Tmr2.tick = [this] { position_.tick(); };
   form1.Ipos.mouse_down = [this](MousePress press) { position_.press(press); };
-  form1.Ipos.mouse_move = [this](int) { position_.move(); };
+  form1.Ipos.mouse_move = [this](int way) { position_.move(way); };
   form1.Ipos.mouse_up = [this] { position_.release(); };
 
   form1.CmdListMP.click = [this] { list_panels_.toggle_tracks(); };

@@ -30,10 +30,11 @@ void Position::press(MousePress press) {
   doors_.tab.Tmr2.set_enabled(false);
 }
 
-void Position::move() {
+void Position::move(int way) {
   PlayerState& player = doors_.player;
   if (!player.mp_pow || !player.mp_drag) return;
   Button& button = doors_.tab.Ipos;
+  button.set_left(button.left() + way);
   if (button.left() >= kPositionEnd) return doors_.tab.CmdNextMP.click();
   if (button.left() <= 0) return button.set_left(0);
   const double second = second_on_way(doors_.MP.duration());

@@ -22,9 +22,9 @@ class Position {
 
   // One tick of Tmr2: the time left, and the way of a second.
   void tick();
-  // The drag. The button has been brought to its place when move() is called.
+  // The drag; `way` to the right.
   void press(MousePress press);
-  void move();
+  void move(int way);
   void release();
 
  private:
