@@ -44,7 +44,8 @@ void Drill::do_clock(const Words& words) {
 }
 
 void Drill::do_card(const Words& words) {
-  if (words.size() != 4) want(words, 3, "card 0 on, off, fail, work or stall 50ms");
+  if (words.size() < 3 || words[2].text != "stall")
+    want(words, 3, "card 0 on, off, fail, work or stall 50ms");
   const int number = parse_int(words[1], "the card");
   if (number != 0 && number != 1) throw CommandError("the cards are 0 and 1");
   const std::string& state = words[2].text;
@@ -194,6 +195,7 @@ void Drill::do_now(const Words& words) {
 }
 
 void Drill::do_rx(const Words& words) {
+  if (words.size() < 2) want(words, 2, "rx AA AA 10 00 00 03 00 00 13");
   std::vector<std::uint8_t> bytes;
   for (std::size_t i = 1; i < words.size(); ++i) bytes.push_back(parse_byte(words[i]));
   machine_.receive(bytes);

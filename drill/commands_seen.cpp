@@ -59,7 +59,8 @@ void Drill::do_items(const Words& words) {
   for (const auto& row : rows_of(find_control(windows(), words[1].text))) print("= " + row);
 }
 
-void Drill::do_forget(const Words&) {
+void Drill::do_forget(const Words& words) {
+  want(words, 1, "forget");
   machine_.sent().clear();
   machine_.heard().clear();
   machine_.raised().clear();
@@ -102,6 +103,7 @@ void Drill::expect_frames(const Words& words) {
 }
 
 void Drill::expect_no(const Words& words) {
+  want(words, 3, "expect no tx or expect no box");
   if (words[2].text == "tx") {
     if (!machine_.sent().empty())
       throw CommandError("a frame was sent: " + frame_text(machine_.sent().front().data() + 2));

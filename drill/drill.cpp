@@ -92,13 +92,10 @@ int Drill::run() {
 }
 
 void Drill::next_command() {
-  print_result();
-  std::string line;
-  if (waiting_.empty()) line = next_line();
-  result_ = "ok";
-  reported_ = false;
+  const bool begins = waiting_.empty();
+  if (begins) print_result();
   try {
-    if (waiting_.empty()) waiting_ = commands_of(split_words(line));
+    if (begins) begin_line();
     const Words command = std::move(waiting_.front());
     waiting_.pop_front();
     obey(command);
@@ -106,7 +103,18 @@ void Drill::next_command() {
     ++failures_;
     result_ = join("error: ", error.what());
     if (number_lines_) result_ += join(" (line ", command_line_, ")");
+    waiting_.clear();
+    if (seen_before_) machine_.seen() = *seen_before_;
   }
+}
+
+void Drill::begin_line() {
+  const std::string line = next_line();
+  result_ = "ok";
+  reported_ = false;
+  seen_before_.reset();
+  waiting_ = commands_of(split_words(line));
+  if (waiting_.size() > 1 && waiting_.front()[0].text == "expect") seen_before_ = machine_.seen();
 }
 
 std::string Drill::next_line() {
@@ -141,7 +149,8 @@ void Drill::end_process() {
   console_.reset();
 }
 
-void Drill::do_start(const Words&) {
+void Drill::do_start(const Words& words) {
+  want(words, 1, "start");
   console_ = std::make_unique<Console>(machine_.machine());
   console_->journal().written = [this](const std::string& line) {
     print("journal " + in_quotes(line));
@@ -151,7 +160,8 @@ void Drill::do_start(const Words&) {
   console_->load();
 }
 
-void Drill::do_quit(const Words&) {
+void Drill::do_quit(const Words& words) {
+  want(words, 1, "quit");
   throw NoMoreCommands{};
 }
 

@@ -50,6 +50,7 @@ class Drill {
   // waits.
   void next_command();
   // The next line that holds commands.
+  void begin_line();
   std::string next_line();
   void print_result();
   void obey(const Words& words);
@@ -122,7 +123,8 @@ class Drill {
   std::string result_;      // of the command before; empty when it is printed
   bool reported_ = true;
   int line_ = 0, command_line_ = 0;
-  std::deque<Words> waiting_;  // the other commands of that line
+  std::deque<Words> waiting_;                        // the other commands of that line
+  std::optional<VirtualMachine::Seen> seen_before_;  // where the line is of several expectations
   int failures_ = 0;
   std::vector<int> faults_;
 };

@@ -84,7 +84,7 @@ void VirtualMachine::carry_line(std::size_t buffer) {
   carried_->arrived = [this, reader = rack::FrameReader{}](std::uint8_t byte, Instant) mutable {
     Frame9 frame{};
     if (!reader.take(byte, frame)) return;
-    heard_.push_back(frame);
+    seen_.heard.push_back(frame);
     trace("heard" + hex_bytes(frame));
   };
 }
@@ -181,13 +181,13 @@ std::optional<Answer> VirtualMachine::answer_box() {
 }
 
 void VirtualMachine::message(std::string_view text, std::string_view title) {
-  raised_.emplace_back(text);
+  seen_.raised.emplace_back(text);
   answer_box();
   trace(join("box ", in_quotes(text), " ", in_quotes(title), " ok -> ok"));
 }
 
 bool VirtualMachine::ask(std::string_view text, std::string_view title) {
-  raised_.emplace_back(text);
+  seen_.raised.emplace_back(text);
   const auto answer = answer_box();
   const bool yes = answer && answer->kind == Answer::Kind::kYes;
   trace(join("box ", in_quotes(text), " ", in_quotes(title), " yesno -> ", yes ? "yes" : "no"));
@@ -249,7 +249,7 @@ void VirtualMachine::Port::write_line(std::span<const std::uint8_t> bytes) {
   owner_.trace("tx" + hex_bytes(bytes));
   Frame9 frame{};
   std::copy_n(bytes.begin(), std::min(bytes.size(), frame.size()), frame.begin());
-  owner_.sent_.push_back(frame);
+  owner_.seen_.sent.push_back(frame);
   if (owner_.carried_) owner_.carried_->put(frame, owner_.now_);
 }
 

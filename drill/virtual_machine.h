@@ -80,11 +80,11 @@ class VirtualMachine : public LoopHost,
   void receive(std::span<const std::uint8_t> bytes) { port_.arrive(bytes); }
   void set_port_good(int number, bool good);
   // Frames written to the line and not yet taken away by whoever expects them.
-  std::deque<Frame9>& sent() { return sent_; }
+  std::deque<Frame9>& sent() { return seen_.sent; }
   // From here on frames take the way through an outbox and a device with such a buffer.
   void carry_line(std::size_t buffer);
   // Frames that have passed on it and were not yet taken away.
-  std::deque<Frame9>& heard() { return heard_; }
+  std::deque<Frame9>& heard() { return seen_.heard; }
   // Null until then.
   CarriedLine* carried() { return carried_.get(); }
   // The open line goes, and can't be opened again until it is back.
@@ -95,7 +95,13 @@ class VirtualMachine : public LoopHost,
   // Boxes.
   void queue_answer(Answer answer) { answers_.push_back(std::move(answer)); }
   // Texts of message boxes raised and not yet taken away.
-  std::deque<std::string>& raised() { return raised_; }
+  std::deque<std::string>& raised() { return seen_.raised; }
+  // All that can be expected and is then taken away.
+  struct Seen {
+    std::deque<Frame9> sent, heard;
+    std::deque<std::string> raised;
+  };
+  Seen& seen() { return seen_; }
   // A box is up and holds everything.
   bool held() const { return held_; }
 
@@ -207,9 +213,8 @@ class VirtualMachine : public LoopHost,
   VirtualMedia mp_{*this, "MP"}, mp1_{*this, "MP1"}, mp2_{*this, "MP2"}, mp3_{*this, "MP3"};
   std::array<FaultyMedia, 4> faulty_media_{FaultyMedia{mp_, hold_}, FaultyMedia{mp1_, hold_},
                                            FaultyMedia{mp2_, hold_}, FaultyMedia{mp3_, hold_}};
-  std::deque<Frame9> sent_, heard_;
   std::deque<Answer> answers_;
-  std::deque<std::string> raised_;
+  Seen seen_;
   bool held_ = false;
   std::map<std::string, double> sounds_;
   std::array<bool, 2> cards_{};  // whether they are there

@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <iterator>
 
 #include "model/text.h"
@@ -184,9 +183,11 @@ unsigned char parse_byte(const Word& word) {
 }
 
 double parse_number(const std::string& text) {
-  char* end = nullptr;
-  const double value = std::strtod(text.c_str(), &end);
-  if (text.empty() || *end || value < 0) throw CommandError("no number: " + text);
+  double value = 0;
+  const auto end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, value, std::chars_format::fixed);
+  if (read.ec != std::errc() || read.ptr != end || !std::isfinite(value) || value < 0)
+    throw CommandError("no number: " + text);
   return value;
 }
 
