@@ -75,8 +75,14 @@ bool set_checked(CheckBox& box, bool on) {
 
 bool set_text(TextBox& box, std::string_view text) {
   if (!begin(box)) return false;
-  box.set_text(text);
-  if (auto* masked = dynamic_cast<MaskedEdit*>(&box)) masked->place_caret(Len(text));
+  auto* masked = dynamic_cast<MaskedEdit*>(&box);
+  if (masked) {
+    masked->set_text("");
+    for (const char key : text) masked->press_key({key});
+  }
+  // What keys can't make of a mask is put there as it is.
+  if (box.text() != text || !masked) box.set_text(text);
+  if (masked) masked->place_caret(Len(text));
   return true;
 }
 
@@ -112,10 +118,8 @@ bool turn_to(TabStrip& tabs, int tab) {
 
 bool drag(Control& control, int left) {
   if (!begin(control)) return false;
-  const int way = left - control.left();
   control.mouse_down({});
-  control.set_left(left);
-  control.mouse_move(way);
+  control.mouse_move(left - control.left());
   return true;
 }
 
