@@ -24,8 +24,9 @@ constexpr int kMostFrames = 97 + 2 * (rack::Network::kZones + rack::Network::kTe
 constexpr std::ptrdiff_t kMostStack = 256 * 1024;
 constexpr int kMostReceived = 1024;
 
-// From the end of a file to its next play: a second more than its length, to the nearest second.
-constexpr milliseconds kBetweenPlays{3000};
+// From the end of a file to its next play, or to the word of the watch: the play takes a second more than its
+// length, to the nearest second; two seconds behind its end it is missed, and the watch has its two ticks.
+constexpr milliseconds kBetweenPlays{1500 + 2000 + 2 * kTick.count()};
 constexpr std::string_view kEventPast = "Недельный таймер: событие";
 constexpr int kEveryDay = 127;
 constexpr std::string_view kMute = "Сообщение не звучит";
