@@ -21,6 +21,10 @@ std::size_t card_of(int zone) {
   return zone <= 64 ? 0 : 1;
 }
 
+bool lacks_algorithm(const AlgorithmState& algorithms, int zone) {
+  return zone <= kAlgorithmZones && algorithms.AlgZoneTable[zone][1].empty();
+}
+
 }  // namespace
 
 void Rules::process_started(Console& console) {
@@ -84,7 +88,10 @@ void Rules::contact_set(int zone, bool closed) {
   }
   closed_.insert(zone);
   // In one tick the lower zone of a bank comes first.
-  for (auto& [number, contact] : waited_for_) contact.certain = false;
+  for (auto& [number, contact] : waited_for_) {
+    contact.certain = false;
+    contact.without_algorithm += console_ && lacks_algorithm(console_->model().algorithms, zone);
+  }
   if (console_) expect_alert(zone, *console_);
 }
 
@@ -113,9 +120,8 @@ void Rules::expect_alert(int zone, Console& console) {
   for (int k = 1; k <= kZones; ++k)
     if (const auto mark = Mid(zones, k, 1); mark == kZoneIn || mark == kAlarmMark) contact.zones.push_back(k);
   if (contact.zones.empty()) return;
-  contact.without_algorithm = static_cast<int>(std::ranges::count_if(closed_, [&](int other) {
-    return other <= kAlgorithmZones && model.algorithms.AlgZoneTable[other][1].empty();
-  }));
+  contact.without_algorithm = static_cast<int>(
+      std::ranges::count_if(closed_, [&](int other) { return lacks_algorithm(model.algorithms, other); }));
   // While another alert runs the watch keeps to that one.
   const AlertState& alert = model.alert;
   const int bank = (zone - 1) / 32 + 1;
