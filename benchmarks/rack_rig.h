@@ -1,5 +1,5 @@
-// A console on a virtual machine, and behind its line the virtual rack on the same clock. The handlers that
-// wait inside are served too: whenever time may pass no further, the bytes are carried.
+// A console on a virtual machine, and behind its line the virtual rack on the same clock. Whenever time
+// may pass no further, the bytes are carried.
 #pragma once
 
 #include "rack/rack.h"
@@ -28,7 +28,7 @@ struct RackRig : AlertRig {
     write("F_ustT1.dat", 256, labels);
   }
 
-  // Lets time pass; longer, when a scan begun in it is not over.
+  // Lets time pass.
   void run(std::chrono::milliseconds duration) {
     for (const Instant until = machine.now() + duration; machine.now() < until;) {
       carry();
@@ -36,10 +36,11 @@ struct RackRig : AlertRig {
     }
     carry();
   }
-  // Seconds that it takes.
-  double duration_of(auto&& deed) {
+  // A pass of the scan; the seconds that it takes.
+  double scan() {
     const Instant began = machine.now();
-    deed();
+    console->form1().CmdSkan.click();
+    while (console->model().supervision.ScanRunning) machine.loop().pump();
     return std::chrono::duration<double>(machine.now() - began).count();
   }
 

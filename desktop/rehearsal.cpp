@@ -67,11 +67,11 @@ class Rehearsal {
     constexpr int kControlTab = 5;
     Form1& form = desktop_.console().form1();
     desktop_.screen().act([&form] { user::turn_to(form.SSTab1, kControlTab); });
-    // The pass is one long event: what is to be seen in it comes by a timer of the toolkit's.
-    QTimer::singleShot(milliseconds(2500), &box_watch_, [this] { save(main_window(), "scan.png"); });
     desktop_.screen().act([&form] { user::click(form.CmdArm); });
-    pass(milliseconds(100));
-    pass(milliseconds(500));  // behind the pass, which is an event in the first
+    pass(milliseconds(2500));
+    save(main_window(), "scan.png");
+    while (desktop_.console().model().supervision.ScanRunning) desktop_.pump();
+    pass(milliseconds(500));
     save(main_window(), "scanned.png");
     for (const auto& row : form.List5.rows()) frames_.push_back("          the report of the scan: " + row);
     desktop_.screen().act([&form] { user::turn_to(form.SSTab1, 0); });

@@ -32,6 +32,7 @@ void scan(const std::filesystem::path& folder, bool silent) {
   measured.pass(milliseconds(1500));
   const auto start = MeasureClock::now();
   measured.form().CmdSkan.click();
+  while (measured.desktop().console().model().supervision.ScanRunning) measured.desktop().pump();
   const double seconds = ms_since(start) / 1000, limit = kTerminals * 2 * kFrame;
   std::printf("scan of %d terminals: %d rows in %.2f s", kTerminals, measured.form().MSF2.row_count(),
               seconds);
