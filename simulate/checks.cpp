@@ -258,16 +258,19 @@ void Rules::check_loaded(Console& console) const {
 }
 
 void Rules::check_disk(bool torn_end) {
+  // They may have grown larger than what is read whole.
+  const auto read_journal = [this](std::string_view path, std::string& bytes) {
+    std::ifstream file(machine_.files().locate(path), std::ios::binary);
+    bytes.assign(std::istreambuf_iterator<char>(file), {});
+    return file.is_open();
+  };
   std::string bytes;
   for (const auto& [path, wanted] : saved_)
     if (machine_.files().read(path, bytes) != kNoError || bytes != wanted)
       throw Broken(path + " does not hold what was saved");
   for (auto& [path, wanted] : written_) {
     counts.journal_bytes += static_cast<long>(wanted.size());
-    // It may have grown larger than what is read whole.
-    std::ifstream file(machine_.files().locate(path), std::ios::binary);
-    const bool read = file.is_open();
-    bytes.assign(std::istreambuf_iterator<char>(file), {});
+    const bool read = read_journal(path, bytes);
     // A process that is killed in the midst of a line leaves a piece of it.
     if (!read || !(torn_end ? bytes.starts_with(wanted) : bytes == wanted))
       throw Broken(path + " does not hold the lines that were journalled");
@@ -275,6 +278,12 @@ void Rules::check_disk(bool torn_end) {
   }
   // Those of earlier days are not written to again.
   std::erase_if(written_, [&](const auto& each) { return each.first != journal_; });
+  // It may have been the first line of another day.
+  const std::string folder = journal_.substr(0, journal_.rfind('\\'));
+  if (!torn_end || journal_.empty()) return;
+  for (const auto& name : machine_.files().files(folder))
+    if (const std::string path = join(folder, "\\", name); read_journal(path, bytes))
+      written_.try_emplace(path, bytes);
 }
 
 }  // namespace evac::simulate
