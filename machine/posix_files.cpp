@@ -97,6 +97,14 @@ FileError make_folders(const fs::path& folder) {
   return ::mkdir(folder.c_str(), kFolderMode) == 0 ? kNoError : error_of(errno);
 }
 
+// Cut behind the last backslash. No name where it may be more than that of a thing in the folder.
+std::pair<std::string_view, std::string_view> folder_and_name(std::string_view path) {
+  const auto cut = path.rfind('\\') + 1;
+  const std::string_view name = path.substr(cut);
+  const bool plain = cut > 0 && !name.starts_with('.') && name.find('/') == std::string_view::npos;
+  return {path.substr(0, cut), plain ? name : std::string_view()};
+}
+
 }  // namespace
 
 FileError PosixFiles::write_all(int fd, std::string_view bytes) const {
@@ -153,13 +161,12 @@ fs::path PosixFiles::locate(std::string_view path) const {
 }
 
 std::optional<std::string> PosixFiles::Spellings::place_of(std::string_view path) {
-  const auto cut = path.rfind('\\') + 1;
-  const std::string_view name = path.substr(cut);
-  if (name.empty() || name.front() == '.' || name.find('/') != std::string_view::npos) return std::nullopt;
+  const auto [of, name] = folder_and_name(path);
+  if (name.empty()) return std::nullopt;
   std::string place;
   {
     const std::lock_guard lock(mutex_);
-    const auto folder = folders_.find(path.substr(0, cut));
+    const auto folder = folders_.find(of);
     if (folder == folders_.end()) return std::nullopt;
     place = folder->second;
   }
@@ -170,10 +177,10 @@ std::optional<std::string> PosixFiles::Spellings::place_of(std::string_view path
 }
 
 void PosixFiles::Spellings::remember(std::string_view path, const fs::path& place) {
-  const auto cut = path.rfind('\\') + 1;
-  if (cut == 0 || cut == path.size()) return;
+  const auto [of, name] = folder_and_name(path);
+  if (name.empty()) return;
   const std::lock_guard lock(mutex_);
-  folders_[std::string(path.substr(0, cut))] = place.parent_path().string();
+  folders_[std::string(of)] = place.parent_path().string();
 }
 
 void PosixFiles::Spellings::forget() {

@@ -151,6 +151,8 @@ TEST(PosixFiles, NothingLeadsOutOfADrive) {
     EXPECT_EQ(files.remove(path), kDriveNotReady) << path;
   }
   EXPECT_TRUE(files.files("C:\\..").empty());
+  EXPECT_TRUE(files.is_folder("C:\\."));
+  EXPECT_FALSE(files.is_file("C:\\secret"));
   EXPECT_TRUE(fs::exists(scratch.path / "secret"));
 }
 
