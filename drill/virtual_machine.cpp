@@ -55,6 +55,8 @@ void VirtualMachine::run_for(std::chrono::milliseconds duration) {
     move_to(*due);
   }
   move_to(limit_);
+  while (loop_.run_due()) {
+  }
 }
 
 void VirtualMachine::move_to(Instant time) {
@@ -147,7 +149,8 @@ void VirtualMachine::mount_drive(char letter) {
 
 void VirtualMachine::idle(std::optional<Instant> next_due) {
   if (next_due && *next_due <= limit_) return move_to(*next_due);
-  move_to(limit_);
+  // What rested is made up for before the next command.
+  if (now_ < limit_) return move_to(limit_);
   out_of_time();
 }
 

@@ -105,7 +105,7 @@ TEST_F(Loop, NobodyIsWokenForATimerThatRestsAndItKeepsItsPhase) {
   const auto note = [&](std::string_view what) {
     log += join(what, machine.now().time_since_epoch() / 1ms, " ");
   };
-  counter.tick = [&] { note("c"); };
+  counter.tick = [&] { note(rests ? "r" : "c"); };
   counter.rests = [&] { return rests; };
   look.tick = [&] { note("l"); };
   counter.set_enabled(true);
@@ -120,7 +120,7 @@ TEST_F(Loop, NobodyIsWokenForATimerThatRestsAndItKeepsItsPhase) {
   machine.run_for(50ms);
   rests = false;  // by a hand, that is no event
   machine.run_for(20ms);
-  EXPECT_EQ(log, "l100 e170 c180 c200 l200 c260 ");
+  EXPECT_EQ(log, "r100 l100 r170 e170 c180 c200 l200 r250 c260 ");
 }
 
 TEST_F(Loop, EventsRunInTheOrderOfTheirMoments) {

@@ -330,8 +330,8 @@ class Timer : public Control {
   void set_enabled(bool on) override;
 
   Event<> tick;
-  // Whether a tick would change nothing as things stand. The loop is not woken for such a tick, and the timer
-  // keeps its phase.
+  // Whether a tick would change nothing as things stand. The loop is not woken for such a tick: it makes up
+  // for it, in its phase, before the next event.
   std::function<bool()> rests = [] { return false; };
 
  private:

@@ -1,7 +1,6 @@
 #include "platform/event_loop.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/controls.h"
 
@@ -48,15 +47,10 @@ bool EventLoop::run_due() {
   between_events();
   host_.look_at_clock();
   const Instant now = host_.now();
-  if (std::exchange(waited_, false)) pass_over_resting(now);
   const std::size_t at = oldest_timer();
   const bool timer_due = at < timers_.size() && timers_[at].due <= now;
   const bool posted_due = !posted_.empty() && posted_.front().due <= now;
-  if (!timer_due && !posted_due) {
-    for (Armed& armed : timers_) armed.rested = armed.timer->rests();
-    waited_ = true;
-    return false;
-  }
+  if (!timer_due && !posted_due) return false;
   const bool timer_first =
       timer_due && (!posted_due || timers_[at].due < posted_.front().due ||
                     (timers_[at].due == posted_.front().due && timers_[at].order < posted_.front().order));
@@ -73,11 +67,6 @@ bool EventLoop::run_due() {
     run();
   }
   return true;
-}
-
-void EventLoop::pass_over_resting(Instant now) {
-  for (Armed& armed : timers_)
-    if (armed.rested && armed.due <= now) set_next_tick(armed);
 }
 
 std::optional<Instant> EventLoop::next_due() const {

@@ -75,13 +75,10 @@ class EventLoop {
     Timer* timer;
     Instant due;
     std::uint64_t order;
-    WallTime second{};    // the wall clock at `due`, for timers in phase with it
-    bool rested = false;  // when the loop began to wait
+    WallTime second{};  // the wall clock at `due`, for timers in phase with it
   };
   std::size_t oldest_timer() const;
   void set_next_tick(Armed& armed) const;
-  // What a user's hand has begun while the loop waited counts no tick that was due before.
-  void pass_over_resting(Instant now);
   WallTime next_full_second() const;
 
   LoopHost& host_;
@@ -89,7 +86,6 @@ class EventLoop {
   std::vector<Armed> timers_;  // in the order in which they were switched on
   std::uint64_t order_ = 0;
   std::uint64_t running_ = 0, begun_ = 0;
-  bool waited_ = false;  // since the last event
 };
 
 }  // namespace evac

@@ -81,7 +81,7 @@ bool set_text(TextBox& box, std::string_view text) {
     for (const char key : text) masked->press_key({key});
   }
   // What keys can't make of a mask is put there as it is.
-  if (box.text() != text || !masked) box.set_text(text);
+  box.set_text(text);
   if (masked) masked->place_caret(Len(text));
   return true;
 }
