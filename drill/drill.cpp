@@ -1,5 +1,7 @@
 #include "drill/drill.h"
 
+#include <tuple>
+
 #include "drill/target.h"
 #include "model/text.h"
 
@@ -104,7 +106,7 @@ void Drill::next_command() {
     result_ = join("error: ", error.what());
     if (number_lines_) result_ += join(" (line ", command_line_, ")");
     waiting_.clear();
-    if (seen_before_) machine_.seen() = *seen_before_;
+    if (before_) std::tie(machine_.seen(), faults_) = *before_;
   }
 }
 
@@ -112,9 +114,9 @@ void Drill::begin_line() {
   const std::string line = next_line();
   result_ = "ok";
   reported_ = false;
-  seen_before_.reset();
+  before_.reset();
   waiting_ = commands_of(split_words(line));
-  if (waiting_.size() > 1 && waiting_.front()[0].text == "expect") seen_before_ = machine_.seen();
+  if (waiting_.size() > 1 && waiting_.front()[0].text == "expect") before_.emplace(machine_.seen(), faults_);
 }
 
 std::string Drill::next_line() {

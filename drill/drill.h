@@ -7,7 +7,9 @@
 #include <istream>
 #include <map>
 #include <memory>
+#include <optional>
 #include <ostream>
+#include <utility>
 
 #include "app/console.h"
 #include "drill/virtual_machine.h"
@@ -21,7 +23,7 @@ class Drill {
   Drill(std::filesystem::path root, std::istream& in, std::ostream& out, bool number_lines);
   // The next line of commands, asked for when all before it is done and no time is left; false: no more.
   using Source = std::function<bool(std::string& line)>;
-  // Takes what is printed, a line each; the last one of a command is its result.
+  // Takes what is printed, a line each; the last one of a line of commands is its result.
   using Sink = std::function<void(const std::string& line, bool result)>;
   Drill(std::filesystem::path root, Source source, Sink sink, bool number_lines);
   ~Drill();
@@ -46,11 +48,11 @@ class Drill {
 
   static const std::map<std::string_view, Command>& commands();
 
-  // Prints the result of the command before, then obeys the next one; what it sets off runs on top of what
-  // waits.
+  // Obeys the next command of the line, or prints the line's result and begins the next one; what it sets off
+  // runs on top of what waits.
   void next_command();
-  // The next line that holds commands.
   void begin_line();
+  // The next line that holds commands.
   std::string next_line();
   void print_result();
   void obey(const Words& words);
@@ -120,13 +122,14 @@ class Drill {
   VirtualMachine machine_;
   std::unique_ptr<Console> console_;
   std::string last_entry_;  // the journal's last line behind its time
-  std::string result_;      // of the command before; empty when it is printed
+  std::string result_;      // of the line
   bool reported_ = true;
   int line_ = 0, command_line_ = 0;
-  std::deque<Words> waiting_;                        // the other commands of that line
-  std::optional<VirtualMachine::Seen> seen_before_;  // where the line is of several expectations
+  std::deque<Words> waiting_;  // the other commands of that line
   int failures_ = 0;
   std::vector<int> faults_;
+  // As they were before a line of several expectations.
+  std::optional<std::pair<VirtualMachine::Seen, std::vector<int>>> before_;
 };
 
 }  // namespace evac::drill

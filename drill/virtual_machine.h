@@ -96,7 +96,7 @@ class VirtualMachine : public LoopHost,
   void queue_answer(Answer answer) { answers_.push_back(std::move(answer)); }
   // Texts of message boxes raised and not yet taken away.
   std::deque<std::string>& raised() { return seen_.raised; }
-  // All that can be expected and is then taken away.
+  // All of it that can be expected and is then taken away.
   struct Seen {
     std::deque<Frame9> sent, heard;
     std::deque<std::string> raised;

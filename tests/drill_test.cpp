@@ -114,9 +114,12 @@ TEST_F(Drills, AnExpectThatFailsUsesNothingUp) {
       run("start\nexpect tx 05 EE 01 00 00 00 05 EE FF 00 00 00\nexpect tx 05 EE 01 00 00 00\nexpect no "
           "tx\nforget\n"
           "expect no tx\nexpect SSTab1.value 1\nset SSTab1 6\nexpect SSTab1.value 6\nexpect LblT.caption x\n"
-          "get Opt1(64).value\nget Timer13.interval\n"),
+          "get Opt1(64).value\nget Timer13.interval\nclick Form1.M_ex\nport COM1 bad\nstart\n"
+          "expect fault 8002 fault 6\nexpect fault 8002\n"),
       "error: the frame is 05 EE 11 00 00 00\nok\nerror: a frame was sent: 05 EE 11 00 00 00\nok\nok\n"
-      "error: it is \"0\"\nok\nok\nerror: it is \"\"\nerror: no control Opt1(64)\n= 500\nok\n");
+      "error: it is \"0\"\nok\nok\nerror: it is \"\"\nerror: no control Opt1(64)\n= 500\nok\n"
+      "end\nok\nok\nfault 8002 \"Invalid port number: COM1: the port does not answer\"\nok\n"
+      "error: no fault came\nok\n");
 }
 
 }  // namespace
