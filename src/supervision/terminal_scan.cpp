@@ -28,42 +28,41 @@ void TerminalScan::toggle() {
     show_over();
     return;
   }
+  go_on();
   doors_.supervision.ScanRunning = true;
   show_switch(doors_.panel.CmdSkan, true);
-  Pass pass{.last = doors_.terminals.term_count};
-  if (ask_next(pass))
-    passes_.push_back(std::move(pass));
-  else
-    show_over();
+  pass_ = {.last = doors_.terminals.term_count};
+  if (ask_next()) return;
+  pass_.reset();
+  show_over();
 }
 
 void TerminalScan::when_over(std::function<void()> then) {
   if (doors_.supervision.ScanRunning)
-    passes_.back().then = std::move(then);
+    pass_->then = std::move(then);
   else
     then();
 }
 
 void TerminalScan::go_on() {
-  while (!passes_.empty()) {
+  while (pass_) {
     const ReplyWait::Scan wait = doors_.wait.scan();
     if (doors_.supervision.ScanRunning && wait == ReplyWait::Scan::kWaiting) return;
-    Pass& pass = passes_.back();
     doors_.wait.stop();
-    if (wait == ReplyWait::Scan::kData) take_answer(pass.terminal);
-    if (ask_next(pass)) continue;
-    const auto then = std::move(pass.then);
-    passes_.pop_back();
+    if (wait == ReplyWait::Scan::kData) take_answer(pass_->terminal);
+    if (ask_next()) continue;
+    const auto then = std::move(pass_->then);
+    pass_.reset();
     show_over();
     then();
   }
 }
 
-bool TerminalScan::ask_next(Pass& pass) {
-  if (pass.terminal >= pass.last) return false;
-  const int terminal = ++pass.terminal;
-  pass.step = pass.step % kBarSteps + 1;
-  show_progress(join("Идет сканирование... ", terminal, " из ", doors_.terminals.term_count), pass.step);
+bool TerminalScan::ask_next() {
+  if (pass_->terminal >= pass_->last) return false;
+  const int terminal = ++pass_->terminal;
+  pass_->step = pass_->step % kBarSteps + 1;
+  show_progress(join("Идет сканирование... ", terminal, " из ", doors_.terminals.term_count), pass_->step);
   doors_.supervision.TermAddrOk[terminal] = doors_.supervision.TermZoneOk[terminal] = false;
   doors_.panel.Lbl_A[kAsked].set_caption(std::to_string(terminal));
   doors_.link.SendScanQuery(terminal);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <functional>
-#include <vector>
+#include <optional>
 
 #include "link/link.h"
 #include "link/reply_wait.h"
@@ -45,15 +45,14 @@ class TerminalScan {
     std::function<void()> then = [] {};
   };
   // False behind the last terminal.
-  bool ask_next(Pass& pass);
+  bool ask_next();
   void take_answer(int terminal);
   void mark_head(int i);
   void show_progress(std::string_view text, int step);
   void show_over();
 
   const Doors doors_;
-  // One that was stopped goes on behind one that has begun in the same event.
-  std::vector<Pass> passes_;
+  std::optional<Pass> pass_;  // one that was stopped too, until its queries are sent
 };
 
 }  // namespace evac
