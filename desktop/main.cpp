@@ -156,7 +156,7 @@ int run(const Options& options) {
 int main(int argc, char** argv) {
   ::umask(S_IRWXG | S_IRWXO);  // what it writes is for its own user alone
   EndSignals::hold_back();
-  // What the toolkit has to say, such as a lost display, by which it ends the program.
+  // What the toolkit has to say, such as a display that is lost under a box, by which it ends the program.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { host_log(text); });
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("evac-console"));

@@ -269,7 +269,6 @@ void Rules::check_disk(bool torn_end) {
     if (machine_.files().read(path, bytes) != kNoError || bytes != wanted)
       throw Broken(path + " does not hold what was saved");
   for (auto& [path, wanted] : written_) {
-    counts.journal_bytes += static_cast<long>(wanted.size());
     const bool read = read_journal(path, bytes);
     // A process that is killed in the midst of a line leaves a piece of it.
     if (!read || !(torn_end ? bytes.starts_with(wanted) : bytes == wanted))

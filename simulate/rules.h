@@ -68,7 +68,7 @@ class Rules {
 
   struct {
     long contacts = 0, certain = 0, answered = 0, opened_early = 0, polls = 0, zones = 0, saves = 0,
-         seconds = 0, journal_bytes = 0, silences = 0;
+         seconds = 0;
     std::map<std::string, long> excused;
     int most_frames = 0;
     std::ptrdiff_t deepest = 0;

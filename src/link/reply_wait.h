@@ -23,8 +23,7 @@ class ReplyWait {
   // Nobody waits, so that a tick counts nothing.
   bool rests() const;
 
-  // The scan's wait, of 31 ticks: begin, then let the others in for as long as the scan is kWaiting. Answers
-  // that are due go out at their own time.
+  // The scan's wait, of 31 ticks. Answers that are due go out at their own time.
   enum class Scan { kWaiting, kData, kTimedOut, kStopped };
   void begin_scan();
   // A poll in the wait ends it as a time-out, but only when the answer has left.
