@@ -277,7 +277,7 @@ void Rules::check_disk(bool torn_end) {
   }
   // Those of earlier days are not written to again.
   std::erase_if(written_, [&](const auto& each) { return each.first != journal_; });
-  // It may have been the first line of another day.
+  // The piece may be of the first line of another day, in a file that is not known yet.
   const std::string folder = journal_.substr(0, journal_.rfind('\\'));
   if (!torn_end || journal_.empty()) return;
   for (const auto& name : machine_.files().files(folder))

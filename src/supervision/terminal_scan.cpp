@@ -28,6 +28,7 @@ void TerminalScan::toggle() {
     show_over();
     return;
   }
+  // One that was stopped in this very event sends the rest of its queries first.
   go_on();
   doors_.supervision.ScanRunning = true;
   show_switch(doors_.panel.CmdSkan, true);
